@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Sets up, builds and runs Nubo, or builds it under the sanitizers and runs its tests.
+#   ./nubo.sh run    install what is missing, build a release, start the program
+#   ./nubo.sh test   install what is missing, build with ASan/UBSan, check format, run ctest
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")"
+
+BUILD_PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev
+    libgl-dev libfreexl-dev mdbtools-dev libgsf-1-dev libglib2.0-dev)
+TEST_PACKAGES=(clang-format mdbtools python3-xlrd xvfb xauth id3v2 clang libclang-rt-14-dev)
+
+install_missing() {
+    local missing=()
+    for pkg in "$@"; do
+        dpkg-query -W -f='${Status}' "$pkg" 2>/dev/null | grep -q "install ok installed" ||
+            missing+=("$pkg")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "nubo.sh: instalando ${missing[*]}"
+    local sudo=()
+    [ "$(id -u)" -ne 0 ] && sudo=(sudo)
+    "${sudo[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -qq "${missing[@]}"
+}
+
+check_format() {
+    local files
+    files=$(git ls-files -- '*.cpp' '*.h' 2>/dev/null || find src tests bench tools -name '*.cpp' -o -name '*.h')
+    # shellcheck disable=SC2086
+    clang-format --dry-run --Werror $files
+    echo "nubo.sh: formato correcto"
+}
+
+case "${1:-}" in
+run)
+    shift
+    install_missing "${BUILD_PACKAGES[@]}"
+    cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DNUBO_BUILD_TESTS=OFF -DNUBO_BUILD_BENCH=OFF
+    cmake --build build/release
+    if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
+        echo "nubo.sh: no hay pantalla gráfica (DISPLAY y WAYLAND_DISPLAY están vacías)." >&2
+        echo "nubo.sh: inicie Nubo desde el escritorio, o con: xvfb-run build/release/app/nubo" >&2
+        exit 1
+    fi
+    exec build/release/app/nubo "$@"
+    ;;
+test)
+    install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+    check_format
+    cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DNUBO_SANITIZE=ON -DNUBO_WERROR=ON
+    cmake --build build/asan
+    export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1
+    export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+    ctest --test-dir build/asan --output-on-failure -j2
+    ;;
+*)
+    echo "uso: ./nubo.sh run | ./nubo.sh test" >&2
+    exit 1
+    ;;
+esac

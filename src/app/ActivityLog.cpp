@@ -1,0 +1,64 @@
+#include "app/ActivityLog.h"
+
+#include "app/RawFile.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QLocale>
+
+namespace nubo::app {
+
+ActivityLog::ActivityLog(const platform::AppFolder& app, std::function<bool()> enabled)
+    : m_app(app), m_enabled(std::move(enabled))
+{
+}
+
+QString ActivityLog::path() const
+{
+    return m_app.resolve(QStringLiteral("\\log\\nubo.log"));
+}
+
+QString ActivityLog::formatLine(const QString& texto, const QDateTime& when)
+{
+    const QLocale locale = QLocale::system();
+    // The long time form without a time-zone name: "22:15:03".
+    QString timeFormat = locale.timeFormat(QLocale::LongFormat);
+    timeFormat.remove(QLatin1Char('t'));
+    const QString time = locale.toString(when.time(), timeFormat.trimmed());
+    const QString date = locale.toString(when.date(), QLocale::ShortFormat);
+    return texto + QLatin1Char(' ') + time + QLatin1Char(' ') + date + QStringLiteral("\r\n");
+}
+
+namespace {
+
+QString trimSpaces(const QString& text)
+{
+    qsizetype start = 0, end = text.size();
+    while (start < end && text[start] == QLatin1Char(' '))
+        ++start;
+    while (end > start && text[end - 1] == QLatin1Char(' '))
+        --end;
+    return text.mid(start, end - start);
+}
+
+} // namespace
+
+void ActivityLog::AnotarEnLog(const QString& texto)
+{
+    if (!m_enabled || !m_enabled())
+        return;
+    // The whole file is read and rewritten; only blanks are trimmed, never line ends.
+    const QString ruta = path();
+    const QString previo = LeerArchivo(ruta);
+    const QString nuevo = trimSpaces(previo) + formatLine(texto, QDateTime::currentDateTime());
+    EscribirArchivo(ruta, nuevo, false);
+}
+
+void ActivityLog::VaciarLog()
+{
+    QFile file(path());
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.close();
+}
+
+} // namespace nubo::app

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/AppFolder.h"
+
+#include <QDateTime>
+
+#include <functional>
+
+namespace nubo::app {
+
+// The activity log "\log\nubo.log": one line per recorded error, appended while the
+// log option is on, never failing to its caller.
+class ActivityLog final
+{
+public:
+    ActivityLog(const platform::AppFolder& app, std::function<bool()> enabled);
+
+    QString path() const;
+
+    void AnotarEnLog(const QString& texto);
+    void VaciarLog();
+
+    // "message time date": the message first, then the time, then the date.
+    static QString formatLine(const QString& texto, const QDateTime& when);
+
+private:
+    const platform::AppFolder& m_app;
+    std::function<bool()> m_enabled;
+};
+
+} // namespace nubo::app

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/ActivityLog.h"
+#include "platform/IRegistry.h"
+
+namespace nubo::app {
+
+// Publishes the running instance under the registry key "Software\Nubo15".
+class InstanceRegistration final
+{
+public:
+    InstanceRegistration(platform::IRegistry& registry, ActivityLog& log)
+        : m_registry(registry), m_log(log)
+    {
+    }
+
+    void RegistrarInstancia(quint64 windowHandle, int multipleInstances,
+                            const QString& executablePath);
+
+    static const QString kKey;
+
+    // The first four characters of the handle's decimal text, always four bytes long.
+    static QByteArray handleBytes(quint64 windowHandle);
+
+private:
+    platform::IRegistry& m_registry;
+    ActivityLog& m_log;
+};
+
+} // namespace nubo::app

@@ -1,0 +1,53 @@
+// The composition root: creates the services and windows and connects them.
+#include "app/ActivityLog.h"
+#include "app/Options.h"
+#include "app/OptionsStore.h"
+#include "app/StartupSequence.h"
+#include "frame/ui/Form12.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/ui/QtDialogs.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace {
+
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") ||
+           !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (!hasDisplay()) {
+        std::fputs("nubo: no hay pantalla gráfica (DISPLAY y WAYLAND_DISPLAY están vacías).\n"
+                   "Inicie Nubo desde el escritorio, o bajo Xvfb con xvfb-run.\n",
+                   stderr);
+        return 1;
+    }
+    QApplication application(argc, argv);
+    using namespace nubo;
+
+    const platform::AppFolder appFolder(QCoreApplication::applicationDirPath());
+    platform::PlatformServices services = platform::createLinuxPlatform();
+    platform::QtDialogs dialogs;
+    app::Options options;
+    app::ActivityLog log(appFolder, [&options] { return options.isOn(app::Option::EscribirLog); });
+    app::OptionsStore store(appFolder, options, log);
+
+    frame::Form12 mainWindow(appFolder);
+    dialogs.setParentWindow(&mainWindow);
+    app::StartupSequence startup({appFolder, options, store, log, services, dialogs,
+                                  QFileInfo(QCoreApplication::applicationFilePath())
+                                      .canonicalFilePath()});
+    if (startup.run(mainWindow) == app::StartupSequence::Outcome::EndProgram)
+        return 0;
+    mainWindow.show();
+    return application.exec();
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace nubo::platform {
+
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
+enum class MessageIcon { None, Question, Exclamation, Information, Critical };
+enum class MessageAnswer { Ok, Cancel, Yes, No, Retry };
+
+// Every modal question the program asks goes through here, so tests can answer them.
+class IDialogs
+{
+public:
+    virtual ~IDialogs() = default;
+
+    virtual MessageAnswer messageBox(const QString& text, const QString& title,
+                                     MessageButtons buttons = MessageButtons::Ok,
+                                     MessageIcon icon = MessageIcon::None) = 0;
+    // The typed text, or nothing when the user cancels.
+    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                            const QString& defaultText) = 0;
+    // A chosen file name, or an empty text when the user cancels.
+    virtual QString saveFileName(const QString& title, const QString& filter,
+                                 const QString& startPath) = 0;
+    virtual QString openFileName(const QString& title, const QString& filter,
+                                 const QString& startPath) = 0;
+};
+
+} // namespace nubo::platform

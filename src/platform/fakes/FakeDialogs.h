@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/IDialogs.h"
+
+#include <QList>
+#include <QQueue>
+#include <QStringList>
+
+namespace nubo::platform {
+
+// Answers modal questions from queues a test fills, and records every question asked.
+class FakeDialogs final : public IDialogs
+{
+public:
+    struct Asked
+    {
+        QString kind; // "message", "input", "save", "open"
+        QString text;
+        QString title;
+        MessageButtons buttons = MessageButtons::Ok;
+        MessageIcon icon = MessageIcon::None;
+    };
+
+    QList<Asked> asked;
+    QQueue<MessageAnswer> messageAnswers; // empty: the first button (Ok or Yes)
+    QQueue<std::optional<QString>> inputAnswers; // empty: the default text
+    QQueue<QString> fileAnswers;                // empty: cancelled
+
+    MessageAnswer messageBox(const QString& text, const QString& title, MessageButtons buttons,
+                             MessageIcon icon) override
+    {
+        asked.append({QStringLiteral("message"), text, title, buttons, icon});
+        if (!messageAnswers.isEmpty())
+            return messageAnswers.dequeue();
+        const bool yesFirst =
+            buttons == MessageButtons::YesNo || buttons == MessageButtons::YesNoCancel;
+        return yesFirst ? MessageAnswer::Yes : MessageAnswer::Ok;
+    }
+    std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                    const QString& defaultText) override
+    {
+        asked.append({QStringLiteral("input"), prompt, title});
+        return inputAnswers.isEmpty() ? std::optional<QString>(defaultText)
+                                      : inputAnswers.dequeue();
+    }
+    QString saveFileName(const QString& title, const QString& filter, const QString&) override
+    {
+        asked.append({QStringLiteral("save"), filter, title});
+        return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
+    }
+    QString openFileName(const QString& title, const QString& filter, const QString&) override
+    {
+        asked.append({QStringLiteral("open"), filter, title});
+        return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
+    }
+};
+
+} // namespace nubo::platform

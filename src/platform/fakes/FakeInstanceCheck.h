@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/IInstanceCheck.h"
+
+namespace nubo::platform {
+
+class FakeInstanceCheck final : public IInstanceCheck
+{
+public:
+    bool running = false;
+    bool anotherInstanceRunning() const override { return running; }
+};
+
+} // namespace nubo::platform

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/IDrives.h"
+#include "platform/MountTable.h"
+
+#include <QElapsedTimer>
+
+namespace nubo::platform {
+
+// Drives from /proc/self/mountinfo, /dev/disk/by-label and /sys/block.
+class LinuxDrives final : public IDrives
+{
+public:
+    QList<DriveInfo> drives() const override;
+    QString drivePrefixOf(const QString& absolutePath) const override;
+    DriveType driveType(const QString& drive) const override;
+    FloppyPresence floppyPresence() const override { return {}; }
+
+private:
+    // The mount table, re-read at most every two seconds: prefixes are asked once per file.
+    const MountTable& table() const;
+    DriveInfo describe(const MountEntry& entry) const;
+    static bool isRemovable(const QString& device);
+    static QString labelOf(const QString& device);
+
+    mutable MountTable m_table;
+    mutable QElapsedTimer m_age;
+};
+
+} // namespace nubo::platform
