@@ -6,7 +6,14 @@
 
 namespace nubo::app {
 
-enum class Option { DblClkExecute, PermitirAnims, EscribirLog, ConfigExcel, MostrarPro, MInstances };
+enum class Option {
+    DblClkExecute,
+    PermitirAnims,
+    EscribirLog,
+    ConfigExcel,
+    MostrarPro,
+    MInstances
+};
 
 // The options record: six flags, each 0 or 1, shared by every window. It starts with every
 // field 0, as the options window's unticked boxes do, until the options file is first read.

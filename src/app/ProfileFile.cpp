@@ -1,8 +1,8 @@
 #include "app/ProfileFile.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QList>
+#include <QSaveFile>
 
 namespace nubo::app {
 

@@ -87,11 +87,10 @@ void StartupSequence::reportError(const RuntimeError& error)
             QStringLiteral("El Archivo .exe ha sido movido del lugar inicial de instalacion."));
         return;
     }
-    const QString text = QStringLiteral("Ha ocurrido el Error : ") +
-                         QString::number(error.number) + QStringLiteral(": ") +
-                         error.description;
-    m_deps.dialogs.messageBox(text,
-                              QStringLiteral("ERROR! El programa puede no funcionar correctamente!"));
+    const QString text = QStringLiteral("Ha ocurrido el Error : ") + QString::number(error.number) +
+                         QStringLiteral(": ") + error.description;
+    m_deps.dialogs.messageBox(
+        text, QStringLiteral("ERROR! El programa puede no funcionar correctamente!"));
     m_deps.log.AnotarEnLog(text);
 }
 

@@ -43,9 +43,9 @@ int main(int argc, char** argv)
 
     frame::Form12 mainWindow(appFolder);
     dialogs.setParentWindow(&mainWindow);
-    app::StartupSequence startup({appFolder, options, store, log, services, dialogs,
-                                  QFileInfo(QCoreApplication::applicationFilePath())
-                                      .canonicalFilePath()});
+    app::StartupSequence startup(
+        {appFolder, options, store, log, services, dialogs,
+         QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()});
     if (startup.run(mainWindow) == app::StartupSequence::Outcome::EndProgram)
         return 0;
     mainWindow.show();

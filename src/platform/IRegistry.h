@@ -17,8 +17,7 @@ public:
     // Values can be set only in an existing key.
     virtual bool setBinaryValue(const QString& key, const QString& name,
                                 const QByteArray& data) = 0;
-    virtual bool setStringValue(const QString& key, const QString& name,
-                                const QString& text) = 0;
+    virtual bool setStringValue(const QString& key, const QString& name, const QString& text) = 0;
 };
 
 } // namespace nubo::platform

@@ -31,9 +31,9 @@ QString unescape(const QByteArray& field)
 bool MountTable::isPseudo(const QString& fsType)
 {
     static const QSet<QString> pseudo = {
-        "proc",    "sysfs",  "cgroup",     "cgroup2", "devpts",   "devtmpfs",    "mqueue",
-        "debugfs", "tracefs", "securityfs", "pstore",  "bpf",      "configfs",    "fusectl",
-        "binfmt_misc", "hugetlbfs", "autofs", "nsfs"};
+        "proc",     "sysfs",   "cgroup",      "cgroup2",    "devpts", "devtmpfs",
+        "mqueue",   "debugfs", "tracefs",     "securityfs", "pstore", "bpf",
+        "configfs", "fusectl", "binfmt_misc", "hugetlbfs",  "autofs", "nsfs"};
     return pseudo.contains(fsType);
 }
 
@@ -62,8 +62,8 @@ const MountEntry* MountTable::volumeOf(const QString& absolutePath) const
     const MountEntry* best = nullptr;
     for (const MountEntry& e : m_entries) {
         const QString prefix = prefixOf(e.mountPoint);
-        const bool holds = absolutePath == e.mountPoint ||
-                           absolutePath.startsWith(prefix + QLatin1Char('/'));
+        const bool holds =
+            absolutePath == e.mountPoint || absolutePath.startsWith(prefix + QLatin1Char('/'));
         if (holds && (!best || e.mountPoint.size() > best->mountPoint.size()))
             best = &e;
     }

@@ -74,12 +74,13 @@ quint64 Form12::nativeHandle()
 
 void Form12::loadButtonFaces()
 {
-    const QPixmap minimize = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
+    const QPixmap minimize =
+        platform::loadPicture(m_app, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
     if (!minimize.isNull())
         PicMinimize->setPixmap(minimize);
     for (std::size_t i = 0; i < Picture.size(); ++i) {
-        const QPixmap face = platform::loadPicture(
-            m_app, QStringLiteral("\\bitmap\\scene0boton%1.jpg").arg(i + 1));
+        const QPixmap face =
+            platform::loadPicture(m_app, QStringLiteral("\\bitmap\\scene0boton%1.jpg").arg(i + 1));
         if (!face.isNull())
             Picture[i]->setPixmap(face);
     }

@@ -22,9 +22,9 @@ public:
     };
 
     QList<Asked> asked;
-    QQueue<MessageAnswer> messageAnswers; // empty: the first button (Ok or Yes)
+    QQueue<MessageAnswer> messageAnswers;        // empty: the first button (Ok or Yes)
     QQueue<std::optional<QString>> inputAnswers; // empty: the default text
-    QQueue<QString> fileAnswers;                // empty: cancelled
+    QQueue<QString> fileAnswers;                 // empty: cancelled
 
     MessageAnswer messageBox(const QString& text, const QString& title, MessageButtons buttons,
                              MessageIcon icon) override

@@ -10,7 +10,9 @@ namespace nubo::platform {
 
 bool LinuxInstanceCheck::anotherInstanceRunning() const
 {
-    struct stat self{};
+    struct stat self
+    {
+    };
     if (::stat("/proc/self/exe", &self) != 0)
         return false;
     const uid_t uid = ::getuid();
@@ -22,10 +24,14 @@ bool LinuxInstanceCheck::anotherInstanceRunning() const
         if (!numeric || pid == ownPid)
             continue;
         const QByteArray procDir = QByteArray("/proc/") + pid.toLatin1();
-        struct stat owner{};
+        struct stat owner
+        {
+        };
         if (::stat(procDir.constData(), &owner) != 0 || owner.st_uid != uid)
             continue;
-        struct stat exe{};
+        struct stat exe
+        {
+        };
         if (::stat((procDir + "/exe").constData(), &exe) != 0)
             continue;
         if (exe.st_dev == self.st_dev && exe.st_ino == self.st_ino)

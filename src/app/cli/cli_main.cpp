@@ -1,0 +1,22 @@
+// nubo-cli: the command-line front end, linked with core libraries only.
+#include "app/cli/Cli.h"
+#include "platform/linux/Terminal.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    out.setEncoding(QStringConverter::Utf8);
+    err.setEncoding(QStringConverter::Utf8);
+    nubo::cli::CliIo io{out, err, nubo::platform::stderrIsTerminal()};
+
+    // Each subsystem adds its commands here.
+    const nubo::cli::Cli cli({});
+    const int status = cli.run(application.arguments().mid(1), io);
+    out.flush();
+    err.flush();
+    return status;
+}

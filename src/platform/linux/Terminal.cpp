@@ -1,0 +1,12 @@
+#include "platform/linux/Terminal.h"
+
+#include <unistd.h>
+
+namespace nubo::platform {
+
+bool stderrIsTerminal()
+{
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
+} // namespace nubo::platform
