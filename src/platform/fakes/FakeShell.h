@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/IShell.h"
+
+#include <QList>
+#include <QPair>
+
+namespace nubo::platform {
+
+// Records every shell call; answers with the result a test sets.
+class FakeShell final : public IShell
+{
+public:
+    QList<QPair<QString, QString>> calls; // verb ("open", "enqueue", "openWith"), path
+    Result openResult = Result::Ok;
+    Result enqueueResult = Result::Ok;
+    bool openWithResult = true;
+
+    Result open(const QString& path) override
+    {
+        calls.append({QStringLiteral("open"), path});
+        return openResult;
+    }
+    Result enqueue(const QString& path) override
+    {
+        calls.append({QStringLiteral("enqueue"), path});
+        return enqueueResult;
+    }
+    bool openWith(const QString& path) override
+    {
+        calls.append({QStringLiteral("openWith"), path});
+        return openWithResult;
+    }
+};
+
+} // namespace nubo::platform
