@@ -24,7 +24,7 @@ public:
     static QString formatLine(const QString& texto, const QDateTime& when);
 
 private:
-    const platform::AppFolder& m_app;
+    platform::AppFolder m_app;
     std::function<bool()> m_enabled;
 };
 

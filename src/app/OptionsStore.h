@@ -25,7 +25,7 @@ public:
     static constexpr const char* kSection = "OPCIONES";
 
 private:
-    const platform::AppFolder& m_app;
+    platform::AppFolder m_app;
     Options& m_options;
     ActivityLog& m_log;
 };

@@ -19,7 +19,7 @@ public:
     int moveMatching(const QString& pattern, const QString& folder);
 
 private:
-    const platform::AppFolder& m_app;
+    platform::AppFolder m_app;
 };
 
 } // namespace nubo::app

@@ -1,0 +1,119 @@
+#include "app/ActivityLog.h"
+#include "app/RawFile.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo::app;
+using nubo::platform::AppFolder;
+
+namespace {
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void put(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+} // namespace
+
+class TestActivityLog final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void lineIsMessageTimeDate()
+    {
+        const QDateTime when(QDate(2026, 11, 16), QTime(22, 15, 3));
+        const QString line = ActivityLog::formatLine(QStringLiteral("Hola"), when);
+        QVERIFY(line.startsWith(QStringLiteral("Hola ")));
+        QVERIFY(line.endsWith(QStringLiteral("\r\n")));
+        const int timeAt = line.indexOf(QStringLiteral("15"));
+        const int dateAt = line.indexOf(QStringLiteral("16"));
+        QVERIFY(timeAt > 0 && dateAt > timeAt); // the time stands before the date
+    }
+
+    void appendsAndEmpties()
+    {
+        QTemporaryDir dir;
+        QDir(dir.path()).mkpath(QStringLiteral("Log"));
+        const AppFolder app(dir.path());
+        bool enabled = false;
+        ActivityLog log(app, [&] { return enabled; });
+        const QString path = dir.filePath(QStringLiteral("Log/nubo.log"));
+        put(path, "antes");
+        log.AnotarEnLog(QStringLiteral("ignorada"));
+        QCOMPARE(contents(path), QByteArray("antes"));
+
+        enabled = true;
+        log.VaciarLog();
+        QCOMPARE(QFileInfo(path).size(), 0);
+        log.AnotarEnLog(QStringLiteral("primera"));
+        log.AnotarEnLog(QStringLiteral("segunda"));
+        const QList<QByteArray> lines = contents(path).split('\n');
+        QCOMPARE(lines.size(), 3);
+        QVERIFY(lines[0].startsWith("primera ") && lines[0].endsWith('\r'));
+        QVERIFY(lines[1].startsWith("segunda "));
+
+        enabled = false;
+        log.VaciarLog(); // empties whatever the option says
+        QCOMPARE(QFileInfo(path).size(), 0);
+    }
+
+    void leadingBlanksOfTheFileAreTrimmed()
+    {
+        QTemporaryDir dir;
+        QDir(dir.path()).mkpath(QStringLiteral("Log"));
+        ActivityLog log(AppFolder(dir.path()), [] { return true; });
+        const QString path = dir.filePath(QStringLiteral("Log/nubo.log"));
+        log.AnotarEnLog(QStringLiteral("   sangrado"));
+        QVERIFY(contents(path).startsWith("   sangrado "));
+        log.AnotarEnLog(QStringLiteral("otra"));
+        QVERIFY(contents(path).startsWith("sangrado "));
+    }
+
+    void missingFolderLosesTheLineQuietly()
+    {
+        QTemporaryDir dir;
+        ActivityLog log(AppFolder(dir.path()), [] { return true; });
+        log.AnotarEnLog(QStringLiteral("perdida"));
+        QVERIFY(QDir(dir.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).isEmpty());
+    }
+
+    void writeNeverTruncates()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("f.txt"));
+        QVERIFY(EscribirArchivo(path, QStringLiteral("abcdef"), false));
+        QVERIFY(EscribirArchivo(path, QStringLiteral("XY"), false));
+        QCOMPARE(contents(path), QByteArray("XYcdef"));
+        QVERIFY(!EscribirArchivo(path, QStringLiteral("zz"), true));
+        QCOMPARE(contents(path), QByteArray("XYcdef"));
+        QVERIFY(!EscribirArchivo(dir.filePath(QStringLiteral("no/f.txt")), "a", false));
+    }
+
+    void readCutsAtZeroAndFailsOnEmpty()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("f.txt"));
+        put(path, QByteArray("ab\0cd", 5));
+        QCOMPARE(LeerArchivo(path), QStringLiteral("ab"));
+        put(path, QByteArray());
+        QCOMPARE(LeerArchivo(path), QString());
+        QCOMPARE(LeerArchivo(dir.filePath(QStringLiteral("missing"))), QString());
+        QCOMPARE(BytesATexto(QByteArray("ñandú")), QStringLiteral("ñandú"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestActivityLog)
+#include "tst_activitylog.moc"

@@ -1,0 +1,91 @@
+#include "app/ProfileFile.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using nubo::app::ProfileFile;
+
+namespace {
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void put(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+} // namespace
+
+class TestProfileFile final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void readsLikeTheProfileCalls()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("c.ini"));
+        put(path, "[otra]\nKEY=otra\n[Opciones]\r\n  key = 1 \r\nEMPTY=\nQ=\"quoted\"\n");
+        const ProfileFile file(path);
+        QCOMPARE(file.readString("OPCIONES", "KEY", "Default"), QStringLiteral("1"));
+        QCOMPARE(file.readString("OPCIONES", "EMPTY", "Default"), QString());
+        QCOMPARE(file.readString("OPCIONES", "MISSING", "Default"), QStringLiteral("Default"));
+        QCOMPARE(file.readString("NOSECTION", "KEY", "Default"), QStringLiteral("Default"));
+        QCOMPARE(file.readString("OPCIONES", "Q", ""), QStringLiteral("quoted"));
+        QCOMPARE(ProfileFile(dir.filePath("none.ini")).readString("A", "B", "d"),
+                 QStringLiteral("d"));
+    }
+
+    void cutsValuesToTheBuffer()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("c.ini"));
+        put(path, "[S]\nK=" + QByteArray(400, 'x') + "\n");
+        QCOMPARE(ProfileFile(path).readString("S", "K", "").size(), 254);
+    }
+
+    void writesCreateReplaceAndAppend()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("c.ini"));
+        ProfileFile file(path);
+        QVERIFY(file.writeString("OPCIONES", "A", "1"));
+        QVERIFY(file.writeString("OPCIONES", "B", "0"));
+        QVERIFY(file.writeString("opciones", "a", "0"));
+        QVERIFY(file.writeString("OTRA", "C", "x"));
+        QVERIFY(file.writeString("OPCIONES", "D", "1"));
+        QCOMPARE(contents(path),
+                 QByteArray("[OPCIONES]\r\na=0\r\nB=0\r\nD=1\r\n[OTRA]\r\nC=x\r\n"));
+    }
+
+    void writeIntoMissingFolderFails()
+    {
+        QTemporaryDir dir;
+        ProfileFile file(dir.filePath(QStringLiteral("ini/Config.nbo")));
+        QVERIFY(!file.writeString("OPCIONES", "A", "1"));
+        QVERIFY(!QFile::exists(file.path()));
+    }
+
+    void survivesBinaryJunk()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("c.ini"));
+        QByteArray junk(2048, '\0');
+        for (int i = 0; i < junk.size(); ++i)
+            junk[i] = char((i * 131) % 256);
+        put(path, junk);
+        ProfileFile file(path);
+        QCOMPARE(file.readString("OPCIONES", "A", "Default"), QStringLiteral("Default"));
+        QVERIFY(file.writeString("OPCIONES", "A", "1"));
+        QCOMPARE(file.readString("OPCIONES", "A", "Default"), QStringLiteral("1"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestProfileFile)
+#include "tst_profilefile.moc"

@@ -1,0 +1,250 @@
+#include "app/InstanceRegistration.h"
+#include "app/StartupSequence.h"
+#include "platform/fakes/FakeDialogs.h"
+#include "platform/fakes/FakeDrives.h"
+#include "platform/fakes/FakeInstanceCheck.h"
+#include "platform/fakes/FakeRegistry.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo::app;
+using namespace nubo::platform;
+
+namespace {
+
+// Records what start-up asks of the window; the cursor step fails when its file is missing.
+class FakeView final : public IStartupView
+{
+public:
+    QStringList steps;
+    std::optional<RuntimeError> trayError;
+
+    quint64 nativeHandle() override { return 1312458; }
+    void loadButtonFaces() override { steps << "faces"; }
+    void letEventsRun() override { steps << "events"; }
+    std::optional<RuntimeError> setCustomCursor(const QString& path) override
+    {
+        steps << "cursor";
+        if (!QFile::exists(path))
+            return RuntimeError::fromNumber(errors::kFileNotFound);
+        return std::nullopt;
+    }
+    std::optional<RuntimeError> addTrayIcon() override
+    {
+        steps << "tray";
+        return trayError;
+    }
+    std::optional<RuntimeError> prepareSkinBox() override
+    {
+        steps << "skinbox";
+        return std::nullopt;
+    }
+    void loadSkin(const QString&) override { steps << "skin"; }
+    void fitToSkin() override { steps << "fit"; }
+    void applyRegion() override { steps << "region"; }
+};
+
+void touch(const QString& path, const QByteArray& bytes = "x")
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+struct Fixture
+{
+    QTemporaryDir dir;
+    AppFolder app{dir.path()};
+    Options options;
+    ActivityLog log{app, [this] { return options.isOn(Option::EscribirLog); }};
+    OptionsStore store{app, options, log};
+    PlatformServices services;
+    FakeDrives* drives = new FakeDrives;
+    FakeInstanceCheck* instances = new FakeInstanceCheck;
+    FakeRegistry* registry = new FakeRegistry;
+    FakeDialogs dialogs;
+    FakeView view;
+
+    Fixture()
+    {
+        services.drives.reset(drives);
+        services.instances.reset(instances);
+        services.registry.reset(registry);
+        drives->add(QStringLiteral("/"), DriveType::Fixed);
+        touch(dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
+    }
+    StartupSequence::Outcome run()
+    {
+        StartupSequence sequence(
+            {app, options, store, log, services, dialogs, dir.filePath(QStringLiteral("nubo"))});
+        return sequence.run(view);
+    }
+    QStringList entries() const
+    {
+        return QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+};
+
+const QString kKey = QStringLiteral("HKEY_LOCAL_MACHINE\\Software\\Nubo15");
+
+QByteArray savedConfig(const char* minstances)
+{
+    return QByteArray("[OPCIONES]\r\nDBLCLKEXECUTE=1\r\nPERMITIRANIMS=1\r\nESCRIBIRLOG=1\r\n"
+                      "CONFIGEXCEL=0\r\nMOSTRARPRO=1\r\nMINSTANCES=") +
+           minstances + "\r\n";
+}
+
+} // namespace
+
+class TestStartupSequence final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void firstStartLaysOutEverything()
+    {
+        Fixture f;
+        touch(f.dir.filePath(QStringLiteral("foto.JPG")));
+        touch(f.dir.filePath(QStringLiteral("fondo.bmp")));
+        touch(f.dir.filePath(QStringLiteral("Nubologo.ico")));
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(f.entries(), QStringList({"Bitmap", "Cursors", "Icons", "Ini", "Log"}));
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Bitmap/foto.JPG"))));
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Bitmap/fondo.bmp"))));
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Icons/Nubologo.ico"))));
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Ini/Config.nbo"))));
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Log/nubo.log"))));
+        QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor", "tray", "skinbox", "skin",
+                                            "fit", "region"}));
+        QVERIFY(f.dialogs.asked.isEmpty());
+        const auto& values = f.registry->keys.value(kKey);
+        QCOMPARE(values.value(QStringLiteral("Hwnd")), QByteArray("1312"));
+        QCOMPARE(values.value(QStringLiteral("Minstances")), QByteArray(1, '\0'));
+        QCOMPARE(values.value(QStringLiteral("InstalationPath")),
+                 f.dir.filePath(QStringLiteral("nubo")).toUtf8());
+    }
+
+    void looseFileAlreadyInPlaceStays()
+    {
+        Fixture f;
+        touch(f.dir.filePath(QStringLiteral("bitmap/foto.jpg")), "old");
+        touch(f.dir.filePath(QStringLiteral("foto.jpg")), "new");
+        touch(f.dir.filePath(QStringLiteral("otra.jpg")), "other");
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("foto.jpg"))));
+        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("bitmap/otra.jpg"))));
+        QVERIFY(!f.entries().contains(QStringLiteral("Bitmap"))); // "bitmap" serves
+    }
+
+    void secondInstanceEndsBeforeAnyChange()
+    {
+        Fixture f;
+        f.instances->running = true;
+        QCOMPARE(f.run(), StartupSequence::Outcome::EndProgram);
+        QVERIFY(f.view.steps.isEmpty());
+        QVERIFY(f.registry->keys.isEmpty());
+        QVERIFY(f.dialogs.asked.isEmpty());
+        QCOMPARE(f.entries(), QStringList({"Cursors"}));
+    }
+
+    void multipleInstancesAllowedRunAndRegister()
+    {
+        Fixture f;
+        QDir(f.dir.path()).mkpath(QStringLiteral("Ini"));
+        touch(f.dir.filePath(QStringLiteral("Ini/Config.nbo")), savedConfig("1"));
+        f.instances->running = true;
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(f.registry->keys.value(kKey).value(QStringLiteral("Minstances")),
+                 QByteArray(1, '\1'));
+    }
+
+    void cdromStartIsRefused()
+    {
+        Fixture f;
+        f.drives->add(f.dir.path(), DriveType::CdRom);
+        QCOMPARE(f.run(), StartupSequence::Outcome::EndProgram);
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Permiso Denegado"));
+        QCOMPARE(f.dialogs.asked[0].text,
+                 QStringLiteral("No se puede ejecutar este programa desde el CD-ROM ") +
+                     f.dir.path() +
+                     QStringLiteral(", instale el programa con el instalador o intente pasar "
+                                    "todos los archivos a una unidad de disco rígido"));
+        QCOMPARE(f.dialogs.asked[0].buttons, MessageButtons::Ok);
+        QCOMPARE(f.dialogs.asked[0].icon, MessageIcon::None);
+        QVERIFY(f.registry->keys.isEmpty());
+    }
+
+    void otherDriveTypesProceed_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("removable") << int(DriveType::Removable);
+        QTest::newRow("network") << int(DriveType::Remote);
+        QTest::newRow("ram") << int(DriveType::RamDisk);
+    }
+    void otherDriveTypesProceed()
+    {
+        QFETCH(int, type);
+        Fixture f;
+        f.drives->add(f.dir.path(), DriveType(type));
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QVERIFY(f.dialogs.asked.isEmpty());
+    }
+
+    void missingCursorReportsFileNotFound()
+    {
+        Fixture f;
+        QFile::remove(f.dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
+        QDir(f.dir.path()).mkpath(QStringLiteral("Ini"));
+        touch(f.dir.filePath(QStringLiteral("Ini/Config.nbo")), savedConfig("0"));
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor"}));
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Error: No se encuentran los archivos!"));
+        QVERIFY(f.dialogs.asked[0].text.contains(
+            QStringLiteral("donde fue instalado.  ERROR NUMERO: 53 DESCRIPCION: ")));
+        QFile log(f.dir.filePath(QStringLiteral("Log/nubo.log")));
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lines = log.readAll().split('\n');
+        QCOMPARE(lines.size(), 2);
+        QVERIFY(lines[0].startsWith(
+            "El Archivo .exe ha sido movido del lugar inicial de instalacion. "));
+    }
+
+    void otherGuardedErrorGetsGenericReport()
+    {
+        Fixture f;
+        f.view.trayError = RuntimeError::fromNumber(errors::kInvalidPicture);
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked[0].title,
+                 QStringLiteral("ERROR! El programa puede no funcionar correctamente!"));
+        QCOMPARE(f.dialogs.asked[0].text,
+                 QStringLiteral("Ha ocurrido el Error : 481: Imagen no válida"));
+        QVERIFY(!f.view.steps.contains(QStringLiteral("skin")));
+    }
+
+    void registryCreationFailureIsLogged()
+    {
+        Fixture f;
+        f.registry->failCreate = true;
+        QDir(f.dir.path()).mkpath(QStringLiteral("Log"));
+        touch(f.dir.filePath(QStringLiteral("Ini/Config.nbo")), savedConfig("0"));
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QFile log(f.dir.filePath(QStringLiteral("Log/nubo.log")));
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        QVERIFY(log.readAll().startsWith("No se ha podido crear la clave Nubo15 "));
+    }
+
+    void handleKeepsFourCharacters()
+    {
+        QCOMPARE(InstanceRegistration::handleBytes(1312458), QByteArray("1312"));
+        QCOMPARE(InstanceRegistration::handleBytes(42), QByteArray("42\0\0", 4));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestStartupSequence)
+#include "tst_startupsequence.moc"

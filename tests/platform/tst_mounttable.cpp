@@ -1,0 +1,103 @@
+#include "platform/DriveInfo.h"
+#include "platform/MountTable.h"
+
+#include <QTest>
+
+using namespace nubo::platform;
+
+namespace {
+
+const QByteArray kMountInfo =
+    "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+    "23 22 0:5 / /proc rw shared:2 - proc proc rw\n"
+    "24 22 0:21 / /sys rw shared:3 - sysfs sysfs rw\n"
+    "25 22 0:6 / /dev rw shared:4 - devtmpfs udev rw\n"
+    "26 22 0:22 / /tmp rw shared:5 - tmpfs tmpfs rw\n"
+    "27 22 11:0 / /media/ana/MI\\040CD ro shared:6 - iso9660 /dev/sr0 ro\n"
+    "28 22 8:17 / /media/usb rw shared:7 - vfat /dev/sdb1 rw\n"
+    "29 22 0:40 / /mnt/red rw shared:8 - nfs4 server:/x rw\n"
+    "30 22 0:41 / /home/ana/nube rw shared:9 - fuse.sshfs ana@h: rw\n"
+    "31 22 8:2 / /home rw shared:10 - ext4 /dev/sda2 rw\n"
+    "garbage line without the separator\n"
+    "32 22 8:3 / /home rw shared:11 - xfs /dev/sda3 rw\n";
+
+} // namespace
+
+class TestMountTable final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void leavesOutPseudoFileSystems()
+    {
+        const MountTable table = MountTable::parse(kMountInfo);
+        QStringList points;
+        for (const MountEntry& e : table.entries())
+            points.append(e.mountPoint);
+        QVERIFY(!points.contains(QStringLiteral("/proc")));
+        QVERIFY(!points.contains(QStringLiteral("/sys")));
+        QVERIFY(!points.contains(QStringLiteral("/dev")));
+        QVERIFY(points.contains(QStringLiteral("/tmp")));
+        QVERIFY(points.contains(QStringLiteral("/media/ana/MI CD"))); // \040 unescaped
+        QCOMPARE(points.count(QStringLiteral("/home")), 1);           // the later mount wins
+        QCOMPARE(table.byMountPoint(QStringLiteral("/home"))->fsType, QStringLiteral("xfs"));
+    }
+
+    void longestMountPointHoldsThePath_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("prefix");
+        QTest::newRow("root volume") << "/usr/share/a.mp3"
+                                     << "";
+        QTest::newRow("mount point with a blank") << "/media/ana/MI CD/disco/a.mp3"
+                                                  << "/media/ana/MI CD";
+        QTest::newRow("nested mount") << "/home/ana/nube/x.mp3"
+                                      << "/home/ana/nube";
+        QTest::newRow("prefix is not a folder boundary") << "/homework/a.mp3"
+                                                         << "";
+        QTest::newRow("the mount point itself") << "/media/usb"
+                                                << "/media/usb";
+    }
+    void longestMountPointHoldsThePath()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, prefix);
+        const MountTable table = MountTable::parse(kMountInfo);
+        const MountEntry* volume = table.volumeOf(path);
+        QVERIFY(volume);
+        QCOMPARE(MountTable::prefixOf(volume->mountPoint), prefix);
+    }
+
+    void typesFollowTheMount_data()
+    {
+        QTest::addColumn<QString>("mountPoint");
+        QTest::addColumn<int>("type");
+        QTest::newRow("ext4") << "/" << int(DriveType::Fixed);
+        QTest::newRow("optical") << "/media/ana/MI CD" << int(DriveType::CdRom);
+        QTest::newRow("tmpfs") << "/tmp" << int(DriveType::RamDisk);
+        QTest::newRow("nfs4") << "/mnt/red" << int(DriveType::Remote);
+        QTest::newRow("sshfs") << "/home/ana/nube" << int(DriveType::Remote);
+    }
+    void typesFollowTheMount()
+    {
+        QFETCH(QString, mountPoint);
+        QFETCH(int, type);
+        const MountTable table = MountTable::parse(kMountInfo);
+        QCOMPARE(int(MountTable::typeOf(*table.byMountPoint(mountPoint))), type);
+    }
+
+    void driveListText()
+    {
+        DriveInfo labelled{QStringLiteral("/data"), {},
+                           QStringLiteral("ext4"),  QStringLiteral("Música"),
+                           DriveType::Fixed,        true};
+        QCOMPARE(labelled.listText(), QStringLiteral("/data [Música]"));
+        DriveInfo cd = labelled;
+        cd.type = DriveType::CdRom;
+        QCOMPARE(cd.listText(), QStringLiteral("/data"));
+        DriveInfo empty{{}, QStringLiteral("/dev/sr1"), {}, {}, DriveType::CdRom, false};
+        QCOMPARE(empty.listText(), QStringLiteral("/dev/sr1"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMountTable)
+#include "tst_mounttable.moc"
