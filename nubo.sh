@@ -50,7 +50,8 @@ test)
     check_format
     cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DNUBO_SANITIZE=ON -DNUBO_WERROR=ON
     cmake --build build/asan
-    export ASAN_OPTIONS=detect_leaks=0:abort_on_error=1
+    export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
+    export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
     ctest --test-dir build/asan --output-on-failure -j2
     ;;
