@@ -8,22 +8,18 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "TestFiles.h"
+
 using namespace nubo::app;
 using nubo::platform::AppFolder;
 
-namespace {
+using nubo::test::fileBytes;
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+namespace {
 
 void put(const QString& path, const QByteArray& bytes)
 {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    QVERIFY(nubo::test::writeFile(path, bytes));
 }
 
 } // namespace
@@ -53,14 +49,14 @@ private slots:
         const QString path = dir.filePath(QStringLiteral("Log/nubo.log"));
         put(path, "antes");
         log.AnotarEnLog(QStringLiteral("ignorada"));
-        QCOMPARE(contents(path), QByteArray("antes"));
+        QCOMPARE(fileBytes(path), QByteArray("antes"));
 
         enabled = true;
         log.VaciarLog();
         QCOMPARE(QFileInfo(path).size(), 0);
         log.AnotarEnLog(QStringLiteral("primera"));
         log.AnotarEnLog(QStringLiteral("segunda"));
-        const QList<QByteArray> lines = contents(path).split('\n');
+        const QList<QByteArray> lines = fileBytes(path).split('\n');
         QCOMPARE(lines.size(), 3);
         QVERIFY(lines[0].startsWith("primera ") && lines[0].endsWith('\r'));
         QVERIFY(lines[1].startsWith("segunda "));
@@ -77,9 +73,9 @@ private slots:
         ActivityLog log(AppFolder(dir.path()), [] { return true; });
         const QString path = dir.filePath(QStringLiteral("Log/nubo.log"));
         log.AnotarEnLog(QStringLiteral("   sangrado"));
-        QVERIFY(contents(path).startsWith("   sangrado "));
+        QVERIFY(fileBytes(path).startsWith("   sangrado "));
         log.AnotarEnLog(QStringLiteral("otra"));
-        QVERIFY(contents(path).startsWith("sangrado "));
+        QVERIFY(fileBytes(path).startsWith("sangrado "));
     }
 
     void missingFolderLosesTheLineQuietly()
@@ -96,9 +92,9 @@ private slots:
         const QString path = dir.filePath(QStringLiteral("f.txt"));
         QVERIFY(EscribirArchivo(path, QStringLiteral("abcdef"), false));
         QVERIFY(EscribirArchivo(path, QStringLiteral("XY"), false));
-        QCOMPARE(contents(path), QByteArray("XYcdef"));
+        QCOMPARE(fileBytes(path), QByteArray("XYcdef"));
         QVERIFY(!EscribirArchivo(path, QStringLiteral("zz"), true));
-        QCOMPARE(contents(path), QByteArray("XYcdef"));
+        QCOMPARE(fileBytes(path), QByteArray("XYcdef"));
         QVERIFY(!EscribirArchivo(dir.filePath(QStringLiteral("no/f.txt")), "a", false));
     }
 

@@ -6,6 +6,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "TestFiles.h"
+#include "app/AppFixture.h"
+
 using namespace nubo::app;
 using nubo::platform::AppFolder;
 
@@ -16,27 +19,12 @@ const QByteArray kDefaultsFile =
     "CONFIGEXCEL=0\r\nMOSTARPRO=1\r\nMINSTANCES=0\r\n";
 
 // An application folder with its options store, log and record.
-struct Fixture
+struct Fixture : AppFixture
 {
-    QTemporaryDir dir;
-    AppFolder app{dir.path()};
-    Options options;
-    ActivityLog log{app, [this] { return options.isOn(Option::EscribirLog); }};
-    OptionsStore store{app, options, log};
 
     QString ini() const { return dir.filePath(QStringLiteral("Ini/Config.nbo")); }
-    QByteArray iniBytes() const
-    {
-        QFile file(ini());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    void writeIni(const QByteArray& bytes)
-    {
-        QDir(dir.path()).mkpath(QStringLiteral("Ini"));
-        QFile file(ini());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    QByteArray iniBytes() const { return nubo::test::fileBytes(ini()); }
+    void writeIni(const QByteArray& bytes) { QVERIFY(nubo::test::writeFile(ini(), bytes)); }
 };
 
 } // namespace

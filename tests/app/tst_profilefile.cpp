@@ -4,21 +4,17 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "TestFiles.h"
+
 using nubo::app::ProfileFile;
+
+using nubo::test::fileBytes;
 
 namespace {
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 void put(const QString& path, const QByteArray& bytes)
 {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    QVERIFY(nubo::test::writeFile(path, bytes));
 }
 
 } // namespace
@@ -60,7 +56,7 @@ private slots:
         QVERIFY(file.writeString("opciones", "a", "0"));
         QVERIFY(file.writeString("OTRA", "C", "x"));
         QVERIFY(file.writeString("OPCIONES", "D", "1"));
-        QCOMPARE(contents(path),
+        QCOMPARE(fileBytes(path),
                  QByteArray("[OPCIONES]\r\na=0\r\nB=0\r\nD=1\r\n[OTRA]\r\nC=x\r\n"));
     }
 

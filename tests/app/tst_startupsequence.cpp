@@ -10,6 +10,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "TestFiles.h"
+#include "app/AppFixture.h"
+
 using namespace nubo::app;
 using namespace nubo::platform;
 
@@ -49,19 +52,11 @@ public:
 
 void touch(const QString& path, const QByteArray& bytes = "x")
 {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    QVERIFY(nubo::test::writeFile(path, bytes));
 }
 
-struct Fixture
+struct Fixture : AppFixture
 {
-    QTemporaryDir dir;
-    AppFolder app{dir.path()};
-    Options options;
-    ActivityLog log{app, [this] { return options.isOn(Option::EscribirLog); }};
-    OptionsStore store{app, options, log};
     PlatformServices services;
     FakeDrives* drives = new FakeDrives;
     FakeInstanceCheck* instances = new FakeInstanceCheck;

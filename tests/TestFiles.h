@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+// Small file helpers shared by the tests.
+namespace nubo::test {
+
+inline QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Writes bytes to path, creating its folder; false when that fails.
+inline bool writeFile(const QString& path, const QByteArray& bytes = "x")
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+} // namespace nubo::test
