@@ -167,7 +167,7 @@ QList<DesktopEntry> MimeAssociations::applications() const
             result.append(entry);
     }
     std::sort(result.begin(), result.end(), [](const DesktopEntry& a, const DesktopEntry& b) {
-        return QString::localeAwareCompare(a.name, b.name) < 0;
+        return a.name.compare(b.name, Qt::CaseInsensitive) < 0;
     });
     return result;
 }
