@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QRect>
+
+namespace nubo::frame {
+
+// The growing-rectangle effect: a short-lived, frameless, click-through window over the
+// target rectangle grows through the effect's rectangles, one per timer tick, and closes
+// after the last. Returns at once; nothing is drawn when animations are off.
+void AnimarVentana(const QRect& windowRect, qint16 steps, bool permitirAnims);
+
+} // namespace nubo::frame
