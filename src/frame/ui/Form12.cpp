@@ -158,7 +158,7 @@ void Form12::openWindow(FrameWindow window)
             m_deps.windows.moveWindow(window,
                                       besideWindow(frameGeometry(), options.size(), available));
     }
-    AnimarVentana(m_deps.windows.windowRect(window), kOpeningSteps, animationsOn());
+    AnimarVentana(m_deps.windows.windowRect(window), kOpeningSteps, animationsOn(), this);
     m_deps.windows.showWindow(window);
 }
 

@@ -16,8 +16,8 @@ constexpr int kStepMs = 14;
 class Overlay final : public QWidget
 {
 public:
-    explicit Overlay(QList<QRect> steps)
-        : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+    Overlay(QList<QRect> steps, QWidget* owner)
+        : QWidget(owner, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                                Qt::WindowTransparentForInput | Qt::X11BypassWindowManagerHint),
           m_steps(std::move(steps))
     {
@@ -60,14 +60,14 @@ private:
 
 } // namespace
 
-void AnimarVentana(const QRect& windowRect, qint16 steps, bool permitirAnims)
+void AnimarVentana(const QRect& windowRect, qint16 steps, bool permitirAnims, QWidget* owner)
 {
     if (!permitirAnims)
         return;
     QList<QRect> rectangles = growingRectangles(windowRect, steps);
     rectangles.removeIf([](const QRect& r) { return r.isEmpty(); });
     if (!rectangles.isEmpty())
-        new Overlay(std::move(rectangles));
+        new Overlay(std::move(rectangles), owner);
 }
 
 } // namespace nubo::frame
