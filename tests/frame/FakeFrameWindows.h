@@ -13,8 +13,8 @@ class FakeFrameWindows final : public nubo::frame::IFrameWindows
 public:
     QStringList calls;
     std::array<bool, 4> visible{};
-    std::array<QRect, 4> rects{QRect(0, 0, 300, 200), QRect(0, 0, 500, 340),
-                               QRect(0, 0, 300, 200), QRect(0, 0, 420, 300)};
+    std::array<QRect, 4> rects{QRect(0, 0, 300, 200), QRect(0, 0, 500, 340), QRect(0, 0, 300, 200),
+                               QRect(0, 0, 420, 300)};
 
     static QString name(nubo::frame::FrameWindow w)
     {

@@ -4,6 +4,8 @@
 #include "frame/ui/Form8.h"
 #include "frame/ui/clsSystemTray.h"
 
+#include <QFileInfo>
+#include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
@@ -38,10 +40,7 @@ struct Fixture
         form.fitToSkin();
         form.applyRegion();
     }
-    void key(Qt::Key key)
-    {
-        QTest::keyClick(form.picMainSkin, key, Qt::ControlModifier);
-    }
+    void key(Qt::Key key) { QTest::keyClick(form.picMainSkin, key, Qt::ControlModifier); }
 };
 
 // Counts the 4-connected pieces of a region.
@@ -96,6 +95,26 @@ private slots:
         QVERIFY2(region.rectCount() < 1000, qPrintable(QString::number(region.rectCount())));
         for (QLabel* button : f.form.Picture)
             QVERIFY(region.contains(button->geometry()));
+    }
+
+    // Every picture the windows load is shipped; the chooser's extensionless name is not.
+    void shippedPictures()
+    {
+        const platform::AppFolder app(shippedResources());
+        QStringList names = {"conarrows.JPG",     "minimizeoff.jpg",       "minimizeon.jpg",
+                             "mainform1.jpg",     "scene0boton1form1.jpg", "scene1boton2form1.jpg",
+                             "BotonExceloff.jpg", "BotonExcelon.jpg",      "bool2.jpg",
+                             "bool3.jpg",         "mainform3.jpg",         "form3Bot2off.jpg",
+                             "form3bot3off.jpg",  "form3Bot3on.jpg",       "form3bot1hit.jpg",
+                             "mainform4.jpg",     "form4bot1on.jpg",       "mainform5.jpg",
+                             "mainform7.jpg",     "form7bot1off.jpg",      "form7bot1on.jpg"};
+        for (int button = 1; button <= 5; ++button)
+            for (int frame = 0; frame <= 6; ++frame)
+                names << QStringLiteral("scene%1boton%2.jpg").arg(frame).arg(button);
+        for (const QString& name : names)
+            QVERIFY2(!QImage(app.resolve("\\bitmap\\" + name)).isNull(), qPrintable(name));
+        QVERIFY(!QFileInfo::exists(app.resolve(QStringLiteral("\\bitmap\\form4bot1"))));
+        QVERIFY(!QIcon(app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))).isNull());
     }
 
     void transparentSkinLeavesTheWindowUnshaped()

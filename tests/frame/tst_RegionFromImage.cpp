@@ -32,9 +32,8 @@ private slots:
         QTest::newRow("single pixel") << single << QList<QRect>{QRect(5, 7, 1, 1)};
         QTest::newRow("all transparent") << QStringList(4, QString(6, u'.')) << QList<QRect>{};
         QTest::newRow("empty picture") << QStringList{} << QList<QRect>{};
-        QTest::newRow("two runs on a row")
-            << QStringList{"........", ".##..##.", "........"}
-            << QList<QRect>{QRect(1, 1, 2, 1), QRect(5, 1, 2, 1)};
+        QTest::newRow("two runs on a row") << QStringList{"........", ".##..##.", "........"}
+                                           << QList<QRect>{QRect(1, 1, 2, 1), QRect(5, 1, 2, 1)};
         // Row 1's run reaches the right edge, stays open and closes at row 2's first
         // transparent pixel, on row 2, from the old start column.
         QTest::newRow("carried run")

@@ -29,9 +29,9 @@ private slots:
         tray.setToolTipText(QStringLiteral("dos"));
         tray.setIcon(QIcon());
         tray.RemoveIconFromSystemTray();
-        QCOMPARE(area.messages, (QList<NotifyMessage>{NotifyMessage::Add, NotifyMessage::Modify,
-                                                      NotifyMessage::Modify,
-                                                      NotifyMessage::Delete}));
+        QCOMPARE(area.messages,
+                 (QList<NotifyMessage>{NotifyMessage::Add, NotifyMessage::Modify,
+                                       NotifyMessage::Modify, NotifyMessage::Delete}));
         QCOMPARE(area.tips.at(1), QStringLiteral("dos"));
     }
 
@@ -106,8 +106,7 @@ private slots:
         form.Author->trigger();
         form.options->trigger();
         form.quit->trigger();
-        QCOMPARE(windows.calls,
-                 (QStringList{"show Author", "show Options", "list exit", "end"}));
+        QCOMPARE(windows.calls, (QStringList{"show Author", "show Options", "list exit", "end"}));
     }
 };
 

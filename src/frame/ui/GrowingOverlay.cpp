@@ -18,7 +18,7 @@ class Overlay final : public QWidget
 public:
     Overlay(QList<QRect> steps, QWidget* owner)
         : QWidget(owner, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                               Qt::WindowTransparentForInput | Qt::X11BypassWindowManagerHint),
+                             Qt::WindowTransparentForInput | Qt::X11BypassWindowManagerHint),
           m_steps(std::move(steps))
     {
         setObjectName(QStringLiteral("AnimarVentanaOverlay"));
