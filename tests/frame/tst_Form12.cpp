@@ -143,21 +143,24 @@ private slots:
     {
         QTest::addColumn<int>("key");
         QTest::addColumn<QString>("window");
-        QTest::newRow("Ctrl+L") << int(Qt::Key_L) << "List";
-        QTest::newRow("Ctrl+A") << int(Qt::Key_A) << "Search";
-        QTest::newRow("Ctrl+I") << int(Qt::Key_I) << "Author";
+        QTest::addColumn<QStringList>("opening");
+        QTest::newRow("Ctrl+L") << int(Qt::Key_L) << "List" << QStringList{"show List"};
+        QTest::newRow("Ctrl+A") << int(Qt::Key_A) << "Search" << QStringList{"show Search"};
+        QTest::newRow("Ctrl+I") << int(Qt::Key_I) << "Author"
+                                << QStringList{"move Author", "show Author"};
     }
 
     void buttonsOpenAndClose()
     {
         QFETCH(int, key);
         QFETCH(QString, window);
+        QFETCH(QStringList, opening);
         Fixture f(true);
         f.key(Qt::Key(key));
         QVERIFY(f.windows.calls.isEmpty()); // the window opens after the frames
-        QTRY_COMPARE(f.windows.calls, QStringList{"show " + window});
+        QTRY_COMPARE(f.windows.calls, opening);
         f.key(Qt::Key(key));
-        QTRY_COMPARE(f.windows.calls, (QStringList{"show " + window, "hide " + window}));
+        QTRY_COMPARE(f.windows.calls, opening + QStringList{"hide " + window});
     }
 
     void optionsOpenBesideTheMainWindow()

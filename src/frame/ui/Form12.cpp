@@ -150,7 +150,7 @@ void Form12::runAction(int button, FaceAction action)
 
 void Form12::openWindow(FrameWindow window)
 {
-    if (window == FrameWindow::Options) {
+    if (window == FrameWindow::Options || window == FrameWindow::Author) {
         const QScreen* screen = this->screen();
         const QRect available = screen ? screen->availableGeometry() : QRect();
         const QRect options = m_deps.windows.windowRect(window);

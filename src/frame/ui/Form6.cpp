@@ -24,7 +24,7 @@ Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("Form6"));
     setWindowTitle(QStringLiteral("Sobre el autor"));
-    setFixedSize(420, 300);
+    setFixedSize(440, 336);
     const QIcon logo(app.resolve(QStringLiteral("\\icons\\Nubologo.ico")));
     setWindowIcon(logo);
 
@@ -42,12 +42,12 @@ Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
     Label2->setObjectName(QStringLiteral("Label2"));
     Label2->setWordWrap(true);
     Label2->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    Label2->setGeometry(24, 84, 372, 160);
+    Label2->setGeometry(24, 94, 392, 184);
     Label2->setStyleSheet(QStringLiteral("color: #1d2d52; font-size: 13px;"));
 
     Command1 = new QPushButton(QStringLiteral("&Cerrar"), this);
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setGeometry(304, 254, 92, 30);
+    Command1->setGeometry(324, 290, 92, 30);
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &QWidget::close);
 }
