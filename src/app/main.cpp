@@ -4,6 +4,11 @@
 #include "app/OptionsStore.h"
 #include "app/StartupSequence.h"
 #include "frame/ui/Form12.h"
+#include "frame/ui/Form5.h"
+#include "frame/ui/Form6.h"
+#include "frame/ui/Form8.h"
+#include "frame/ui/QtNotifyArea.h"
+#include "frame/ui/WindowDirectory.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/QtDialogs.h"
 
@@ -41,7 +46,21 @@ int main(int argc, char** argv)
     app::ActivityLog log(appFolder, [&options] { return options.isOn(app::Option::EscribirLog); });
     app::OptionsStore store(appFolder, options, log);
 
-    frame::Form12 mainWindow(appFolder);
+    // The frame's windows; the list and search windows join the directory as they land.
+    frame::WindowDirectory windows;
+    frame::QtNotifyArea notifyArea;
+    frame::Form12 mainWindow({appFolder, options, windows, &notifyArea});
+    frame::Form5 optionsWindow(appFolder, options, store, log);
+    frame::Form6 authorWindow(appFolder);
+    frame::Form8 trayMenu(windows);
+    windows.connectWindow(frame::FrameWindow::Options, &optionsWindow);
+    windows.connectWindow(frame::FrameWindow::Author, &authorWindow);
+    windows.setEndProgram([] { QCoreApplication::exit(0); });
+    mainWindow.setTrayMenu(&trayMenu);
+    QObject::connect(&optionsWindow, &frame::Form5::closed, &mainWindow,
+                     [&mainWindow] { mainWindow.playClosingFrames(2); });
+    QObject::connect(&authorWindow, &frame::Form6::closed, &mainWindow,
+                     [&mainWindow] { mainWindow.playClosingFrames(5); });
     dialogs.setParentWindow(&mainWindow);
     app::StartupSequence startup(
         {appFolder, options, store, log, services, dialogs,
@@ -49,5 +68,6 @@ int main(int argc, char** argv)
     if (startup.run(mainWindow) == app::StartupSequence::Outcome::EndProgram)
         return 0;
     mainWindow.show();
+    application.setQuitOnLastWindowClosed(false);
     return application.exec();
 }

@@ -1,89 +1,146 @@
 #include "Artwork.h"
 
+#include "Palette.h"
+#include "frame/SkinLayout.h"
+
 #include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QImageWriter>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace nubo::artwork {
 
+using frame::SkinLayout;
+
 namespace {
 
-// The key colour: whatever shares the top-left pixel's colour is cut away from the window.
-const QColor kKey(255, 0, 255);
-const QColor kSky(86, 140, 214);
-const QColor kCloud(246, 249, 255);
-const QColor kShade(196, 212, 236);
-const QColor kInk(38, 62, 110);
+constexpr int kCell = 8;
+constexpr std::array<Glyph, 5> kGlyphs = {Glyph::List, Glyph::Sliders, Glyph::Power,
+                                          Glyph::SearchPlus, Glyph::Info};
+// The hot circles' centres and radii, so each badge fills its circle.
+constexpr std::array<double, 15> kCircles = {33, 33, 30, 43, 42, 40, 21, 20,
+                                             20, 36, 42, 35, 20, 20, 19};
 
-bool saveJpeg(const QImage& image, const QString& path)
+QColor cloudShade(int y, int height)
 {
-    QImageWriter writer(path, "jpeg");
-    writer.setQuality(95);
-    return writer.write(image.convertToFormat(QImage::Format_RGB32));
+    return mix(kCloudTop, kCloudBottom, double(y) / height);
 }
 
-bool saveBytes(const QByteArray& bytes, const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QPainterPath cloudPath(const QRectF& r)
+// The skin's cloud: four round lobes over a flat-bottomed body.
+QPainterPath skinCloud()
 {
     QPainterPath path;
-    const double w = r.width(), h = r.height();
-    path.addEllipse(QRectF(r.left(), r.top() + h * 0.35, w * 0.45, h * 0.6));
-    path.addEllipse(QRectF(r.left() + w * 0.2, r.top() + h * 0.05, w * 0.45, h * 0.7));
-    path.addEllipse(QRectF(r.left() + w * 0.45, r.top() + h * 0.15, w * 0.4, h * 0.6));
-    path.addEllipse(QRectF(r.left() + w * 0.6, r.top() + h * 0.4, w * 0.4, h * 0.55));
-    path.addRoundedRect(QRectF(r.left() + w * 0.15, r.top() + h * 0.55, w * 0.7, h * 0.4), 30, 30);
+    path.setFillRule(Qt::WindingFill);
+    path.addEllipse(QPointF(92, 178), 72, 72);
+    path.addEllipse(QPointF(170, 118), 80, 80);
+    path.addEllipse(QPointF(262, 100), 88, 88);
+    path.addEllipse(QPointF(340, 168), 70, 70);
+    path.addRoundedRect(QRectF(40, 170, 340, 122), 56, 56);
     return path.simplified();
+}
+
+// The cloud cut to the grid: a cell belongs to it when its centre lies in the soft cloud.
+QImage gridCloud(QSize size)
+{
+    const QPainterPath cloud = skinCloud();
+    QImage inside(size, QImage::Format_Grayscale8);
+    inside.fill(0);
+    for (int cy = 0; cy < size.height(); cy += kCell)
+        for (int cx = 0; cx < size.width(); cx += kCell)
+            if (cloud.contains(QPointF(cx + kCell / 2.0, cy + kCell / 2.0)))
+                for (int y = cy; y < qMin(cy + kCell, size.height()); ++y)
+                    for (int x = cx; x < qMin(cx + kCell, size.width()); ++x)
+                        inside.scanLine(y)[x] = 255;
+    return inside;
+}
+
+bool isInside(const QImage& inside, int x, int y)
+{
+    return inside.rect().contains(x, y) && inside.constScanLine(y)[x] != 0;
+}
+
+// Distance in pixels (up to limit) from a pixel to the nearest pixel outside the cloud.
+int edgeDistance(const QImage& inside, int x, int y, int limit)
+{
+    for (int d = 1; d <= limit; ++d)
+        for (int i = -d; i <= d; ++i)
+            if (!isInside(inside, x + i, y - d) || !isInside(inside, x + i, y + d) ||
+                !isInside(inside, x - d, y + i) || !isInside(inside, x + d, y + i))
+                return d;
+    return limit + 1;
+}
+
+void paintCloud(QImage& image, const QImage& inside)
+{
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            if (!isInside(inside, x, y))
+                continue;
+            const int d = edgeDistance(inside, x, y, 4);
+            QColor c = cloudShade(y, image.height());
+            if (d <= 2)
+                c = kRim;
+            else if (d <= 4)
+                c = mix(c, QColor(255, 255, 255), 0.7);
+            image.setPixelColor(x, y, c);
+        }
+}
+
+void paintTitle(QPainter& p)
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setBold(true);
+    font.setPixelSize(54);
+    p.setFont(font);
+    p.setPen(kInk);
+    p.drawText(QRectF(140, 56, 220, 64), Qt::AlignCenter, QStringLiteral("nubo"));
+    font.setBold(false);
+    font.setPixelSize(13);
+    p.setFont(font);
+    p.setPen(kSky);
+    p.drawText(QRectF(130, 116, 240, 20), Qt::AlignCenter, QStringLiteral("tu música, catalogada"));
 }
 
 } // namespace
 
 QImage mainSkin()
 {
-    QImage image(400, 300, QImage::Format_RGB32);
+    const QSize size = SkinLayout::skinSize;
+    QImage image(size, QImage::Format_RGB32);
     image.fill(kKey);
+    const QImage inside = gridCloud(size);
+    paintCloud(image, inside);
     QPainter p(&image);
-    // No antialiasing at the outline: a clean key colour keeps the region free of islands.
-    p.setRenderHint(QPainter::Antialiasing, false);
-    const QPainterPath cloud = cloudPath(QRectF(8, 8, 384, 284));
-    QLinearGradient fill(0, 0, 0, 300);
-    fill.setColorAt(0, kCloud);
-    fill.setColorAt(1, kShade);
-    p.fillPath(cloud, fill);
-    p.setPen(QPen(kSky, 3));
-    p.drawPath(cloud);
+    p.setRenderHint(QPainter::Antialiasing, true);
+    p.setRenderHint(QPainter::TextAntialiasing, true);
+    paintTitle(p);
+    for (std::size_t i = 0; i < SkinLayout::buttons.size(); ++i) {
+        const QRect box = SkinLayout::buttons[i];
+        const QPointF centre(box.left() + kCircles[i * 3], box.top() + kCircles[i * 3 + 1]);
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(0, 0, 0, 22)); // the button's seat on the cloud
+        p.drawEllipse(centre, kCircles[i * 3 + 2] + 3, kCircles[i * 3 + 2] + 3);
+    }
     return image;
 }
 
-QImage roundFace(int width, int height, int frame, int button)
+QImage buttonFace(const QImage& skin, int button, int frame)
 {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(kCloud);
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing, true);
-    const double glow = frame / 6.0;
-    const QColor ring = QColor::fromRgbF(kSky.redF() * (1 - glow) + 0.98 * glow,
-                                         kSky.greenF() * (1 - glow) + 0.74 * glow,
-                                         kSky.blueF() * (1 - glow) + 0.25 * glow);
-    const QRectF disc(2, 2, width - 4, height - 4);
-    p.setBrush(ring);
-    p.setPen(QPen(kInk, 2));
-    p.drawEllipse(disc);
-    p.setBrush(kCloud);
-    p.setPen(Qt::NoPen);
-    const double inset = qMin(width, height) * 0.25;
-    p.drawEllipse(disc.adjusted(inset, inset, -inset, -inset));
-    p.setBrush(kInk);
-    const double dot = 2.0 + button;
-    p.drawEllipse(disc.center(), dot, dot);
-    return image;
+    const std::size_t i = std::size_t(button - 1);
+    const QRect box = SkinLayout::buttons[i];
+    QImage face = skin.copy(box);
+    QPainter p(&face);
+    drawBadge(p, QPointF(kCircles[i * 3], kCircles[i * 3 + 1]), kCircles[i * 3 + 2] - 1,
+              frame / 6.0, kGlyphs[i]);
+    return face;
+}
+
+QImage minimizeFace(const QImage& skin, bool on)
+{
+    QImage face = skin.copy(SkinLayout::minimize);
+    QPainter p(&face);
+    drawBadge(p, QPointF(11.5, 10.5), 8.5, on ? 1.0 : 0.0, Glyph::Minus);
+    return face;
 }
 
 QByteArray iconFile(const QImage& image)
@@ -109,51 +166,22 @@ QByteArray cursorFile(const QImage& image, int hotX, int hotY)
     return bytes;
 }
 
-namespace {
-
-QImage logo()
-{
-    QImage image(32, 32, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing, true);
-    p.fillPath(cloudPath(QRectF(1, 5, 30, 22)), kSky);
-    p.fillPath(cloudPath(QRectF(4, 8, 24, 16)), kCloud);
-    return image;
-}
-
-QImage arrow()
-{
-    QImage image(32, 32, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing, true);
-    const QPolygonF shape({{1, 1}, {1, 22}, {7, 17}, {11, 26}, {15, 24}, {11, 15}, {19, 15}});
-    p.setBrush(kCloud);
-    p.setPen(QPen(kInk, 1.5));
-    p.drawPolygon(shape);
-    return image;
-}
-
-} // namespace
-
 bool writeAll(const QString& root)
 {
     QDir dir(root);
     bool ok = dir.mkpath(QStringLiteral("Bitmap")) && dir.mkpath(QStringLiteral("Icons")) &&
               dir.mkpath(QStringLiteral("Cursors"));
     const QString bitmap = dir.filePath(QStringLiteral("Bitmap/"));
-    ok &= saveJpeg(mainSkin(), bitmap + QStringLiteral("conarrows.JPG"));
-    const QSize sizes[5] = {{66, 66}, {86, 84}, {42, 40}, {72, 84}, {40, 40}};
-    for (int button = 1; button <= 5; ++button) {
-        const QSize s = sizes[button - 1];
-        ok &= saveJpeg(roundFace(s.width(), s.height(), 0, button),
-                       bitmap + QStringLiteral("scene0boton%1.jpg").arg(button));
-    }
-    ok &= saveJpeg(roundFace(23, 21, 0, 0), bitmap + QStringLiteral("minimizeoff.jpg"));
-    ok &= saveJpeg(roundFace(23, 21, 6, 0), bitmap + QStringLiteral("minimizeon.jpg"));
-    ok &= saveBytes(iconFile(logo()), dir.filePath(QStringLiteral("Icons/Nubologo.ico")));
-    ok &= saveBytes(cursorFile(arrow(), 1, 1), dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
+    const QImage skin = mainSkin();
+    ok &= saveJpeg(skin, bitmap + QStringLiteral("conarrows.JPG"));
+    for (int button = 1; button <= 5; ++button)
+        for (int frame = 0; frame <= 6; ++frame)
+            ok &= saveJpeg(buttonFace(skin, button, frame),
+                           bitmap + QStringLiteral("scene%1boton%2.jpg").arg(frame).arg(button));
+    ok &= saveJpeg(minimizeFace(skin, false), bitmap + QStringLiteral("minimizeoff.jpg"));
+    ok &= saveJpeg(minimizeFace(skin, true), bitmap + QStringLiteral("minimizeon.jpg"));
+    ok &= writeWindowPictures(bitmap);
+    ok &= saveBytes(iconFile(logo(32)), dir.filePath(QStringLiteral("Icons/Nubologo.ico")));
     return ok;
 }
 

@@ -1,31 +1,43 @@
 #include "frame/ui/Form12.h"
 
+#include "frame/HotCircle.h"
+#include "frame/RegionFromImage.h"
+#include "frame/SkinKeys.h"
+#include "frame/SkinLayout.h"
+#include "frame/WindowPlacement.h"
+#include "frame/ui/Form8.h"
+#include "frame/ui/GrowingOverlay.h"
+#include "frame/ui/clsSystemTray.h"
 #include "platform/ui/PictureFile.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPixmap>
+#include <QScreen>
+#include <QWindow>
 
 namespace nubo::frame {
 
 namespace {
 
-struct ButtonPlace
-{
-    int x, y, w, h;
+constexpr qint16 kOpeningSteps = 12;
+
+const std::array<const char*, 5> kTooltips = {
+    "Permite abir y cerrar la ventana donde se editan los archivos a catalogar",
+    "Mostar u ocultar el cuadro de opciones principales del programa",
+    "Salir del programa",
+    "Agregar archivos a la lista del catalogador",
+    "Información sobre el autor",
 };
 
-// Where the round buttons sit on the skin; each box holds its hot circle.
-constexpr std::array<ButtonPlace, 5> kButtons = {{
-    {52, 118, 66, 66},  // list window
-    {130, 40, 86, 84},  // options
-    {318, 150, 42, 40}, // exit
-    {228, 112, 72, 84}, // search
-    {150, 196, 40, 40}, // author
-}};
-constexpr ButtonPlace kMinimize = {300, 96, 23, 21};
+// The window each round button opens and closes (Picture3 ends the program instead).
+constexpr std::array<FrameWindow, 5> kTargets = {FrameWindow::List, FrameWindow::Options,
+                                                 FrameWindow::List, FrameWindow::Search,
+                                                 FrameWindow::Author};
 
 QLabel* makeBox(QWidget* parent, const QString& name)
 {
@@ -49,22 +61,205 @@ QPoint curHotSpot(const QString& path)
 
 } // namespace
 
-Form12::Form12(const platform::AppFolder& app, QWidget* parent) : QWidget(parent), m_app(app)
+Form12::Form12(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_player(m_counters)
 {
     setObjectName(QStringLiteral("Form12"));
     setWindowTitle(QStringLiteral("Nubo 1.5 Beta Version!!!"));
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    buildControls();
+    resize(SkinLayout::skinSize);
+    connect(&m_player, &FramePlayer::frameShown, this, [this](int button, int frame) {
+        setFace(Picture[std::size_t(button - 1)],
+                QStringLiteral("\\bitmap\\scene%1boton%2.jpg").arg(frame).arg(button));
+    });
+    connect(&m_player, &FramePlayer::finished, this, &Form12::runAction);
+}
+
+void Form12::buildControls()
+{
     picMainSkin = makeBox(this, QStringLiteral("picMainSkin"));
+    picMainSkin->setFocusPolicy(Qt::StrongFocus);
+    picMainSkin->installEventFilter(this);
     for (std::size_t i = 0; i < Picture.size(); ++i) {
         Picture[i] = makeBox(picMainSkin, QStringLiteral("Picture%1").arg(i + 1));
-        const ButtonPlace& p = kButtons[i];
-        Picture[i]->setGeometry(p.x, p.y, p.w, p.h);
+        Picture[i]->setGeometry(SkinLayout::buttons[i]);
+        Picture[i]->setToolTip(QString::fromUtf8(kTooltips[i]));
+        Picture[i]->installEventFilter(this);
     }
     PicMinimize = makeBox(picMainSkin, QStringLiteral("PicMinimize"));
-    PicMinimize->setGeometry(kMinimize.x, kMinimize.y, kMinimize.w, kMinimize.h);
+    PicMinimize->setGeometry(SkinLayout::minimize);
+    PicMinimize->setToolTip(QStringLiteral("Minimiza la ventana"));
+    PicMinimize->installEventFilter(this);
     pikForSYSTRAY = makeBox(this, QStringLiteral("pikForSYSTRAY"));
     pikForSYSTRAY->hide();
-    resize(400, 300);
+    setFocusProxy(picMainSkin);
+}
+
+bool Form12::animationsOn() const
+{
+    return m_deps.options.isOn(app::Option::PermitirAnims);
+}
+
+// A missing picture leaves the old face in place.
+void Form12::setFace(QLabel* box, const QString& relative)
+{
+    const QPixmap face = platform::loadPicture(m_deps.app, relative);
+    if (!face.isNull())
+        box->setPixmap(face);
+}
+
+void Form12::pictureMouseDown(int button, QPointF point)
+{
+    if (button < 1 || button > 5 || !kButtonCircles[std::size_t(button - 1)].contains(point))
+        return;
+    m_player.play(m_counters.press(button, animationsOn()));
+}
+
+void Form12::picMinimizeMouseDown(QPointF point)
+{
+    if (kMinimizeCircle.contains(point))
+        setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void Form12::skinKeyPress(int character)
+{
+    if (const std::optional<SkinKeyPress> press = frame::skinKeyPress(character))
+        pictureMouseDown(press->button, press->point);
+}
+
+void Form12::playClosingFrames(int button)
+{
+    m_player.play(m_counters.closing(button, animationsOn()));
+}
+
+void Form12::runAction(int button, FaceAction action)
+{
+    const FrameWindow target = kTargets[std::size_t(button - 1)];
+    switch (action) {
+    case FaceAction::Exit:
+        exitProgram();
+        break;
+    case FaceAction::Open:
+        openWindow(target);
+        break;
+    case FaceAction::Close:
+        m_deps.windows.hideWindow(target);
+        break;
+    }
+}
+
+void Form12::openWindow(FrameWindow window)
+{
+    if (window == FrameWindow::Options || window == FrameWindow::Author) {
+        const QScreen* screen = this->screen();
+        const QRect available = screen ? screen->availableGeometry() : QRect();
+        const QRect options = m_deps.windows.windowRect(window);
+        if (available.isValid() && options.isValid())
+            m_deps.windows.moveWindow(window,
+                                      besideWindow(frameGeometry(), options.size(), available));
+    }
+    AnimarVentana(m_deps.windows.windowRect(window), kOpeningSteps, animationsOn(), this);
+    m_deps.windows.showWindow(window);
+}
+
+void Form12::exitProgram()
+{
+    if (SystemTray)
+        SystemTray->RemoveIconFromSystemTray();
+    m_deps.windows.runListExit();
+    m_deps.windows.endProgram();
+}
+
+void Form12::AddIcon()
+{
+    if (!m_deps.notifyArea)
+        return;
+    SystemTray = new clsSystemTray(*m_deps.notifyArea, this);
+    SystemTray->setIcon(QIcon(m_deps.app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))));
+    SystemTray->setPPictureBox(pikForSYSTRAY);
+    SystemTray->setToolTipText(QStringLiteral("Nubo Beta Version 1.5!!!"));
+    SystemTray->AddIconToSystemTray();
+    connect(SystemTray, &clsSystemTray::LButtonDblClk, this, &Form12::SystemTray_LButtonDblClk);
+    connect(SystemTray, &clsSystemTray::RButtonUp, this, &Form12::SystemTray_RButtonUp);
+    connect(SystemTray, &clsSystemTray::LButtonDown, this, &Form12::SystemTray_LButtonDown);
+}
+
+void Form12::SystemTray_LButtonDblClk()
+{
+    if (windowState() & Qt::WindowMinimized) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        show();
+        raise();
+        activateWindow();
+    }
+}
+
+void Form12::SystemTray_RButtonUp()
+{
+    if (m_trayMenu)
+        m_trayMenu->popUpAt(QCursor::pos());
+}
+
+void Form12::SystemTray_LButtonDown()
+{
+    if (m_trayMenu)
+        m_trayMenu->hideMenu();
+}
+
+bool Form12::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (watched == PicMinimize) {
+        if (type == QEvent::Enter)
+            setFace(PicMinimize, QStringLiteral("\\bitmap\\minimizeon.jpg"));
+        else if (type == QEvent::Leave)
+            setFace(PicMinimize, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
+        else if (type == QEvent::MouseButtonPress)
+            picMinimizeMouseDown(static_cast<QMouseEvent*>(event)->position());
+        return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    }
+    for (std::size_t i = 0; i < Picture.size(); ++i) {
+        if (watched != Picture[i])
+            continue;
+        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick)
+            pictureMouseDown(int(i) + 1, static_cast<QMouseEvent*>(event)->position());
+        return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    }
+    if (watched == picMainSkin) {
+        if (type == QEvent::KeyPress) {
+            auto* key = static_cast<QKeyEvent*>(event);
+            const bool control = key->modifiers() & Qt::ControlModifier;
+            const int k = key->key();
+            if (control && k >= Qt::Key_A && k <= Qt::Key_Z)
+                skinKeyPress(k - Qt::Key_A + 1);
+            else if (!key->text().isEmpty())
+                skinKeyPress(key->text().at(0).unicode());
+            return true;
+        }
+        return dragWindow(watched, event);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// Any button pressed on the skin moves the window as its title bar would; where the window
+// system cannot move it, the window follows the pointer itself.
+bool Form12::dragWindow(QObject*, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::MouseButtonPress) {
+        auto* mouse = static_cast<QMouseEvent*>(event);
+        picMainSkin->setFocus();
+        m_manualDrag = !(windowHandle() && windowHandle()->startSystemMove());
+        m_dragOffset = mouse->globalPosition().toPoint() - frameGeometry().topLeft();
+        return true;
+    }
+    if (type == QEvent::MouseMove && m_manualDrag) {
+        move(static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - m_dragOffset);
+        return true;
+    }
+    if (type == QEvent::MouseButtonRelease)
+        m_manualDrag = false;
+    return false;
 }
 
 quint64 Form12::nativeHandle()
@@ -74,16 +269,9 @@ quint64 Form12::nativeHandle()
 
 void Form12::loadButtonFaces()
 {
-    const QPixmap minimize =
-        platform::loadPicture(m_app, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
-    if (!minimize.isNull())
-        PicMinimize->setPixmap(minimize);
-    for (std::size_t i = 0; i < Picture.size(); ++i) {
-        const QPixmap face =
-            platform::loadPicture(m_app, QStringLiteral("\\bitmap\\scene0boton%1.jpg").arg(i + 1));
-        if (!face.isNull())
-            Picture[i]->setPixmap(face);
-    }
+    setFace(PicMinimize, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
+    for (std::size_t i = 0; i < Picture.size(); ++i)
+        setFace(Picture[i], QStringLiteral("\\bitmap\\scene0boton%1.jpg").arg(i + 1));
 }
 
 void Form12::letEventsRun()
@@ -105,6 +293,7 @@ std::optional<app::RuntimeError> Form12::setCustomCursor(const QString& path)
 
 std::optional<app::RuntimeError> Form12::addTrayIcon()
 {
+    AddIcon();
     return std::nullopt;
 }
 
@@ -131,6 +320,20 @@ void Form12::fitToSkin()
         resize(skin.size());
 }
 
-void Form12::applyRegion() {}
+// The skin's region cuts the window; a skin without visible pixels leaves it unshaped.
+void Form12::applyRegion()
+{
+    const QImage skin = picMainSkin->pixmap().toImage();
+    const QList<QRect> rectangles =
+        RegionDesdeImagen(skin.width(), skin.height(),
+                          [&skin](int x, int y) { return quint32(skin.pixel(x, y)) & 0xffffffu; });
+    m_region = QRegion();
+    for (const QRect& r : rectangles)
+        m_region += r;
+    if (rectangles.isEmpty())
+        clearMask();
+    else
+        setMask(m_region);
+}
 
 } // namespace nubo::frame

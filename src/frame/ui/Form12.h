@@ -1,8 +1,13 @@
 #pragma once
 
 #include "app/IStartupView.h"
+#include "app/Options.h"
+#include "frame/FramePlayer.h"
+#include "frame/IFrameWindows.h"
+#include "frame/SceneCounters.h"
 #include "platform/AppFolder.h"
 
+#include <QRegion>
 #include <QWidget>
 
 #include <array>
@@ -11,17 +16,50 @@ class QLabel;
 
 namespace nubo::frame {
 
-// The skinned main window: the skin, five round buttons and the minimize button.
+class Form8;
+class INotifyArea;
+class clsSystemTray;
+
+// The skinned main window: the skin cut to its region, five round buttons that open and
+// close the other windows or end the program, the minimize button and the tray icon.
 class Form12 final : public QWidget, public app::IStartupView
 {
     Q_OBJECT
 public:
-    explicit Form12(const platform::AppFolder& app, QWidget* parent = nullptr);
+    struct Deps
+    {
+        const platform::AppFolder& app;
+        const app::Options& options;
+        IFrameWindows& windows;
+        INotifyArea* notifyArea = nullptr; // none: the program runs without the icon
+    };
+
+    explicit Form12(Deps deps, QWidget* parent = nullptr);
 
     QLabel* picMainSkin = nullptr;
     QLabel* PicMinimize = nullptr;
     QLabel* pikForSYSTRAY = nullptr;
     std::array<QLabel*, 5> Picture{}; // Picture1 .. Picture5
+    clsSystemTray* SystemTray = nullptr;
+
+    void setTrayMenu(Form8* menu) { m_trayMenu = menu; }
+
+    // The mouse-down handlers; points are in the box's own pixels.
+    void pictureMouseDown(int button, QPointF point);
+    void picMinimizeMouseDown(QPointF point);
+    // A character typed on the skin (Ctrl+letter gives 1 .. 26).
+    void skinKeyPress(int character);
+    // A button's window was closed elsewhere: its face steps back to idle.
+    void playClosingFrames(int button);
+
+    void AddIcon();
+    void SystemTray_LButtonDblClk();
+    void SystemTray_RButtonUp();
+    void SystemTray_LButtonDown();
+
+    const SceneCounters& sceneCounters() const { return m_counters; }
+    bool isPlaying(int button) const { return m_player.isPlaying(button); }
+    const QRegion& region() const { return m_region; }
 
     // IStartupView
     quint64 nativeHandle() override;
@@ -34,8 +72,25 @@ public:
     void fitToSkin() override;
     void applyRegion() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
-    const platform::AppFolder& m_app;
+    void buildControls();
+    void setFace(QLabel* box, const QString& relative);
+    void runAction(int button, FaceAction action);
+    void openWindow(FrameWindow window);
+    void exitProgram();
+    bool dragWindow(QObject* watched, QEvent* event);
+    bool animationsOn() const;
+
+    Deps m_deps;
+    SceneCounters m_counters;
+    FramePlayer m_player;
+    Form8* m_trayMenu = nullptr;
+    QRegion m_region;
+    QPoint m_dragOffset;
+    bool m_manualDrag = false;
 };
 
 } // namespace nubo::frame

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+
+namespace nubo::frame {
+
+// The windows that the main window and the tray menu open and close.
+enum class FrameWindow { List, Options, Search, Author };
+
+// How the main window reaches the other windows and ends the program; the composition root
+// connects the real windows, tests pass a fake. A window not connected yet does nothing.
+class IFrameWindows
+{
+public:
+    virtual ~IFrameWindows() = default;
+
+    virtual void showWindow(FrameWindow window) = 0;
+    virtual void hideWindow(FrameWindow window) = 0;
+    virtual bool isWindowVisible(FrameWindow window) const = 0;
+    // The window's outer rectangle on the screen (empty when it is not connected).
+    virtual QRect windowRect(FrameWindow window) const = 0;
+    virtual void moveWindow(FrameWindow window, QPoint topLeft) = 0;
+    // The list window's exit handling: empties the catalogue list without asking.
+    virtual void runListExit() = 0;
+    virtual void endProgram() = 0;
+};
+
+} // namespace nubo::frame

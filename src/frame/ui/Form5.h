@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/ActivityLog.h"
+#include "app/Options.h"
+#include "app/OptionsStore.h"
+#include "platform/AppFolder.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace nubo::frame {
+
+// The options window: its check boxes are the live options record, bound both ways; it
+// saves the record, restores the button defaults and empties the activity log.
+class Form5 final : public QWidget
+{
+    Q_OBJECT
+public:
+    Form5(const platform::AppFolder& app, app::Options& options, app::OptionsStore& store,
+          app::ActivityLog& log, QWidget* parent = nullptr);
+
+    QCheckBox* ChkDblClick = nullptr;
+    QCheckBox* ChkAnim = nullptr;
+    QCheckBox* ChkErrorLog = nullptr;
+    QCheckBox* ChkExcConfg = nullptr;
+    QCheckBox* Chkpro = nullptr;
+    QCheckBox* ChkMInstances = nullptr;
+    std::array<QLabel*, 6> Label{}; // the caption beside each box, in the boxes' order
+    QPushButton* Command1 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* CmdVaciarLog = nullptr;
+
+    QCheckBox* box(app::Option option) const;
+
+signals:
+    // ChkExcConfg changed: the sheet configuration window's activation box follows it.
+    void ChkExcConfgClicked(bool checked);
+    // Chkpro changed: the list window's file-properties display is emptied.
+    void ChkproClicked();
+    // The window was closed (by "&ACEPTAR CAMBIOS" or otherwise).
+    void closed();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildBoxes();
+    void buildButtons();
+    void bind(app::Option option, QCheckBox* check);
+    void VolverAPredeterminados();
+
+    app::Options& m_options;
+    app::OptionsStore& m_store;
+    app::ActivityLog& m_log;
+};
+
+} // namespace nubo::frame

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "frame/IFrameWindows.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+
+namespace nubo::frame {
+
+// The real windows behind IFrameWindows, connected one by one by the composition root;
+// a window or hook not connected yet does nothing.
+class WindowDirectory final : public IFrameWindows
+{
+public:
+    void connectWindow(FrameWindow window, QWidget* widget);
+    void setListExit(std::function<void()> listExit) { m_listExit = std::move(listExit); }
+    void setEndProgram(std::function<void()> endProgram) { m_endProgram = std::move(endProgram); }
+
+    void showWindow(FrameWindow window) override;
+    void hideWindow(FrameWindow window) override;
+    bool isWindowVisible(FrameWindow window) const override;
+    QRect windowRect(FrameWindow window) const override;
+    void moveWindow(FrameWindow window, QPoint topLeft) override;
+    void runListExit() override;
+    void endProgram() override;
+
+private:
+    QWidget* widget(FrameWindow window) const { return m_windows[std::size_t(window)]; }
+
+    std::array<QPointer<QWidget>, 4> m_windows;
+    std::function<void()> m_listExit;
+    std::function<void()> m_endProgram;
+};
+
+} // namespace nubo::frame

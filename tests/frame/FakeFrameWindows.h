@@ -1,0 +1,64 @@
+#pragma once
+
+#include "frame/IFrameWindows.h"
+#include "frame/ui/INotifyArea.h"
+
+#include <QStringList>
+
+#include <array>
+
+// Records what the main window asks of the other windows, in order.
+class FakeFrameWindows final : public nubo::frame::IFrameWindows
+{
+public:
+    QStringList calls;
+    std::array<bool, 4> visible{};
+    std::array<QRect, 4> rects{QRect(0, 0, 300, 200), QRect(0, 0, 500, 340), QRect(0, 0, 300, 200),
+                               QRect(0, 0, 420, 300)};
+
+    static QString name(nubo::frame::FrameWindow w)
+    {
+        return QStringList{"List", "Options", "Search", "Author"}.at(int(w));
+    }
+    void showWindow(nubo::frame::FrameWindow w) override
+    {
+        calls << "show " + name(w);
+        visible[std::size_t(w)] = true;
+    }
+    void hideWindow(nubo::frame::FrameWindow w) override
+    {
+        calls << "hide " + name(w);
+        visible[std::size_t(w)] = false;
+    }
+    bool isWindowVisible(nubo::frame::FrameWindow w) const override
+    {
+        return visible[std::size_t(w)];
+    }
+    QRect windowRect(nubo::frame::FrameWindow w) const override { return rects[std::size_t(w)]; }
+    void moveWindow(nubo::frame::FrameWindow w, QPoint topLeft) override
+    {
+        calls << "move " + name(w);
+        rects[std::size_t(w)].moveTopLeft(topLeft);
+    }
+    void runListExit() override { calls << "list exit"; }
+    void endProgram() override { calls << "end"; }
+};
+
+// Records the requests made of the notification area.
+class FakeNotifyArea final : public nubo::frame::INotifyArea
+{
+public:
+    QList<nubo::frame::NotifyMessage> messages;
+    QStringList tips;
+    std::function<void(int)> handler;
+    bool available = true;
+
+    bool notify(nubo::frame::NotifyMessage message, const nubo::frame::TrayRecord& record,
+                const QIcon&) override
+    {
+        messages << message;
+        tips << record.shownTip();
+        return available;
+    }
+    void setMouseHandler(std::function<void(int)> h) override { handler = std::move(h); }
+};

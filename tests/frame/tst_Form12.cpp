@@ -1,0 +1,212 @@
+#include "FakeFrameWindows.h"
+#include "app/Options.h"
+#include "frame/ui/Form12.h"
+#include "frame/ui/Form8.h"
+#include "frame/ui/clsSystemTray.h"
+
+#include <QFileInfo>
+#include <QIcon>
+#include <QLabel>
+#include <QMenu>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo;
+using frame::Form12;
+
+namespace {
+
+QString shippedResources()
+{
+    return qEnvironmentVariable("NUBO_SOURCE_DIR") + QStringLiteral("/resources");
+}
+
+// The main window over the shipped pictures, with fakes for the other windows.
+struct Fixture
+{
+    platform::AppFolder app{shippedResources()};
+    app::Options options;
+    FakeFrameWindows windows;
+    FakeNotifyArea area;
+    Form12 form{{app, options, windows, &area}};
+
+    explicit Fixture(bool animations)
+    {
+        options.setValue(app::Option::PermitirAnims, animations ? 1 : 0);
+        form.loadButtonFaces();
+        form.addTrayIcon();
+        form.loadSkin(app.resolve(QStringLiteral("\\bitmap\\conarrows.JPG")));
+        form.fitToSkin();
+        form.applyRegion();
+    }
+    void key(Qt::Key key) { QTest::keyClick(form.picMainSkin, key, Qt::ControlModifier); }
+};
+
+// Counts the 4-connected pieces of a region.
+int pieces(const QRegion& region)
+{
+    const QRect bounds = region.boundingRect();
+    const int w = bounds.width();
+    std::vector<char> inside(std::size_t(w * bounds.height()), 0);
+    auto at = [&](QPoint p) -> char& {
+        return inside[std::size_t((p.y() - bounds.top()) * w + p.x() - bounds.left())];
+    };
+    for (const QRect& r : region)
+        for (int y = r.top(); y <= r.bottom(); ++y)
+            for (int x = r.left(); x <= r.right(); ++x)
+                at({x, y}) = 1;
+    int count = 0;
+    for (int y = bounds.top(); y <= bounds.bottom(); ++y)
+        for (int x = bounds.left(); x <= bounds.right(); ++x) {
+            if (!at({x, y}))
+                continue;
+            ++count;
+            QList<QPoint> todo{{x, y}};
+            at({x, y}) = 0;
+            while (!todo.isEmpty()) {
+                const QPoint p = todo.takeLast();
+                for (QPoint d : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+                    const QPoint n = p + d;
+                    if (bounds.contains(n) && at(n)) {
+                        at(n) = 0;
+                        todo.append(n);
+                    }
+                }
+            }
+        }
+    return count;
+}
+
+} // namespace
+
+class TestForm12 final : public QObject
+{
+    Q_OBJECT
+private slots:
+    // The shipped skin cuts the window to one clean piece: no stray islands of key colour.
+    void shippedSkinGivesOneCleanRegion()
+    {
+        Fixture f(false);
+        const QRegion& region = f.form.region();
+        QVERIFY(!region.isEmpty());
+        QCOMPARE(pieces(region), 1);
+        QVERIFY(region.boundingRect() != f.form.rect()); // clearly not a rectangle
+        QVERIFY2(region.rectCount() < 1000, qPrintable(QString::number(region.rectCount())));
+        for (QLabel* button : f.form.Picture)
+            QVERIFY(region.contains(button->geometry()));
+    }
+
+    // Every picture the windows load is shipped; the chooser's extensionless name is not.
+    void shippedPictures()
+    {
+        const platform::AppFolder app(shippedResources());
+        QStringList names = {"conarrows.JPG",     "minimizeoff.jpg",       "minimizeon.jpg",
+                             "mainform1.jpg",     "scene0boton1form1.jpg", "scene1boton2form1.jpg",
+                             "BotonExceloff.jpg", "BotonExcelon.jpg",      "bool2.jpg",
+                             "bool3.jpg",         "mainform3.jpg",         "form3Bot2off.jpg",
+                             "form3bot3off.jpg",  "form3Bot3on.jpg",       "form3bot1hit.jpg",
+                             "mainform4.jpg",     "form4bot1on.jpg",       "mainform5.jpg",
+                             "mainform7.jpg",     "form7bot1off.jpg",      "form7bot1on.jpg"};
+        for (int button = 1; button <= 5; ++button)
+            for (int frame = 0; frame <= 6; ++frame)
+                names << QStringLiteral("scene%1boton%2.jpg").arg(frame).arg(button);
+        for (const QString& name : names)
+            QVERIFY2(!QImage(app.resolve("\\bitmap\\" + name)).isNull(), qPrintable(name));
+        QVERIFY(!QFileInfo::exists(app.resolve(QStringLiteral("\\bitmap\\form4bot1"))));
+        QVERIFY(!QIcon(app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))).isNull());
+    }
+
+    void transparentSkinLeavesTheWindowUnshaped()
+    {
+        QTemporaryDir dir;
+        QImage flat(40, 30, QImage::Format_RGB32);
+        flat.fill(Qt::magenta);
+        QVERIFY(flat.save(dir.filePath(QStringLiteral("flat.png"))));
+        Fixture f(false);
+        f.form.loadSkin(dir.filePath(QStringLiteral("flat.png")));
+        f.form.applyRegion();
+        QVERIFY(f.form.region().isEmpty());
+        QVERIFY(f.form.mask().isEmpty());
+    }
+
+    // Ctrl+S empties the list and ends the program at once, without a question.
+    void ctrlSEnds()
+    {
+        Fixture f(false);
+        f.key(Qt::Key_S);
+        QCOMPARE(f.windows.calls, (QStringList{"list exit", "end"}));
+        QCOMPARE(f.area.messages.constLast(), frame::NotifyMessage::Delete);
+    }
+
+    void buttonsOpenAndClose_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("window");
+        QTest::addColumn<QStringList>("opening");
+        QTest::newRow("Ctrl+L") << int(Qt::Key_L) << "List" << QStringList{"show List"};
+        QTest::newRow("Ctrl+A") << int(Qt::Key_A) << "Search" << QStringList{"show Search"};
+        QTest::newRow("Ctrl+I") << int(Qt::Key_I) << "Author"
+                                << QStringList{"move Author", "show Author"};
+    }
+
+    void buttonsOpenAndClose()
+    {
+        QFETCH(int, key);
+        QFETCH(QString, window);
+        QFETCH(QStringList, opening);
+        Fixture f(true);
+        f.key(Qt::Key(key));
+        QVERIFY(f.windows.calls.isEmpty()); // the window opens after the frames
+        QTRY_COMPARE(f.windows.calls, opening);
+        f.key(Qt::Key(key));
+        QTRY_COMPARE(f.windows.calls, opening + QStringList{"hide " + window});
+    }
+
+    void optionsOpenBesideTheMainWindow()
+    {
+        Fixture f(false);
+        f.form.move(40, 30);
+        f.key(Qt::Key_O);
+        QCOMPARE(f.windows.calls, (QStringList{"move Options", "show Options"}));
+        QCOMPARE(f.form.sceneCounters().counter(2), 6);
+        f.form.playClosingFrames(2);
+        QCOMPARE(f.form.sceneCounters().counter(2), 0);
+    }
+
+    void pressesOutsideTheCircleDoNothing()
+    {
+        Fixture f(false);
+        QTest::mouseClick(f.form.Picture[0], Qt::LeftButton, {}, QPoint(1, 1));
+        QTest::mouseClick(f.form.Picture[0], Qt::RightButton, {}, QPoint(33, 33));
+        QCOMPARE(f.windows.calls, QStringList{"show List"});
+    }
+
+    void minimize()
+    {
+        Fixture f(false);
+        f.form.show();
+        f.form.picMinimizeMouseDown(QPointF(20, 10));
+        QVERIFY(!f.form.isMinimized());
+        f.form.picMinimizeMouseDown(QPointF(18, 10));
+        QVERIFY(f.form.isMinimized());
+        f.area.handler(515); // the tray icon's double click restores it
+        QVERIFY(!f.form.isMinimized());
+    }
+
+    void trayIconAndMenu()
+    {
+        Fixture f(false);
+        QCOMPARE(f.area.messages.constFirst(), frame::NotifyMessage::Add);
+        QCOMPARE(f.form.SystemTray->ToolTipText(), QStringLiteral("Nubo Beta Version 1.5!!!"));
+        frame::Form8 menu(f.windows);
+        f.form.setTrayMenu(&menu);
+        f.area.handler(517);
+        QVERIFY(menu.menu->isVisible());
+        f.area.handler(513);
+        QVERIFY(!menu.menu->isVisible());
+    }
+};
+
+QTEST_MAIN(TestForm12)
+#include "tst_Form12.moc"

@@ -1,0 +1,135 @@
+#include "app/ActivityLog.h"
+#include "app/Options.h"
+#include "app/OptionsStore.h"
+#include "frame/ui/Form5.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo;
+using app::Option;
+
+namespace {
+
+// A fresh application folder with the options file and log prepared, and the window.
+struct Fixture
+{
+    QTemporaryDir dir;
+    platform::AppFolder app{dir.path()};
+    app::Options options;
+    app::ActivityLog log{app, [this] { return options.isOn(Option::EscribirLog); }};
+    app::OptionsStore store{app, options, log};
+    std::unique_ptr<frame::Form5> form;
+
+    Fixture()
+    {
+        store.PrepararCarpetas();
+        form = std::make_unique<frame::Form5>(app, options, store, log);
+        store.LeerOpciones();
+    }
+    QString optionsFile() const
+    {
+        QFile file(app.resolve(QStringLiteral("\\ini\\Config.nbo")));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+    qint64 logSize() const { return QFileInfo(log.path()).size(); }
+};
+
+} // namespace
+
+class TestForm5 final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void captionsAndTooltips()
+    {
+        Fixture f;
+        QCOMPARE(f.form->Label[1]->text(), QStringLiteral("Pemitir Animaciones"));
+        QCOMPARE(f.form->Label[4]->toolTip(),
+                 QStringLiteral("Si es mp*, muestra el ID3 tag,sino muestra el tipo de archivo"));
+        QCOMPARE(f.form->ChkMInstances->toolTip(),
+                 QStringLiteral("Permite activar o desactivar esta opción"));
+        QCOMPARE(f.form->Command2->text(), QStringLiteral("&Volver A Predeterminados"));
+        QCOMPARE(f.form->CmdVaciarLog->toolTip(),
+                 QStringLiteral("Vaciar el contenido del archivo .log"));
+        QVERIFY(f.form->findChild<QCheckBox*>(QStringLiteral("ChkExcConfg")));
+    }
+
+    // The boxes are the record: a change on either side shows on the other at once.
+    void boxesAreTheRecord()
+    {
+        Fixture f;
+        QVERIFY(f.form->ChkAnim->isChecked()); // read from the defaults file
+        QVERIFY(!f.form->ChkExcConfg->isChecked());
+        f.options.setValue(Option::ConfigExcel, 1);
+        QVERIFY(f.form->ChkExcConfg->isChecked());
+        f.form->ChkDblClick->click();
+        QCOMPARE(f.options.value(Option::DblClkExecute), 0);
+    }
+
+    void defaultsThenSaveWriteConfigExcel()
+    {
+        Fixture f;
+        QVERIFY(f.optionsFile().contains(QStringLiteral("CONFIGEXCEL=0")));
+        f.form->ChkMInstances->setChecked(true);
+        f.form->Command2->click();
+        QVERIFY(!f.optionsFile().contains(QStringLiteral("CONFIGEXCEL=1"))); // not saved yet
+        QCOMPARE(f.options.value(Option::MInstances), 0);
+        QSignalSpy closed(f.form.get(), &frame::Form5::closed);
+        f.form->show();
+        f.form->Command1->click();
+        QVERIFY(f.optionsFile().contains(QStringLiteral("CONFIGEXCEL=1")));
+        QVERIFY(f.optionsFile().contains(QStringLiteral("MINSTANCES=0")));
+        QVERIFY(!f.form->isVisible());
+        QCOMPARE(closed.size(), 1);
+    }
+
+    void untickingTheLogStopsLinesAtOnce()
+    {
+        Fixture f;
+        f.log.AnotarEnLog(QStringLiteral("antes"));
+        const qint64 before = f.logSize();
+        QVERIFY(before > 0);
+        f.form->ChkErrorLog->click();
+        f.log.AnotarEnLog(QStringLiteral("despues"));
+        QCOMPARE(f.logSize(), before);
+    }
+
+    void emptyingTheLogIgnoresTheOption()
+    {
+        Fixture f;
+        f.log.AnotarEnLog(QStringLiteral("linea"));
+        f.form->ChkErrorLog->setChecked(false);
+        f.form->CmdVaciarLog->click();
+        QCOMPARE(f.logSize(), 0);
+    }
+
+    void clickSideEffects()
+    {
+        Fixture f;
+        QSignalSpy excel(f.form.get(), &frame::Form5::ChkExcConfgClicked);
+        QSignalSpy properties(f.form.get(), &frame::Form5::ChkproClicked);
+        f.form->ChkExcConfg->click();
+        f.form->Chkpro->click();
+        QCOMPARE(excel.size(), 1);
+        QCOMPARE(excel.at(0).at(0).toBool(), true);
+        QCOMPARE(properties.size(), 1);
+    }
+
+    void closingByTheWindowFrameStepsTheFaceBack()
+    {
+        Fixture f;
+        QSignalSpy closed(f.form.get(), &frame::Form5::closed);
+        f.form->show();
+        f.form->close();
+        QCOMPARE(closed.size(), 1);
+    }
+};
+
+QTEST_MAIN(TestForm5)
+#include "tst_Form5.moc"

@@ -1,0 +1,114 @@
+#include "FakeFrameWindows.h"
+#include "frame/ui/Form8.h"
+#include "frame/ui/QtNotifyArea.h"
+#include "frame/ui/clsSystemTray.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace nubo::frame;
+
+class TestSystemTray final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void changesBeforeAddOnlyStore()
+    {
+        FakeNotifyArea area;
+        clsSystemTray tray(area);
+        tray.setToolTipText(QStringLiteral("uno"));
+        tray.setIcon(QIcon());
+        QVERIFY(area.messages.isEmpty());
+        QCOMPARE(tray.ToolTipText(), QStringLiteral("uno"));
+
+        tray.AddIconToSystemTray();
+        QVERIFY(tray.isShown());
+        tray.setToolTipText(QStringLiteral("dos"));
+        tray.setIcon(QIcon());
+        tray.RemoveIconFromSystemTray();
+        QCOMPARE(area.messages,
+                 (QList<NotifyMessage>{NotifyMessage::Add, NotifyMessage::Modify,
+                                       NotifyMessage::Modify, NotifyMessage::Delete}));
+        QCOMPARE(area.tips.at(1), QStringLiteral("dos"));
+    }
+
+    // Without a notification area the answer is kept and the program goes on.
+    void noNotificationArea()
+    {
+        FakeNotifyArea area;
+        area.available = false;
+        clsSystemTray tray(area);
+        tray.AddIconToSystemTray();
+        QVERIFY(!tray.lastResult());
+        QVERIFY(tray.isShown());
+    }
+
+    void pictureBoxIsHidden()
+    {
+        FakeNotifyArea area;
+        clsSystemTray tray(area);
+        QWidget owner;
+        auto* box = new QLabel(&owner);
+        owner.show();
+        tray.setPPictureBox(box);
+        QCOMPARE(tray.PPictureBox(), box);
+        QVERIFY(!box->isVisible());
+    }
+
+    void mouseMessagesRaiseEvents()
+    {
+        FakeNotifyArea area;
+        clsSystemTray tray(area);
+        QSignalSpy dbl(&tray, &clsSystemTray::LButtonDblClk);
+        QSignalSpy down(&tray, &clsSystemTray::LButtonDown);
+        QSignalSpy rup(&tray, &clsSystemTray::RButtonUp);
+        for (int message : {512, 515, 513, 517, 512})
+            area.handler(message);
+        QCOMPARE(dbl.size(), 1);
+        QCOMPARE(down.size(), 1);
+        QCOMPARE(rup.size(), 1);
+        QCOMPARE(tray.record().lastMessage(), 512);
+        QCOMPARE(tray.record().previousMessage(), 517);
+    }
+
+    void activationReasons_data()
+    {
+        QTest::addColumn<int>("reason");
+        QTest::addColumn<QList<int>>("messages");
+        QTest::newRow("click") << int(QSystemTrayIcon::Trigger) << QList<int>{513, 514};
+        QTest::newRow("double click") << int(QSystemTrayIcon::DoubleClick) << QList<int>{515};
+        QTest::newRow("context") << int(QSystemTrayIcon::Context) << QList<int>{517};
+        QTest::newRow("middle") << int(QSystemTrayIcon::MiddleClick) << QList<int>{};
+        QTest::newRow("unknown") << int(QSystemTrayIcon::Unknown) << QList<int>{};
+    }
+
+    void activationReasons()
+    {
+        QFETCH(int, reason);
+        QFETCH(QList<int>, messages);
+        QCOMPARE(trayMessagesFor(QSystemTrayIcon::ActivationReason(reason)), messages);
+    }
+
+    void menuEntries()
+    {
+        FakeFrameWindows windows;
+        Form8 form(windows);
+        const QList<QAction*> actions = form.menu->actions();
+        QCOMPARE(actions.size(), 3);
+        QCOMPARE(actions[0]->text(), QStringLiteral("&Sobre el autor"));
+        QCOMPARE(actions[1]->text(), QStringLiteral("&Opciones"));
+        QCOMPARE(actions[2]->text(), QStringLiteral("&Quitar"));
+        for (QAction* action : actions)
+            QVERIFY(!action->icon().isNull());
+        form.Author->trigger();
+        form.options->trigger();
+        form.quit->trigger();
+        QCOMPARE(windows.calls, (QStringList{"show Author", "show Options", "list exit", "end"}));
+    }
+};
+
+QTEST_MAIN(TestSystemTray)
+#include "tst_clsSystemTray.moc"
