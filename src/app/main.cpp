@@ -3,6 +3,7 @@
 #include "app/Options.h"
 #include "app/OptionsStore.h"
 #include "app/StartupSequence.h"
+#include "catalogue/ui/ListWindow.h"
 #include "frame/ui/Form12.h"
 #include "frame/ui/Form5.h"
 #include "frame/ui/Form6.h"
@@ -10,6 +11,7 @@
 #include "frame/ui/QtNotifyArea.h"
 #include "frame/ui/WindowDirectory.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/ui/DesktopShell.h"
 #include "platform/ui/QtDialogs.h"
 
 #include <QApplication>
@@ -67,6 +69,19 @@ int main(int argc, char** argv)
          QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()});
     if (startup.run(mainWindow) == app::StartupSequence::Outcome::EndProgram)
         return 0;
+
+    // The list window: shown and hidden by the main window, never destroyed before the end.
+    const std::unique_ptr<platform::IShell> shell = platform::createLinuxShell(&mainWindow);
+    catalogue::ListWindow list({appFolder, *services.drives, dialogs, *shell, options});
+    QObject::connect(&list.form, &catalogue::Form1::endProgramRequested, &application,
+                     &QCoreApplication::quit);
+    windows.connectWindow(frame::FrameWindow::List, &list.form);
+    windows.setListExit([&list] { list.form.ExitProgram->trigger(); });
+    windows.setEmptyList([&list] { list.catalogue.list().clear(); });
+    QObject::connect(&list.form, &catalogue::Form1::sceneStepBackRequested, &mainWindow,
+                     [&mainWindow] { mainWindow.playClosingFrames(1); });
+    QObject::connect(&list.form, &catalogue::Form1::optionsWindowRequested, &optionsWindow,
+                     [&windows] { windows.showWindow(frame::FrameWindow::Options); });
     mainWindow.show();
     application.setQuitOnLastWindowClosed(false);
     return application.exec();

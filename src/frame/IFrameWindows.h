@@ -22,6 +22,8 @@ public:
     virtual QRect windowRect(FrameWindow window) const = 0;
     virtual void moveWindow(FrameWindow window, QPoint topLeft) = 0;
     // The list window's exit handling: empties the catalogue list without asking.
+    // The exit button's step: the catalogue list is emptied without any question.
+    virtual void emptyList() = 0;
     virtual void runListExit() = 0;
     virtual void endProgram() = 0;
 };

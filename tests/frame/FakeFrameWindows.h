@@ -40,6 +40,7 @@ public:
         calls << "move " + name(w);
         rects[std::size_t(w)].moveTopLeft(topLeft);
     }
+    void emptyList() override { calls << "empty list"; }
     void runListExit() override { calls << "list exit"; }
     void endProgram() override { calls << "end"; }
 };

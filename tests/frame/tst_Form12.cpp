@@ -135,7 +135,7 @@ private slots:
     {
         Fixture f(false);
         f.key(Qt::Key_S);
-        QCOMPARE(f.windows.calls, (QStringList{"list exit", "end"}));
+        QCOMPARE(f.windows.calls, (QStringList{"empty list", "end"}));
         QCOMPARE(f.area.messages.constLast(), frame::NotifyMessage::Delete);
     }
 

@@ -166,7 +166,7 @@ void Form12::exitProgram()
 {
     if (SystemTray)
         SystemTray->RemoveIconFromSystemTray();
-    m_deps.windows.runListExit();
+    m_deps.windows.emptyList();
     m_deps.windows.endProgram();
 }
 

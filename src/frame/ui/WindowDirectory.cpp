@@ -40,6 +40,12 @@ void WindowDirectory::moveWindow(FrameWindow window, QPoint topLeft)
         w->move(topLeft);
 }
 
+void WindowDirectory::emptyList()
+{
+    if (m_emptyList)
+        m_emptyList();
+}
+
 void WindowDirectory::runListExit()
 {
     if (m_listExit)

@@ -17,6 +17,7 @@ class WindowDirectory final : public IFrameWindows
 public:
     void connectWindow(FrameWindow window, QWidget* widget);
     void setListExit(std::function<void()> listExit) { m_listExit = std::move(listExit); }
+    void setEmptyList(std::function<void()> emptyList) { m_emptyList = std::move(emptyList); }
     void setEndProgram(std::function<void()> endProgram) { m_endProgram = std::move(endProgram); }
 
     void showWindow(FrameWindow window) override;
@@ -24,6 +25,7 @@ public:
     bool isWindowVisible(FrameWindow window) const override;
     QRect windowRect(FrameWindow window) const override;
     void moveWindow(FrameWindow window, QPoint topLeft) override;
+    void emptyList() override;
     void runListExit() override;
     void endProgram() override;
 
@@ -32,6 +34,7 @@ private:
 
     std::array<QPointer<QWidget>, 4> m_windows;
     std::function<void()> m_listExit;
+    std::function<void()> m_emptyList;
     std::function<void()> m_endProgram;
 };
 
