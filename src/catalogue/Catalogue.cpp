@@ -1,0 +1,142 @@
+#include "catalogue/Catalogue.h"
+
+#include "catalogue/Colours.h"
+#include "catalogue/ICatalogueSaveFlow.h"
+#include "platform/IDialogs.h"
+
+#include <QFileInfo>
+
+namespace nubo::catalogue {
+
+using platform::MessageAnswer;
+
+namespace {
+
+QString emptyCountLine()
+{
+    return QStringLiteral("La lista esta vacia");
+}
+
+} // namespace
+
+Catalogue::Catalogue(const platform::IDrives& drives, platform::IDialogs& dialogs, QObject* parent)
+    : QObject(parent), m_dialogs(dialogs), m_list(this), m_deriver(drives), m_info(this)
+{
+}
+
+void Catalogue::setGroupName(const QString& name)
+{
+    m_groupName = name;
+    emit groupNameChanged(name);
+}
+
+void Catalogue::setCurrentFile(const QString& path)
+{
+    m_currentFile = path;
+    emit currentFileChanged(path);
+}
+
+void Catalogue::AddFileToList(QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        return;
+    CatalogueRow row = m_deriver.derive(path);
+    row.origen = m_groupName;
+    m_list.insertAtTop(std::move(row));
+    UpdateCountLine();
+}
+
+// The plural is kept even for one row.
+void Catalogue::UpdateCountLine()
+{
+    setCountLine(QStringLiteral("La lista contiene %1 archivos actualmente").arg(m_list.count()));
+}
+
+void Catalogue::setCountLine(const QString& text)
+{
+    if (text == m_countLine)
+        return;
+    m_countLine = text;
+    emit countLineChanged(text);
+}
+
+void Catalogue::DeleteSelectedRows()
+{
+    if (m_list.isEmpty()) {
+        ShowInfoMessage(
+            QStringLiteral("ADVERTENCIA: No se pueden eliminar archivos de una lista vacia!"),
+            10000, colours::kRed);
+        setCountLine(emptyCountLine());
+        return;
+    }
+    const int removed = m_list.removeSelected();
+    const QString left = QString::number(m_list.count());
+    // The count line's number follows the rows removed, not the rows left; and with nothing
+    // removed the count prints as an empty text, leaving two blanks in the message.
+    if (removed > 1) {
+        ShowInfoMessage(QStringLiteral("Han sido eliminados %1 archivos de la lista").arg(removed),
+                        5000, colours::kBlue);
+        setCountLine(QStringLiteral("La lista contiene ") + left +
+                     QStringLiteral(" archivos actualmente"));
+    } else {
+        const QString count = removed == 0 ? QString() : QString::number(removed);
+        ShowInfoMessage(QStringLiteral("Ha sido eliminado ") + count +
+                            QStringLiteral(" archivo de la lista"),
+                        5000, colours::kBlue);
+        setCountLine(QStringLiteral("La lista contiene ") + left +
+                     QStringLiteral(" archivo actualmente"));
+    }
+}
+
+void Catalogue::EmptyList()
+{
+    if (m_list.isEmpty()) {
+        ShowInfoMessage(QStringLiteral("No es posible vaciar una lista vacia"), 5000,
+                        colours::kRed);
+        return;
+    }
+    if (!offerToSave())
+        return;
+    setCurrentFile(QString());
+    m_list.clear();
+    // The count line keeps its last text until the next addition or deletion, deliberately.
+    ShowInfoMessage(QStringLiteral("La lista ha sido vaciada"), 10000, colours::kBlue);
+}
+
+bool Catalogue::offerToSave()
+{
+    const QString current = m_currentFile;
+    const MessageAnswer answer = m_dialogs.messageBox(
+        QStringLiteral("¿ Desea guardar la lista ") + current + QStringLiteral("?"),
+        QStringLiteral("Guardar lista actual"), platform::MessageButtons::YesNoCancel,
+        platform::MessageIcon::Question);
+    if (answer == MessageAnswer::No)
+        return true;
+    if (answer != MessageAnswer::Yes || !m_saveFlow)
+        return false;
+    if (!current.isEmpty()) {
+        m_saveFlow->saveToCurrentFile(current);
+        return true;
+    }
+    const QString chosen = m_saveFlow->askSaveAsName();
+    if (chosen.isEmpty())
+        return false;
+    m_saveFlow->saveToPath(chosen);
+    return true;
+}
+
+// The order is one setting for the whole list and flips on every click, whatever the column.
+void Catalogue::SortByColumn(int column)
+{
+    if (column < 0 || column >= kColumnCount)
+        return;
+    m_sortOrder = m_sortOrder == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
+    m_list.sortByColumn(static_cast<Column>(column), m_sortOrder);
+}
+
+void Catalogue::ShowInfoMessage(const QString& text, qint16 delayMs, quint32 colour)
+{
+    m_info.ShowInfoMessage(text, delayMs, colour);
+}
+
+} // namespace nubo::catalogue

@@ -1,0 +1,202 @@
+#include "catalogue/CatalogueList.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace nubo::catalogue {
+
+namespace {
+
+// Beyond this many separate runs of selected rows, one model reset is cheaper for the views
+// than a removal signal per run.
+constexpr int kMaxRemovalRuns = 32;
+
+} // namespace
+
+CatalogueList::CatalogueList(QObject* parent) : QAbstractTableModel(parent)
+{
+    m_flushTimer.setSingleShot(true);
+    m_flushTimer.setInterval(kFlushIntervalMs);
+    connect(&m_flushTimer, &QTimer::timeout, this, &CatalogueList::flush);
+}
+
+void CatalogueList::insertAtTop(CatalogueRow row)
+{
+    m_rows.push_back(std::move(row));
+    if (!m_flushTimer.isActive())
+        m_flushTimer.start();
+}
+
+void CatalogueList::flush()
+{
+    m_flushTimer.stop();
+    const int pending = pendingCount();
+    if (pending == 0)
+        return;
+    beginInsertRows({}, 0, pending - 1);
+    m_shown = count();
+    endInsertRows();
+}
+
+void CatalogueList::removeAt(int position)
+{
+    if (position < 0 || position >= count())
+        return;
+    flush();
+    beginRemoveRows({}, position, position);
+    removeStorageRange(storageIndex(position), storageIndex(position));
+    endRemoveRows();
+}
+
+void CatalogueList::removeStorageRange(std::size_t first, std::size_t last)
+{
+    m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(first),
+                 m_rows.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+    m_shown = count();
+}
+
+void CatalogueList::clear()
+{
+    m_flushTimer.stop();
+    beginResetModel();
+    m_rows.clear();
+    m_shown = 0;
+    endResetModel();
+}
+
+void CatalogueList::setSelected(int position, bool selected)
+{
+    if (position >= 0 && position < count())
+        m_rows[storageIndex(position)].selected = selected;
+}
+
+void CatalogueList::clearSelection()
+{
+    for (CatalogueRow& r : m_rows)
+        r.selected = false;
+}
+
+int CatalogueList::removeSelected()
+{
+    flush();
+    // Runs of adjacent selected rows, as [first, last] positions, top to bottom.
+    std::vector<std::pair<int, int>> runs;
+    for (int p = 0; p < count(); ++p) {
+        if (!isSelected(p))
+            continue;
+        if (!runs.empty() && runs.back().second == p - 1)
+            runs.back().second = p;
+        else
+            runs.emplace_back(p, p);
+    }
+    int removed = 0;
+    for (const auto& run : runs)
+        removed += run.second - run.first + 1;
+    if (static_cast<int>(runs.size()) > kMaxRemovalRuns) {
+        beginResetModel();
+        std::erase_if(m_rows, [](const CatalogueRow& r) { return r.selected; });
+        m_shown = count();
+        endResetModel();
+        return removed;
+    }
+    // Bottom run first, so the positions of the runs above stay valid.
+    for (auto it = runs.rbegin(); it != runs.rend(); ++it) {
+        beginRemoveRows({}, it->first, it->second);
+        removeStorageRange(storageIndex(it->second), storageIndex(it->first));
+        endRemoveRows();
+    }
+    return removed;
+}
+
+void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
+{
+    flush();
+    if (count() < 2)
+        return;
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    // order[newPosition] = oldPosition; equal texts keep their relative order.
+    std::vector<int> byNewPosition(m_rows.size());
+    std::iota(byNewPosition.begin(), byNewPosition.end(), 0);
+    std::stable_sort(byNewPosition.begin(), byNewPosition.end(), [&](int a, int b) {
+        const int c =
+            QString::compare(row(a).text(column), row(b).text(column), Qt::CaseInsensitive);
+        return order == Qt::AscendingOrder ? c < 0 : c > 0;
+    });
+    std::vector<CatalogueRow> sorted(m_rows.size());
+    std::vector<int> newPositionOf(m_rows.size());
+    for (int p = 0; p < count(); ++p) {
+        sorted[storageIndex(p)] = std::move(m_rows[storageIndex(byNewPosition[p])]);
+        newPositionOf[byNewPosition[p]] = p;
+    }
+    m_rows = std::move(sorted);
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (const QModelIndex& index : before)
+        after.append(this->index(newPositionOf[index.row()], index.column()));
+    changePersistentIndexList(before, after);
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+int CatalogueList::positionOf(const QModelIndex& index) const
+{
+    if (!index.isValid() || index.row() >= m_shown)
+        return -1;
+    return index.row() + pendingCount();
+}
+
+QModelIndex CatalogueList::indexAt(int position, Column column) const
+{
+    const int viewRow = position - pendingCount();
+    if (viewRow < 0 || viewRow >= m_shown)
+        return {};
+    return index(viewRow, static_cast<int>(column));
+}
+
+int CatalogueList::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_shown;
+}
+
+int CatalogueList::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : kColumnCount;
+}
+
+QVariant CatalogueList::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) ||
+        (role != Qt::DisplayRole && role != Qt::EditRole))
+        return {};
+    const CatalogueRow& r = m_rows[static_cast<std::size_t>(m_shown - 1 - index.row())];
+    return r.text(static_cast<Column>(index.column()));
+}
+
+bool CatalogueList::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::EditRole ||
+        index.column() != static_cast<int>(Column::Nombre))
+        return false;
+    m_rows[static_cast<std::size_t>(m_shown - 1 - index.row())].nombre = value.toString();
+    emit dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
+    return true;
+}
+
+QVariant CatalogueList::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+        section >= kColumnCount)
+        return {};
+    return columnCaptions().at(section);
+}
+
+Qt::ItemFlags CatalogueList::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags result = QAbstractTableModel::flags(index);
+    // Only the name is edited in place.
+    if (index.isValid() && index.column() == static_cast<int>(Column::Nombre))
+        result |= Qt::ItemIsEditable;
+    return result;
+}
+
+} // namespace nubo::catalogue

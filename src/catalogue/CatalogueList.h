@@ -1,0 +1,77 @@
+#pragma once
+
+// The catalogue list: the ordered rows the list window shows, newest first.
+//
+// API (stable; the search, database and print subsystems build on it):
+//   Positions are 0-based over all rows, 0 = the top row (the most recently added).
+//   int count() const                       number of rows
+//   const CatalogueRow& row(int p) const    the row at position p
+//   void insertAtTop(CatalogueRow)          O(1): the new row becomes position 0
+//   void removeAt(int p), void clear()
+//   bool isSelected(int p), void setSelected(int p, bool)
+//   int removeSelected()                    removes every selected row; returns how many
+//   void sortByColumn(Column, Qt::SortOrder)  stable, case-insensitive text order
+//   void flush()                            announces pending rows to the views now
+//   int positionOf(QModelIndex), QModelIndex indexAt(int p)   view <-> position
+// Rows are derived from paths by Catalogue::AddFileToList (Catalogue.h), the one way in
+// which a found or dropped file becomes a row.
+//
+// As a Qt model it is a five-column table. Rows added at the top are announced to views in
+// batches (at most every kFlushIntervalMs, and before any other change), so a long search
+// costs one view update per batch rather than one per row: rowCount() may lag count().
+
+#include "catalogue/CatalogueRow.h"
+
+#include <QAbstractTableModel>
+#include <QTimer>
+
+#include <vector>
+
+namespace nubo::catalogue {
+
+class CatalogueList final : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    static constexpr int kFlushIntervalMs = 100;
+
+    explicit CatalogueList(QObject* parent = nullptr);
+
+    int count() const { return static_cast<int>(m_rows.size()); }
+    bool isEmpty() const { return m_rows.empty(); }
+    const CatalogueRow& row(int position) const { return m_rows[storageIndex(position)]; }
+
+    void insertAtTop(CatalogueRow row);
+    void removeAt(int position);
+    void clear();
+    bool isSelected(int position) const { return row(position).selected; }
+    void setSelected(int position, bool selected);
+    void clearSelection();
+    int removeSelected();
+    void sortByColumn(Column column, Qt::SortOrder order);
+
+    void flush();
+    int pendingCount() const { return count() - m_shown; }
+    int positionOf(const QModelIndex& index) const;
+    QModelIndex indexAt(int position, Column column = Column::Nombre) const;
+
+    // QAbstractItemModel
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    // Rows are stored oldest first, so adding at the top is an append.
+    std::size_t storageIndex(int position) const { return m_rows.size() - 1 - position; }
+    void removeStorageRange(std::size_t first, std::size_t last);
+
+    std::vector<CatalogueRow> m_rows;
+    int m_shown = 0; // rows announced to views: m_rows[0, m_shown)
+    QTimer m_flushTimer;
+};
+
+} // namespace nubo::catalogue

@@ -1,0 +1,40 @@
+#pragma once
+
+namespace nubo::app {
+class Options;
+}
+namespace nubo::platform {
+class IShell;
+}
+
+namespace nubo::catalogue {
+
+class Catalogue;
+class EntryPathResolver;
+
+// Hands catalogue rows to the desktop shell: playing, queueing and the double-click open.
+class EntryOpener final
+{
+public:
+    EntryOpener(Catalogue& catalogue, const EntryPathResolver& resolver, platform::IShell& shell,
+                const app::Options& options)
+        : m_catalogue(catalogue), m_resolver(resolver), m_shell(shell), m_options(options)
+    {
+    }
+
+    // "open" for the row that has the focus; the outcome is not checked.
+    void PlaySelectedEntry(int focusedPosition);
+    // "Enqueue" for every selected row, top to bottom; the outcome is not checked.
+    void EnqueueSelectedEntries();
+    // With the double-click option on: "open" for the focused row, and the "open with"
+    // chooser when no application is associated with the file.
+    void ExecuteOnDoubleClick(int focusedPosition);
+
+private:
+    Catalogue& m_catalogue;
+    const EntryPathResolver& m_resolver;
+    platform::IShell& m_shell;
+    const app::Options& m_options;
+};
+
+} // namespace nubo::catalogue

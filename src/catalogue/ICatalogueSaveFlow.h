@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+namespace nubo::catalogue {
+
+// The save steps that emptying the list offers; the catalogue database flow implements them.
+class ICatalogueSaveFlow
+{
+public:
+    virtual ~ICatalogueSaveFlow() = default;
+
+    // Saves the list into the current catalogue file; reports its own failures.
+    virtual void saveToCurrentFile(const QString& currentFile) = 0;
+    // The "Guardar como" save dialog: the chosen file, or an empty text when none is given.
+    virtual QString askSaveAsName() = 0;
+    // Saves the list into a file the user has just chosen; reports its own failures.
+    virtual void saveToPath(const QString& path) = 0;
+};
+
+} // namespace nubo::catalogue

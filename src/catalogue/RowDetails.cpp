@@ -1,0 +1,24 @@
+#include "catalogue/RowDetails.h"
+
+#include "catalogue/EntryPathResolver.h"
+#include "tags/TagReader.h"
+
+namespace nubo::catalogue {
+
+RowDetailsView RowDetails::ShowRowDetails(const CatalogueList& list, int position,
+                                          const QString& currentBoxText) const
+{
+    RowDetailsView view;
+    view.boxText = currentBoxText;
+    const QString path = m_resolver.ResolveEntryPath(list, position);
+    if (path.isEmpty())
+        return view;
+    view.toolTip = tags::FileTypeName(path);
+    const tags::TagTextResult tag = tags::ShowTagText(path, currentBoxText);
+    view.boxVisible = tag.isMpegAudio;
+    if (tag.isMpegAudio)
+        view.boxText = tag.text;
+    return view;
+}
+
+} // namespace nubo::catalogue

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "app/cli/CliCommand.h"
+
+#include <QList>
+
+namespace nubo::tags::cli {
+
+// nubo-cli's "tag" (the details-box text of a file) and "type" (its file-type name).
+QList<nubo::cli::CliCommand> tagCommands();
+
+} // namespace nubo::tags::cli

@@ -1,0 +1,203 @@
+#include "catalogue/Catalogue.h"
+#include "catalogue/ICatalogueSaveFlow.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include "CatalogueFixture.h"
+
+using namespace nubo::catalogue;
+using nubo::platform::MessageAnswer;
+
+namespace {
+
+// Records the save steps it is asked for; the "Guardar como" answer is set by the test.
+class FakeSaveFlow final : public ICatalogueSaveFlow
+{
+public:
+    QStringList calls;
+    QString saveAsAnswer;
+
+    void saveToCurrentFile(const QString& f) override { calls.append("current:" + f); }
+    QString askSaveAsName() override
+    {
+        calls.append(QStringLiteral("ask"));
+        return saveAsAnswer;
+    }
+    void saveToPath(const QString& p) override { calls.append("path:" + p); }
+};
+
+} // namespace
+
+class TestCatalogue final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void addsExistingFilesAtTheTop()
+    {
+        CatalogueFixture f;
+        f.catalogue.setGroupName(QStringLiteral("Rock"));
+        QString path = f.file(QStringLiteral("Musica/tema.mp3"));
+        f.catalogue.AddFileToList(path);
+        QCOMPARE(path, f.drive + QStringLiteral("/Musica/")); // cut to the folder
+        const CatalogueRow& row = f.catalogue.list().row(0);
+        QCOMPARE(row, (CatalogueRow{"tema", "/Musica/", "Rock", "MP3", f.drive}));
+        QCOMPARE(f.catalogue.countLine(),
+                 QStringLiteral("La lista contiene 1 archivos actualmente"));
+
+        f.add(f.drive + QStringLiteral("/Musica/tema.mp3"));
+        QCOMPARE(f.catalogue.list().count(), 2);
+        QCOMPARE(f.catalogue.list().row(0), f.catalogue.list().row(1));
+        QCOMPARE(f.catalogue.countLine(),
+                 QStringLiteral("La lista contiene 2 archivos actualmente"));
+    }
+
+    void dropsMissingFilesAndFolders()
+    {
+        CatalogueFixture f;
+        QSignalSpy countLine(&f.catalogue, &Catalogue::countLineChanged);
+        f.add(f.drive + QStringLiteral("/nada.mp3"));
+        f.file(QStringLiteral("Carpeta/x"));
+        f.add(f.drive + QStringLiteral("/Carpeta"));
+        QCOMPARE(f.catalogue.list().count(), 0);
+        QCOMPARE(countLine.count(), 0);
+        QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
+    }
+
+    void deleteReportsAndCountsLikeTheOriginal_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<QList<int>>("selected");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("countLine");
+        QTest::newRow("three of ten")
+            << 10 << QList<int>{1, 2, 3} << "Han sido eliminados 3 archivos de la lista"
+            << "La lista contiene 7 archivos actualmente";
+        QTest::newRow("one of ten")
+            << 10 << QList<int>{9} << "Ha sido eliminado 1 archivo de la lista"
+            << "La lista contiene 9 archivo actualmente";
+        QTest::newRow("nothing selected")
+            << 2 << QList<int>{} << "Ha sido eliminado  archivo de la lista"
+            << "La lista contiene 2 archivo actualmente";
+    }
+    void deleteReportsAndCountsLikeTheOriginal()
+    {
+        QFETCH(int, rows);
+        QFETCH(QList<int>, selected);
+        CatalogueFixture f;
+        f.addMany(rows);
+        for (int p : selected)
+            f.catalogue.list().setSelected(p, true);
+        f.catalogue.DeleteSelectedRows();
+        QCOMPARE(f.catalogue.list().count(), rows - selected.size());
+        QTEST(f.catalogue.info().text(), "message");
+        QCOMPARE(f.catalogue.info().colour(), 0x0000FFu);
+        QCOMPARE(f.catalogue.info().timer().interval(), 5000);
+        QTEST(f.catalogue.countLine(), "countLine");
+    }
+
+    void refusesOnAnEmptyList()
+    {
+        CatalogueFixture f;
+        f.catalogue.DeleteSelectedRows();
+        QCOMPARE(f.catalogue.info().text(),
+                 QStringLiteral("ADVERTENCIA: No se pueden eliminar archivos de una lista vacia!"));
+        QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
+        QCOMPARE(f.catalogue.info().timer().interval(), 10000);
+        QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
+        f.catalogue.EmptyList();
+        QCOMPARE(f.catalogue.info().text(), QStringLiteral("No es posible vaciar una lista vacia"));
+        QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
+        QVERIFY(f.dialogs.asked.isEmpty());
+    }
+
+    void emptyListFollowsTheAnswer_data()
+    {
+        QTest::addColumn<QString>("currentFile");
+        QTest::addColumn<MessageAnswer>("answer");
+        QTest::addColumn<QString>("saveAsAnswer");
+        QTest::addColumn<QStringList>("saveCalls");
+        QTest::addColumn<bool>("emptied");
+        QTest::newRow("yes, current file") << "/c/lista.xls" << MessageAnswer::Yes << ""
+                                           << QStringList{"current:/c/lista.xls"} << true;
+        QTest::newRow("yes, save as") << "" << MessageAnswer::Yes << "/c/n.mdb"
+                                      << QStringList{"ask", "path:/c/n.mdb"} << true;
+        QTest::newRow("yes, save as cancelled")
+            << "" << MessageAnswer::Yes << "" << QStringList{"ask"} << false;
+        QTest::newRow("no") << "/c/lista.xls" << MessageAnswer::No << "" << QStringList{} << true;
+        QTest::newRow("cancel") << "/c/lista.xls" << MessageAnswer::Cancel << "" << QStringList{}
+                                << false;
+    }
+    void emptyListFollowsTheAnswer()
+    {
+        QFETCH(QString, currentFile);
+        QFETCH(MessageAnswer, answer);
+        QFETCH(bool, emptied);
+        CatalogueFixture f;
+        FakeSaveFlow flow;
+        QFETCH(QString, saveAsAnswer);
+        flow.saveAsAnswer = saveAsAnswer;
+        f.catalogue.setSaveFlow(&flow);
+        f.addMany(3);
+        f.catalogue.setCurrentFile(currentFile);
+        f.catalogue.ShowInfoMessage(QStringLiteral("antes"), 1000, 0);
+        f.dialogs.messageAnswers.enqueue(answer);
+        f.catalogue.EmptyList();
+
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Guardar lista actual"));
+        QCOMPARE(f.dialogs.asked[0].text, "¿ Desea guardar la lista " + currentFile + "?");
+        QCOMPARE(f.dialogs.asked[0].buttons, nubo::platform::MessageButtons::YesNoCancel);
+        QTEST(flow.calls, "saveCalls");
+        QCOMPARE(f.catalogue.list().count(), emptied ? 0 : 3);
+        QCOMPARE(f.catalogue.currentFile(), emptied ? QString() : currentFile);
+        QCOMPARE(f.catalogue.info().text(),
+                 emptied ? QStringLiteral("La lista ha sido vaciada") : QStringLiteral("antes"));
+        // The count line is left as the last addition wrote it.
+        QCOMPARE(f.catalogue.countLine(),
+                 QStringLiteral("La lista contiene 3 archivos actualmente"));
+    }
+
+    void noCurrentFileLeavesABlankBeforeTheQuestionMark()
+    {
+        CatalogueFixture f;
+        f.addMany(1);
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
+        f.catalogue.EmptyList();
+        QCOMPARE(f.dialogs.asked[0].text, QStringLiteral("¿ Desea guardar la lista ?"));
+    }
+
+    void sortOrderFlipsOnEveryHeaderClick()
+    {
+        CatalogueFixture f;
+        for (const char* n : {"b", "c", "a"})
+            f.add(f.file(QStringLiteral("Musica/%1.mp3").arg(QLatin1String(n))));
+        auto top = [&] { return f.catalogue.list().row(0).nombre; };
+        f.catalogue.SortByColumn(0);
+        QCOMPARE(top(), QStringLiteral("c")); // the first click sorts descending
+        f.catalogue.SortByColumn(0);
+        QCOMPARE(top(), QStringLiteral("a"));
+        f.catalogue.SortByColumn(1); // another column flips the one order too
+        QCOMPARE(f.catalogue.sortOrder(), Qt::DescendingOrder);
+        f.add(f.file(QStringLiteral("Musica/z.mp3")));
+        QCOMPARE(top(), QStringLiteral("z")); // later additions still go to the top
+    }
+
+    void messageStaysThenErasesFromItsEnd()
+    {
+        CatalogueFixture f;
+        InfoMessage& info = f.catalogue.info();
+        QCOMPARE(info.text(), QStringLiteral("Info Adicional"));
+        f.catalogue.ShowInfoMessage(QStringLiteral("abc"), 50, 0x00FF00);
+        QCOMPARE(info.timer().interval(), 50);
+        QVERIFY(info.timer().isActive());
+        QTRY_COMPARE(info.text(), QStringLiteral("ab"));
+        QCOMPARE(info.timer().interval(), 100);
+        QTRY_VERIFY(!info.timer().isActive());
+        QCOMPARE(info.text(), QString());
+        QCOMPARE(info.colour(), 0x00FF00u);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCatalogue)
+#include "tst_catalogue.moc"

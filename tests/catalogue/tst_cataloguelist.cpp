@@ -1,0 +1,156 @@
+#include "catalogue/CatalogueList.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace nubo::catalogue;
+
+namespace {
+
+CatalogueRow rowNamed(const QString& name, const QString& folder = QStringLiteral("/m/"))
+{
+    return {name, folder, QStringLiteral("G"), QStringLiteral("MP3"), QStringLiteral("/d")};
+}
+
+QStringList names(const CatalogueList& list)
+{
+    QStringList out;
+    for (int p = 0; p < list.count(); ++p)
+        out.append(list.row(p).nombre);
+    return out;
+}
+
+QStringList shownNames(const CatalogueList& list)
+{
+    QStringList out;
+    for (int r = 0; r < list.rowCount(); ++r)
+        out.append(list.index(r, 0).data().toString());
+    return out;
+}
+
+void fill(CatalogueList& list, const QStringList& oldestFirst)
+{
+    for (const QString& n : oldestFirst)
+        list.insertAtTop(rowNamed(n));
+    list.flush();
+}
+
+} // namespace
+
+class TestCatalogueList final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void newestRowsStandFirst()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        fill(list, {"a", "b", "a"});
+        QCOMPARE(names(list), QStringList({"a", "b", "a"}));
+        QCOMPARE(list.row(0), list.row(2)); // no identity: equal rows stay equal
+        QCOMPARE(shownNames(list), names(list));
+        QCOMPARE(list.headerData(4, Qt::Horizontal).toString(), QStringLiteral("UNIDAD"));
+        QCOMPARE(list.index(0, 4).data().toString(), QStringLiteral("/d"));
+    }
+
+    void insertionsReachViewsInBatches()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        QSignalSpy inserted(&list, &QAbstractItemModel::rowsInserted);
+        fill(list, {"old"});
+        for (int i = 0; i < 100; ++i)
+            list.insertAtTop(rowNamed(QString::number(i)));
+        QCOMPARE(list.count(), 101);
+        QCOMPARE(list.rowCount(), 1);
+        QCOMPARE(list.positionOf(list.index(0, 0)), 100); // "old" is the bottom row
+        QCOMPARE(list.indexAt(0), QModelIndex());
+        QTRY_COMPARE(list.rowCount(), 101); // the batch timer announces them
+        QCOMPARE(inserted.count(), 2);
+        QCOMPARE(list.indexAt(100).data().toString(), QStringLiteral("old"));
+    }
+
+    void removesSelectedRuns_data()
+    {
+        QTest::addColumn<QList<int>>("selected");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("adjacent") << QList<int>{2, 3, 4} << 10;
+        QTest::newRow("none") << QList<int>{} << 10;
+        QTest::newRow("all") << QList<int>{0, 1, 2, 3} << 4;
+        QList<int> every; // more runs than separate removals are worth
+        for (int p = 0; p < 200; p += 2)
+            every.append(p);
+        QTest::newRow("alternate") << every << 200;
+    }
+    void removesSelectedRuns()
+    {
+        QFETCH(QList<int>, selected);
+        QFETCH(int, rows);
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        QStringList all;
+        for (int i = 0; i < rows; ++i)
+            all.prepend(QString::number(i));
+        fill(list, QStringList(all.rbegin(), all.rend()));
+        QCOMPARE(names(list), all);
+        for (int p : selected) {
+            list.setSelected(p, true);
+            all[p].clear();
+        }
+        all.removeAll(QString());
+        QCOMPARE(list.removeSelected(), selected.size());
+        QCOMPARE(names(list), all);
+        QCOMPARE(shownNames(list), all);
+    }
+
+    void sortIsStableAndKeepsSelection()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        list.insertAtTop(rowNamed("b", "/1/"));
+        list.insertAtTop(rowNamed("B", "/2/"));
+        list.insertAtTop(rowNamed("a", "/3/"));
+        list.insertAtTop(rowNamed("c", "/4/"));
+        list.setSelected(0, true); // "c"
+        list.flush();
+        const QPersistentModelIndex c = list.indexAt(0);
+        list.sortByColumn(Column::Nombre, Qt::AscendingOrder);
+        QCOMPARE(names(list), QStringList({"a", "B", "b", "c"}));
+        QCOMPARE(list.row(1).direccion, QStringLiteral("/2/")); // equal texts keep their order
+        QVERIFY(list.isSelected(3));
+        QCOMPARE(c.row(), 3);
+        list.sortByColumn(Column::Direccion, Qt::DescendingOrder);
+        QCOMPARE(names(list), QStringList({"c", "a", "B", "b"}));
+        QCOMPARE(shownNames(list), names(list));
+    }
+
+    void editsOnlyTheName()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        fill(list, {"x"});
+        QVERIFY(list.flags(list.index(0, 0)) & Qt::ItemIsEditable);
+        QVERIFY(!(list.flags(list.index(0, 1)) & Qt::ItemIsEditable));
+        QVERIFY(list.setData(list.index(0, 0), QStringLiteral("nuevo")));
+        QVERIFY(!list.setData(list.index(0, 1), QStringLiteral("/otra/")));
+        QCOMPARE(list.row(0).nombre, QStringLiteral("nuevo"));
+    }
+
+    void clearAndRemoveAt()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        fill(list, {"a", "b", "c"});
+        list.removeAt(1);
+        list.removeAt(7);
+        QCOMPARE(names(list), QStringList({"c", "a"}));
+        list.insertAtTop(rowNamed("d"));
+        list.clear();
+        QCOMPARE(list.count(), 0);
+        QCOMPARE(list.rowCount(), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCatalogueList)
+#include "tst_cataloguelist.moc"

@@ -1,0 +1,110 @@
+#include "catalogue/RowDeriver.h"
+
+#include "platform/fakes/FakeDrives.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo::catalogue;
+using nubo::platform::DriveType;
+using nubo::platform::FakeDrives;
+
+class TestRowDeriver final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void derivesColumns_data()
+    {
+        QTest::addColumn<QString>("relative");
+        QTest::addColumn<QString>("nombre");
+        QTest::addColumn<QString>("direccion");
+        QTest::addColumn<QString>("formato");
+        QTest::addColumn<QString>("leftPath"); // relative to the drive
+
+        QTest::newRow("folder") << "/Musica/tema.mp3"
+                                << "tema"
+                                << "/Musica/"
+                                << "MP3"
+                                << "/Musica/";
+        QTest::newRow("root") << "/tema.mp3"
+                              << "tema"
+                              << "DIRECTORIO PRINCIPAL"
+                              << "MP3"
+                              << "/";
+        QTest::newRow("no extension") << "/Musica/LEAME"
+                                      << "LEAME"
+                                      << "/Musica/"
+                                      << "ARCHIVO"
+                                      << "/Musica/";
+        QTest::newRow("dot only in folder") << "/Musica.vieja/tema"
+                                            << "tema"
+                                            << "/Musica.vieja/"
+                                            << "ARCHIVO"
+                                            << "/Musica.vieja/";
+        QTest::newRow("only extension") << "/Musica/.mp3"
+                                        << ""
+                                        << "/Musica/"
+                                        << "MP3"
+                                        << "/Musica/";
+        QTest::newRow("last dot counts") << "/Musica/a.b.mp3"
+                                         << "a.b"
+                                         << "/Musica/"
+                                         << "MP3"
+                                         << "/Musica/";
+        QTest::newRow("lower-case extension") << "/x/y/Tema.Ogg"
+                                              << "Tema"
+                                              << "/x/y/"
+                                              << "OGG"
+                                              << "/x/y/";
+    }
+    void derivesColumns()
+    {
+        QFETCH(QString, relative);
+        FakeDrives drives;
+        drives.add(QStringLiteral("/"), DriveType::Fixed);
+        drives.add(QStringLiteral("/media/cd/"), DriveType::CdRom);
+        RowDeriver deriver(drives);
+        QString path = QStringLiteral("/media/cd") + relative;
+        const CatalogueRow row = deriver.derive(path);
+        QTEST(row.nombre, "nombre");
+        QTEST(row.direccion, "direccion");
+        QTEST(row.formato, "formato");
+        QCOMPARE(row.unidad, QStringLiteral("/media/cd"));
+        QFETCH(QString, leftPath);
+        QCOMPARE(path, QStringLiteral("/media/cd") + leftPath);
+    }
+
+    void rootVolumeHasEmptyPrefix()
+    {
+        FakeDrives drives;
+        drives.add(QStringLiteral("/"), DriveType::Fixed);
+        RowDeriver deriver(drives);
+        QString path = QStringLiteral("/home/ana/tema.mp3");
+        CatalogueRow row = deriver.derive(path);
+        QCOMPARE(row.unidad, QString());
+        QCOMPARE(row.direccion, QStringLiteral("/home/ana/"));
+        path = QStringLiteral("/tema.mp3");
+        row = deriver.derive(path);
+        QCOMPARE(row.direccion, QStringLiteral("DIRECTORIO PRINCIPAL"));
+        QCOMPARE(path, QStringLiteral("/"));
+    }
+
+    void bareNameInheritsPreviousNameAndFolder()
+    {
+        FakeDrives drives;
+        drives.add(QStringLiteral("/"), DriveType::Fixed);
+        RowDeriver deriver(drives);
+        QString first = QStringLiteral("/Musica/Rock/uno.mp3");
+        deriver.derive(first);
+        QString bare = QStringLiteral("dos.wav");
+        const CatalogueRow row = deriver.derive(bare);
+        QCOMPARE(row.nombre, QStringLiteral("uno"));
+        QCOMPARE(row.direccion, QStringLiteral("/Musica/Rock/"));
+        QCOMPARE(row.formato, QStringLiteral("WAV"));
+        QCOMPARE(row.unidad, QString());
+        QCOMPARE(bare, QStringLiteral("dos"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRowDeriver)
+#include "tst_rowderiver.moc"
