@@ -1,4 +1,5 @@
 #include "Artwork.h"
+#include "SearchArtwork.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -152,6 +153,7 @@ bool writeAll(const QString& root)
     }
     ok &= saveJpeg(roundFace(23, 21, 0, 0), bitmap + QStringLiteral("minimizeoff.jpg"));
     ok &= saveJpeg(roundFace(23, 21, 6, 0), bitmap + QStringLiteral("minimizeon.jpg"));
+    ok &= writeSearchPictures(bitmap);
     ok &= saveBytes(iconFile(logo()), dir.filePath(QStringLiteral("Icons/Nubologo.ico")));
     ok &= saveBytes(cursorFile(arrow(), 1, 1), dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
     return ok;
