@@ -3,8 +3,10 @@
 #include "app/Options.h"
 #include "app/OptionsStore.h"
 #include "app/StartupSequence.h"
+#include "catalogue/ui/ListWindow.h"
 #include "frame/ui/Form12.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/ui/DesktopShell.h"
 #include "platform/ui/QtDialogs.h"
 
 #include <QApplication>
@@ -48,6 +50,12 @@ int main(int argc, char** argv)
          QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()});
     if (startup.run(mainWindow) == app::StartupSequence::Outcome::EndProgram)
         return 0;
+
+    // The list window: shown and hidden by the main window, never destroyed before the end.
+    const std::unique_ptr<platform::IShell> shell = platform::createLinuxShell(&mainWindow);
+    catalogue::ListWindow list({appFolder, *services.drives, dialogs, *shell, options});
+    QObject::connect(&list.form, &catalogue::Form1::endProgramRequested, &application,
+                     &QCoreApplication::quit);
     mainWindow.show();
     return application.exec();
 }

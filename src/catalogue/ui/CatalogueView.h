@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QTreeView>
+
+namespace nubo::catalogue {
+
+// The catalogue list control: a flat report view that accepts files dropped from the
+// desktop and reports the keys and pointer moves the list window acts on.
+class CatalogueView final : public QTreeView
+{
+    Q_OBJECT
+public:
+    explicit CatalogueView(QWidget* parent = nullptr);
+
+signals:
+    void filesDropped(const QStringList& names);
+    void editNameRequested(); // F2
+    void deleteRequested();   // Delete
+    void arrowReleased();     // Up or Down released
+    void rightButtonReleased(const QPoint& globalPos);
+    void pointerOverRow(const QModelIndex& index);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+};
+
+} // namespace nubo::catalogue

@@ -1,0 +1,232 @@
+#include "catalogue/ui/Form1.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/DropHandler.h"
+#include "catalogue/ui/CatalogueView.h"
+#include "platform/ui/PictureFile.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace nubo::catalogue {
+
+namespace {
+
+template <typename T, typename... Args> T* named(QWidget* parent, const char* name, Args&&... args)
+{
+    T* widget = new T(std::forward<Args>(args)..., parent);
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+QLabel* label(QWidget* parent, const char* name, const QString& text, const QString& tip)
+{
+    QLabel* l = named<QLabel>(parent, name, text);
+    l->setToolTip(tip);
+    return l;
+}
+
+} // namespace
+
+Form1::Form1(const Form1Services& services, QWidget* parent)
+    : QWidget(parent), m_app(services.app), m_catalogue(services.catalogue),
+      m_opener(services.opener), m_details(services.details), m_drops(services.drops),
+      m_options(services.options), m_hover(services.app)
+{
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(QStringLiteral("Buscador..."));
+    setMouseTracking(true);
+    createControls();
+    createMenus();
+    layOutControls();
+    connectCatalogue();
+    connectList();
+    loadPictures();
+    installKeyPreview();
+    resize(780, 420);
+}
+
+void Form1::createControls()
+{
+    ListView1 = named<CatalogueView>(this, "ListView1");
+    ListView1->setModel(&m_catalogue.list());
+    Command7 = named<QPushButton>(this, "Command7", QStringLiteral("&Agregar mas Archivos"));
+    Command6 = named<QPushButton>(this, "Command6", QStringLiteral("&Vaciar LISTA"));
+    Command1 = named<QPushButton>(this, "Command1", QStringLiteral("Command1"));
+    Command1->setVisible(false); // pressed by the search, never by the user
+    Check1 = named<QCheckBox>(this, "Check1", QStringLiteral("Check1"));
+    Check1->setVisible(false); // holds the always-on-top state
+    ProgressBar1 = named<QProgressBar>(this, "ProgressBar1");
+    ProgressBar1->setToolTip(QStringLiteral("Muestra el progreso de la carga o guardado"));
+    ProgressBar1->setTextVisible(false);
+    ProgressBar1->setValue(0);
+    PicExcelConf = label(this, "PicExcelConf", {},
+                         QStringLiteral("Abre la ventana de Configuracion de Hoja de Excel"));
+    PicOnTop = label(this, "PicOnTop", {},
+                     QStringLiteral("Establece si el formulario estará siempre visible o no"));
+    Picture2 = label(this, "Picture2", {}, QStringLiteral("Vacía la lista actual"));
+    Picture4 = label(this, "Picture4", {}, QStringLiteral("Agregar más archivos a la lista"));
+    for (QLabel* picture : {PicExcelConf, PicOnTop, Picture2, Picture4}) {
+        picture->setMinimumSize(32, 32);
+        picture->setCursor(Qt::PointingHandCursor);
+    }
+    txtMp3Info = named<QPlainTextEdit>(this, "txtMp3Info");
+    txtMp3Info->setToolTip(QStringLiteral("Propiedades del archivo"));
+    txtMp3Info->setReadOnly(true);
+    txtMp3Info->setVisible(false);
+    txtMp3Info->setFixedWidth(230);
+    Timer1 = named<QTimer>(this, "Timer1");
+    Timer2 = named<QTimer>(this, "Timer2");
+    Timer1->setInterval(250);
+    Timer2->setInterval(10);
+    Timer3 = &m_catalogue.info().timer();
+    createStatusControls();
+    createVolumeControls();
+}
+
+void Form1::createStatusControls()
+{
+    Label2 = label(this, "Label2", m_catalogue.countLine(),
+                   QStringLiteral("Informacion sobre el estado de la lista"));
+    LblInfo = label(this, "LblInfo", m_catalogue.info().text(),
+                    QStringLiteral("Muestra informacion adicional sobre los sucesos que se "
+                                   "acontecen"));
+    LblInfo->setFont(QFont(QStringLiteral("Comic Sans MS")));
+    lblCurList = label(this, "lblCurList", m_catalogue.currentFile(), {});
+    txtvolumename = named<QLineEdit>(this, "txtvolumename");
+    txtvolumename->setToolTip(
+        QStringLiteral("Muestra el nombre del ultimo grupo de archivos agregados a la lista"));
+}
+
+void Form1::createVolumeControls()
+{
+    Picture1 =
+        label(this, "Picture1", {}, QStringLiteral("Muestra la direccion actual de busqueda"));
+    Picture1->setMinimumHeight(20);
+    LblBytesLibres = label(this, "LblBytesLibres", QStringLiteral("Numero total de Bytes Libres:"),
+                           QStringLiteral("Espacio libre en la unidad de busqueda actual"));
+    LbltotalBytes =
+        label(this, "LbltotalBytes", QStringLiteral("Numero total de Bytes:"),
+              QStringLiteral("Capacidad de almacenamiento de la unidad de busqueda actual"));
+    lblFileSystem = label(this, "lblFileSystem", QStringLiteral("File System"),
+                          QStringLiteral("Tipo de sistema de archivos"));
+    lblFlags = label(this, "lblFlags", QStringLiteral("Flags"), QStringLiteral("Info Adicional"));
+    lblMaxComponentLength =
+        label(this, "lblMaxComponentLength", QStringLiteral("Maximum Component Length"), {});
+    lblSerialNumber =
+        label(this, "lblSerialNumber", QStringLiteral("Serial Number"),
+              QStringLiteral("Numero de serie de la Unidad donde se realizo la busqueda"));
+}
+
+void Form1::layOutControls()
+{
+    auto* buttons = new QHBoxLayout;
+    for (QWidget* w : std::initializer_list<QWidget*>{Picture2, Picture4, PicExcelConf, PicOnTop})
+        buttons->addWidget(w);
+    buttons->addStretch();
+    buttons->addWidget(Command7);
+    buttons->addWidget(Command6);
+    buttons->addWidget(Command1);
+    buttons->addWidget(Check1);
+
+    auto* list = new QHBoxLayout;
+    list->addWidget(ListView1, 1);
+    list->addWidget(txtMp3Info);
+
+    auto* status = new QHBoxLayout;
+    status->addWidget(Label2, 1);
+    status->addWidget(LblInfo, 2);
+
+    auto* volume = new QGridLayout;
+    volume->addWidget(Picture1, 0, 0, 1, 4);
+    volume->addWidget(LblBytesLibres, 1, 0, 1, 2);
+    volume->addWidget(LbltotalBytes, 1, 2, 1, 2);
+    volume->addWidget(lblFileSystem, 2, 0);
+    volume->addWidget(lblFlags, 2, 1);
+    volume->addWidget(lblMaxComponentLength, 2, 2);
+    volume->addWidget(lblSerialNumber, 2, 3);
+    volume->addWidget(new QLabel(QStringLiteral("Volume Name"), this), 3, 0);
+    volume->addWidget(txtvolumename, 3, 1, 1, 2);
+    volume->addWidget(lblCurList, 3, 3);
+
+    auto* root = new QVBoxLayout(this);
+    root->setMenuBar(menuBar);
+    root->addLayout(buttons);
+    root->addLayout(list, 1);
+    root->addWidget(ProgressBar1);
+    root->addLayout(status);
+    root->addLayout(volume);
+}
+
+void Form1::loadPictures()
+{
+    m_hover.add(PicExcelConf, QStringLiteral("\\bitmap\\BotonExceloff.jpg"),
+                QStringLiteral("\\bitmap\\BotonExcelon.jpg"));
+    m_hover.add(Picture2, QStringLiteral("\\bitmap\\scene0boton1form1.jpg"),
+                QStringLiteral("\\bitmap\\scene1boton1form1.jpg"));
+    m_hover.add(Picture4, QStringLiteral("\\bitmap\\scene0boton2form1.jpg"),
+                QStringLiteral("\\bitmap\\scene1boton2form1.jpg"));
+    const QPixmap onTop = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\bool2.jpg"));
+    if (!onTop.isNull())
+        PicOnTop->setPixmap(onTop);
+
+    QString barStyle = QStringLiteral("QProgressBar::chunk { background-color: #6600cc; }");
+    const QPixmap background =
+        platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform1.jpg"));
+    if (!background.isNull()) {
+        QPalette palette = this->palette();
+        palette.setBrush(QPalette::Window, background);
+        setPalette(palette);
+        setAutoFillBackground(true);
+        // The bar's background is the colour of the background picture's pixel (1, 1).
+        const QImage image = background.toImage();
+        if (image.width() > 1 && image.height() > 1)
+            barStyle += QStringLiteral(" QProgressBar { background-color: %1; }")
+                            .arg(image.pixelColor(1, 1).name());
+    }
+    ProgressBar1->setStyleSheet(barStyle);
+}
+
+void Form1::setSearchLauncher(ISearchLauncher* launcher)
+{
+    m_search = launcher;
+    m_drops.setSearchLauncher(launcher);
+}
+
+void Form1::restoreColumns()
+{
+    const int quarter = ListView1->viewport()->width() / 4;
+    for (int c = 0; c < 4; ++c)
+        ListView1->header()->resizeSection(c, quarter);
+    // The drive column stays in every row but is not shown.
+    ListView1->header()->resizeSection(4, 0);
+}
+
+int Form1::focusedPosition() const
+{
+    m_catalogue.list().flush();
+    return m_catalogue.list().positionOf(ListView1->currentIndex());
+}
+
+void Form1::setMessageColour(quint32 rgb)
+{
+    if (rgb == m_messageColour && LblInfo->property("coloured").toBool())
+        return;
+    m_messageColour = rgb;
+    LblInfo->setProperty("coloured", true);
+    QPalette palette = LblInfo->palette();
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(rgb));
+    LblInfo->setPalette(palette);
+}
+
+} // namespace nubo::catalogue

@@ -1,0 +1,300 @@
+// The list window's keys, pointer events, modes and timers.
+#include "app/Options.h"
+#include "catalogue/Catalogue.h"
+#include "catalogue/EntryOpener.h"
+#include "catalogue/ISearchLauncher.h"
+#include "catalogue/RowDetails.h"
+#include "catalogue/ui/CatalogueView.h"
+#include "catalogue/ui/Form1.h"
+#include "platform/ui/PictureFile.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+namespace nubo::catalogue {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15.0;
+constexpr double kGrowTargetTwips = 10700.0;
+constexpr double kGrowStepTwips = 110.0;
+constexpr int kFlashTicks = 5; // the counter runs 0..5: six ticks
+
+} // namespace
+
+// The window sees keys before its controls, as the original key preview did.
+void Form1::installKeyPreview()
+{
+    installEventFilter(this);
+    for (QWidget* child : findChildren<QWidget*>())
+        child->installEventFilter(this);
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return handleWindowKey(key->key(), key->modifiers());
+    }
+    case QEvent::Enter:
+        if (m_hover.contains(watched))
+            m_hover.light(static_cast<QLabel*>(watched));
+        break;
+    case QEvent::MouseButtonPress:
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            return handlePicturePress(watched);
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool Form1::handleWindowKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers & Qt::ControlModifier) {
+        switch (key) {
+        case Qt::Key_A:
+            emit searchWindowRequested();
+            return true;
+        case Qt::Key_V:
+            m_catalogue.EmptyList();
+            return true;
+        case Qt::Key_O:
+            emit sheetConfigurationRequested();
+            return true;
+        case Qt::Key_T:
+            toggleOnTop();
+            return true;
+        default:
+            return false;
+        }
+    }
+    switch (key) {
+    case Qt::Key_F3:
+        emit searchWindowRequested();
+        return true;
+    case Qt::Key_F4:
+        emit optionsWindowRequested();
+        return true;
+    case Qt::Key_F5:
+        emit sheetConfigurationRequested();
+        return true;
+    case Qt::Key_F12:
+        emergencyExit();
+        return true;
+    case Qt::Key_Escape:
+        escape();
+        return true;
+    case Qt::Key_6: // the keypad's 6 redraws; the key still reaches the control
+        if (modifiers & Qt::KeypadModifier) {
+            ListView1->viewport()->update();
+            update();
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool Form1::handlePicturePress(QObject* watched)
+{
+    if (watched == PicOnTop) {
+        toggleOnTop();
+    } else if (watched == Picture2) {
+        m_catalogue.EmptyList();
+    } else if (watched == Picture4) {
+        emit searchWindowRequested();
+    } else if (watched == PicExcelConf) {
+        emit sheetConfigurationRequested();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void Form1::mouseMoveEvent(QMouseEvent* event)
+{
+    m_hover.light(nullptr); // the bare window puts every image button back to "off"
+    QWidget::mouseMoveEvent(event);
+}
+
+void Form1::chooseMode(ListMode mode)
+{
+    if (mode != m_mode)
+        applyMode(mode);
+}
+
+void Form1::applyMode(ListMode mode)
+{
+    m_mode = mode;
+    const ListModeRules rules = rulesOf(mode);
+    ListView1->setEditTriggers(rules.editOnClick ? QAbstractItemView::SelectedClicked
+                                                 : QAbstractItemView::NoEditTriggers);
+    ListView1->setAllColumnsShowFocus(rules.allColumnsShowFocus);
+    mnuOpcionesLista->menuAction()->setEnabled(rules.popupEnabled);
+    QAction* checked = mode == ListMode::Funcional ? Funcional
+                       : mode == ListMode::Edit    ? Edit
+                                                   : Mover;
+    checked->setChecked(true);
+}
+
+void Form1::editFocusedName()
+{
+    const QModelIndex index = m_catalogue.list().indexAt(focusedPosition(), Column::Nombre);
+    if (!index.isValid())
+        return;
+    ListView1->setCurrentIndex(index);
+    ListView1->edit(index);
+}
+
+bool Form1::isOnTop() const
+{
+    return Check1->isChecked();
+}
+
+void Form1::toggleOnTop()
+{
+    Check1->setChecked(!Check1->isChecked());
+    const bool onTop = Check1->isChecked();
+    const QPixmap picture =
+        platform::loadPicture(m_app, onTop ? QStringLiteral("\\bitmap\\bool3.jpg")
+                                           : QStringLiteral("\\bitmap\\bool2.jpg"));
+    if (!picture.isNull())
+        PicOnTop->setPixmap(picture);
+    const bool wasVisible = isVisible();
+    setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
+    // Changing the stacking flag hides the window; it comes back without taking the focus.
+    setAttribute(Qt::WA_ShowWithoutActivating, true);
+    if (wasVisible)
+        show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+void Form1::escape()
+{
+    emit cancelRequested();
+    if (m_search && m_search->stop())
+        mnuFindFiles->setVisible(false);
+}
+
+// The emergency exit: no question, nothing saved, deliberately.
+void Form1::emergencyExit()
+{
+    m_catalogue.list().clear();
+    emit endProgramRequested();
+}
+
+void Form1::exitProgram()
+{
+    m_catalogue.EmptyList();
+    emit sceneStepBackRequested();
+    if (m_search)
+        m_search->stop();
+    hide();
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    // Windows are hidden, never destroyed, before the program ends.
+    event->ignore();
+    exitProgram();
+}
+
+void Form1::showRightClickMenu(const QPoint& globalPos)
+{
+    if (!rulesOf(m_mode).popupEnabled || m_catalogue.list().isEmpty())
+        return;
+    mnuOpcionesLista->popup(globalPos);
+}
+
+void Form1::openOnDoubleClick()
+{
+    if (rulesOf(m_mode).doubleClickOpens)
+        m_opener.ExecuteOnDoubleClick(focusedPosition());
+}
+
+void Form1::showDetailsIfOn(int position)
+{
+    if (m_options.isOn(app::Option::MostrarPro) && position >= 0)
+        showDetailsOf(position);
+}
+
+void Form1::showDetailsOf(int position)
+{
+    ListView1->setToolTip(QString());
+    const RowDetailsView view =
+        m_details.ShowRowDetails(m_catalogue.list(), position, m_detailsText);
+    ListView1->setToolTip(view.toolTip);
+    ListView1->viewport()->setToolTip(view.toolTip);
+    m_detailsText = view.boxText;
+    txtMp3Info->setPlainText(
+        QString(m_detailsText).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    txtMp3Info->setVisible(view.boxVisible);
+}
+
+void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    CatalogueList& list = m_catalogue.list();
+    auto mark = [&list](const QItemSelection& ranges, bool on) {
+        for (const QItemSelectionRange& range : ranges) {
+            if (!range.isValid())
+                continue;
+            for (int row = range.top(); row <= range.bottom(); ++row)
+                list.setSelected(list.positionOf(list.index(row, 0)), on);
+        }
+    };
+    mark(deselected, false);
+    mark(selected, true);
+}
+
+void Form1::startFlashing()
+{
+    Timer1->start();
+}
+
+// The counter is never set back, so only the first run flashes, as the original did.
+void Form1::flashTick()
+{
+    if (m_flashCount > kFlashTicks) {
+        Timer1->stop();
+        return;
+    }
+    m_flashFlag = !m_flashFlag;
+    if (m_flashFlag)
+        QApplication::alert(this);
+    ++m_flashCount;
+}
+
+void Form1::growTick()
+{
+    if (m_growHeight >= m_growTarget) {
+        Timer2->stop();
+        return;
+    }
+    resize(width(), qRound(m_growHeight / kTwipsPerPixel));
+    m_growHeight += kGrowStepTwips;
+}
+
+void Form1::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    restoreColumns();
+    m_growTarget = kGrowTargetTwips;
+    m_growHeight = height() * kTwipsPerPixel;
+    Timer2->start();
+}
+
+} // namespace nubo::catalogue

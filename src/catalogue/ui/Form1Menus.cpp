@@ -1,0 +1,160 @@
+// The list window's menus and its connections to the catalogue.
+#include "catalogue/Catalogue.h"
+#include "catalogue/DropHandler.h"
+#include "catalogue/EntryOpener.h"
+#include "catalogue/ISearchLauncher.h"
+#include "catalogue/ui/CatalogueView.h"
+#include "catalogue/ui/Form1.h"
+
+#include <QActionGroup>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+
+namespace nubo::catalogue {
+
+namespace {
+
+QAction* item(QMenu* menu, const char* name, const QString& caption)
+{
+    QAction* action = menu->addAction(caption);
+    action->setObjectName(QLatin1String(name));
+    return action;
+}
+
+QMenu* submenu(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* menu = new QMenu(caption, parent);
+    menu->setObjectName(QLatin1String(name));
+    menu->menuAction()->setObjectName(QLatin1String(name));
+    return menu;
+}
+
+} // namespace
+
+void Form1::createMenus()
+{
+    menuBar = new QMenuBar(this);
+    menuBar->setObjectName(QStringLiteral("menuBar"));
+    createListMenu();
+    mnuFindFiles = menuBar->addAction(QStringLiteral("Buscar Archivo(s) ..."));
+    mnuFindFiles->setObjectName(QStringLiteral("mnuFindFiles"));
+    mnuFindFiles->setVisible(false); // the search shows it while it runs
+    createFileOptionsMenu();
+}
+
+void Form1::createListMenu()
+{
+    Arch1 = submenu(this, "Arch1", QStringLiteral("&Lista"));
+    New1 = submenu(Arch1, "New1", QStringLiteral("&Agregar"));
+    BusFile = item(New1, "BusFile", QStringLiteral("&Buscar Archivos"));
+    DesdeA = item(New1, "DesdeA", QStringLiteral("&Desde Archivo"));
+    Arch1->addMenu(New1);
+    guardarb = item(Arch1, "guardarb", QStringLiteral("&Guardar"));
+    guardarc = item(Arch1, "guardarc", QStringLiteral("Guardar &Como"));
+    vaciarl = item(Arch1, "vaciarl", QStringLiteral("&Vaciar"));
+    Arch1->addSeparator();
+    ExitProgram = item(Arch1, "ExitProgram", QStringLiteral("&Salir"));
+    menuBar->addMenu(Arch1);
+
+    connect(BusFile, &QAction::triggered, this, &Form1::searchWindowRequested);
+    connect(DesdeA, &QAction::triggered, this, &Form1::loadCatalogueRequested);
+    connect(guardarb, &QAction::triggered, this, &Form1::saveRequested);
+    connect(guardarc, &QAction::triggered, this, &Form1::saveAsRequested);
+    connect(vaciarl, &QAction::triggered, &m_catalogue, &Catalogue::EmptyList);
+    connect(ExitProgram, &QAction::triggered, this, &Form1::exitProgram);
+}
+
+void Form1::createFileOptionsMenu()
+{
+    mnuOpcionesLista = submenu(this, "mnuOpcionesLista", QStringLiteral("Opciones de &Archivo"));
+    Rep = item(mnuOpcionesLista, "Rep", QStringLiteral("&Reproducir"));
+    Agr1 = item(mnuOpcionesLista, "Agr1", QStringLiteral("Agregar a la &lista del reproductor"));
+    Eli = item(mnuOpcionesLista, "Eli", QStringLiteral("&Eliminar de la lista"));
+    ChngeName = item(mnuOpcionesLista, "ChngeName", QStringLiteral("&Cambiar Nombre"));
+    Mod1 = submenu(mnuOpcionesLista, "Mod1", QStringLiteral("&Modo Lista"));
+    Funcional = item(Mod1, "Funcional", QStringLiteral("&Funcional(Predeterminado)"));
+    Edit = item(Mod1, "Edit", QStringLiteral("&Editar"));
+    Mover = item(Mod1, "Mover", QStringLiteral("&Mover"));
+    Mod1->addSeparator();
+    Reest = item(Mod1, "Reest", QStringLiteral("&Reestablecer"));
+    mnuOpcionesLista->addMenu(Mod1);
+    menuBar->addMenu(mnuOpcionesLista);
+
+    m_modes = new QActionGroup(this);
+    m_modes->setExclusionPolicy(QActionGroup::ExclusionPolicy::Exclusive);
+    for (QAction* mode : {Funcional, Edit, Mover}) {
+        mode->setCheckable(true);
+        m_modes->addAction(mode);
+    }
+    Funcional->setChecked(true);
+
+    connect(Rep, &QAction::triggered, this,
+            [this] { m_opener.PlaySelectedEntry(focusedPosition()); });
+    connect(Agr1, &QAction::triggered, this, [this] { m_opener.EnqueueSelectedEntries(); });
+    connect(Eli, &QAction::triggered, &m_catalogue, &Catalogue::DeleteSelectedRows);
+    connect(ChngeName, &QAction::triggered, this, &Form1::editFocusedName);
+    connect(Funcional, &QAction::triggered, this, [this] { chooseMode(ListMode::Funcional); });
+    connect(Edit, &QAction::triggered, this, [this] { chooseMode(ListMode::Edit); });
+    connect(Mover, &QAction::triggered, this, [this] { chooseMode(ListMode::Mover); });
+    connect(Reest, &QAction::triggered, this, [this] {
+        restoreColumns();
+        applyMode(ListMode::Funcional);
+    });
+}
+
+void Form1::connectCatalogue()
+{
+    connect(&m_catalogue, &Catalogue::countLineChanged, Label2, &QLabel::setText);
+    connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
+    connect(&m_catalogue, &Catalogue::groupNameChanged, txtvolumename, &QLineEdit::setText);
+    connect(&m_catalogue.info(), &InfoMessage::changed, this,
+            [this](const QString& text, quint32 colour) {
+                LblInfo->setText(text);
+                setMessageColour(colour);
+            });
+    connect(Command7, &QPushButton::clicked, this, &Form1::searchWindowRequested);
+    connect(Command6, &QPushButton::clicked, &m_catalogue, &Catalogue::EmptyList);
+    connect(Command1, &QPushButton::clicked, this, [this] {
+        if (m_search)
+            m_search->RunSearch();
+    });
+    connect(mnuFindFiles, &QAction::triggered, Command1, &QPushButton::click);
+    connect(Timer1, &QTimer::timeout, this, &Form1::flashTick);
+    connect(Timer2, &QTimer::timeout, this, &Form1::growTick);
+}
+
+void Form1::connectList()
+{
+    connect(ListView1->header(), &QHeaderView::sectionClicked, &m_catalogue,
+            &Catalogue::SortByColumn);
+    connect(ListView1, &CatalogueView::filesDropped, this,
+            [this](const QStringList& names) { m_drops.handleDrop(names); });
+    connect(ListView1, &CatalogueView::editNameRequested, this, &Form1::editFocusedName);
+    connect(ListView1, &CatalogueView::deleteRequested, &m_catalogue,
+            &Catalogue::DeleteSelectedRows);
+    connect(ListView1, &CatalogueView::arrowReleased, this,
+            [this] { showDetailsIfOn(focusedPosition()); });
+    connect(ListView1, &CatalogueView::clicked, this, [this](const QModelIndex& index) {
+        showDetailsIfOn(m_catalogue.list().positionOf(index));
+    });
+    connect(ListView1, &CatalogueView::pointerOverRow, this, [this](const QModelIndex& index) {
+        const int position = m_catalogue.list().positionOf(index);
+        // Details are read again only when the pointer reaches another row.
+        if (position >= 0 && position != m_lastPointerRow) {
+            m_lastPointerRow = position;
+            showDetailsIfOn(position);
+        }
+    });
+    connect(ListView1, &CatalogueView::rightButtonReleased, this, &Form1::showRightClickMenu);
+    connect(ListView1, &CatalogueView::doubleClicked, this, &Form1::openOnDoubleClick);
+    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &Form1::syncSelection);
+    applyMode(ListMode::Funcional);
+}
+
+} // namespace nubo::catalogue

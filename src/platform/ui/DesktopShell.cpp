@@ -1,0 +1,81 @@
+#include "platform/ui/DesktopShell.h"
+
+#include "platform/linux/ExecLine.h"
+#include "platform/ui/OpenWithDialog.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QPointer>
+#include <QProcess>
+#include <QUrl>
+
+namespace nubo::platform {
+
+DesktopShell::DesktopShell(MimeAssociations associations, Launcher launcher, Chooser chooser)
+    : m_associations(std::move(associations)), m_launcher(std::move(launcher)),
+      m_chooser(std::move(chooser))
+{
+}
+
+std::optional<DesktopEntry> DesktopShell::association(const QString& path) const
+{
+    return m_associations.defaultApplication(MimeAssociations::mimeTypeOf(path));
+}
+
+IShell::Result DesktopShell::start(const QStringList& command) const
+{
+    if (command.isEmpty())
+        return Result::Failed;
+    return m_launcher(command.first(), command.mid(1)) ? Result::Ok : Result::Failed;
+}
+
+IShell::Result DesktopShell::openWithEntry(const DesktopEntry& entry, const QString& path) const
+{
+    // Programs that need a terminal are left to the desktop's own opener, which provides one.
+    if (entry.terminal)
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? Result::Ok : Result::Failed;
+    return start(exec::expand(entry, path));
+}
+
+IShell::Result DesktopShell::open(const QString& path)
+{
+    if (path.isEmpty() || !QFileInfo::exists(path))
+        return Result::Failed;
+    const std::optional<DesktopEntry> entry = association(path);
+    if (!entry)
+        return Result::NoAssociation;
+    return openWithEntry(*entry, path);
+}
+
+IShell::Result DesktopShell::enqueue(const QString& path)
+{
+    if (path.isEmpty() || !QFileInfo::exists(path))
+        return Result::Failed;
+    const std::optional<DesktopEntry> entry = association(path);
+    if (!entry)
+        return Result::NoAssociation;
+    const std::optional<QStringList> command =
+        exec::enqueueCommand(exec::split(entry->exec).value_or(QStringList()), path);
+    return command ? start(*command) : openWithEntry(*entry, path);
+}
+
+bool DesktopShell::openWith(const QString& path)
+{
+    const QStringList command = m_chooser(m_associations.applications(), path);
+    return !command.isEmpty() && start(command) == Result::Ok;
+}
+
+std::unique_ptr<IShell> createLinuxShell(QWidget* chooserParent)
+{
+    QPointer<QWidget> parent(chooserParent);
+    return std::make_unique<DesktopShell>(
+        MimeAssociations(XdgDirs::fromEnvironment()),
+        [](const QString& program, const QStringList& arguments) {
+            return QProcess::startDetached(program, arguments);
+        },
+        [parent](const QList<DesktopEntry>& applications, const QString& path) {
+            return OpenWithDialog::choose(applications, path, parent.data());
+        });
+}
+
+} // namespace nubo::platform

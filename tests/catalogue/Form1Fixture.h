@@ -1,0 +1,68 @@
+#pragma once
+
+#include "app/Options.h"
+#include "catalogue/DropHandler.h"
+#include "catalogue/EntryOpener.h"
+#include "catalogue/EntryPathResolver.h"
+#include "catalogue/ISearchLauncher.h"
+#include "catalogue/RowDetails.h"
+#include "catalogue/ui/Form1.h"
+#include "platform/fakes/FakeShell.h"
+
+#include <QTest>
+
+#include "CatalogueFixture.h"
+
+// Records what the list window asks of the search.
+class FakeSearch final : public nubo::catalogue::ISearchLauncher
+{
+public:
+    QStringList calls;
+    bool searching = false;
+
+    void RunSearch() override { calls.append(QStringLiteral("run")); }
+    void searchFolder(const QString& folder, const QString& mask) override
+    {
+        calls.append(folder + QLatin1Char('|') + mask);
+    }
+    bool stop() override
+    {
+        calls.append(QStringLiteral("stop"));
+        const bool was = searching;
+        searching = false;
+        return was;
+    }
+};
+
+// The list window over a temporary drive, an empty application folder and fake services.
+struct Form1Fixture : CatalogueFixture
+{
+    QTemporaryDir appDir;
+    nubo::platform::AppFolder app{appDir.path()};
+    nubo::app::Options options;
+    nubo::platform::FakeShell shell;
+    nubo::catalogue::EntryPathResolver resolver{drives};
+    nubo::catalogue::EntryOpener opener{catalogue, resolver, shell, options};
+    nubo::catalogue::RowDetails details{resolver};
+    nubo::catalogue::DropHandler drops{catalogue, dialogs};
+    FakeSearch search;
+    nubo::catalogue::Form1 form{{app, catalogue, opener, details, drops, options}};
+
+    Form1Fixture()
+    {
+        form.setSearchLauncher(&search);
+        form.show();
+        if (!QTest::qWaitForWindowExposed(&form))
+            qWarning("the list window was not exposed");
+    }
+
+    // The centre of the row at position in the list's viewport, once the view knows it.
+    QPoint rowPoint(int position, int column = 0)
+    {
+        catalogue.list().flush();
+        return form.ListView1
+            ->visualRect(
+                catalogue.list().indexAt(position, static_cast<nubo::catalogue::Column>(column)))
+            .center();
+    }
+};

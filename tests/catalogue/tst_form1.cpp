@@ -1,0 +1,332 @@
+#include "catalogue/ui/CatalogueView.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QUrl>
+
+#include "Form1Fixture.h"
+
+using namespace nubo::catalogue;
+using nubo::platform::MessageAnswer;
+
+namespace {
+
+template <typename T> T* child(QWidget& form, const char* name)
+{
+    T* found = form.findChild<T*>(QLatin1String(name));
+    if (!found)
+        qWarning("no control named %s", name);
+    return found;
+}
+
+void dropNames(QWidget* viewport, const QStringList& paths)
+{
+    QMimeData mime;
+    QList<QUrl> urls;
+    for (const QString& p : paths)
+        urls.append(QUrl::fromLocalFile(p));
+    mime.setUrls(urls);
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &enter);
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &drop);
+}
+
+void writeJpeg(const QString& path, Qt::GlobalColor colour)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(colour);
+    QVERIFY(image.save(path, "JPG"));
+}
+
+} // namespace
+
+class TestForm1 final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void controlsCarryTheirNamesAndTexts()
+    {
+        Form1Fixture f;
+        QCOMPARE(f.form.windowTitle(), QStringLiteral("Buscador..."));
+        for (const char* name :
+             {"Label2", "LblInfo", "lblCurList", "PicExcelConf", "PicOnTop", "Picture1", "Picture2",
+              "Picture4", "LblBytesLibres", "LbltotalBytes", "lblFileSystem", "lblFlags",
+              "lblMaxComponentLength", "lblSerialNumber"})
+            QVERIFY2(child<QLabel>(f.form, name), name);
+        for (const char* name :
+             {"BusFile", "DesdeA", "guardarb", "guardarc", "vaciarl", "ExitProgram", "mnuFindFiles",
+              "Rep", "Agr1", "Eli", "ChngeName", "Funcional", "Edit", "Mover", "Reest"})
+            QVERIFY2(child<QAction>(f.form, name), name);
+        QCOMPARE(child<QLabel>(f.form, "Label2")->text(), QStringLiteral("La lista esta vacia"));
+        QCOMPARE(child<QLabel>(f.form, "LblInfo")->text(), QStringLiteral("Info Adicional"));
+        QCOMPARE(child<QPushButton>(f.form, "Command6")->text(), QStringLiteral("&Vaciar LISTA"));
+        QCOMPARE(child<QAction>(f.form, "Agr1")->text(),
+                 QStringLiteral("Agregar a la &lista del reproductor"));
+        QVERIFY(child<QTimer>(f.form, "Timer1") && child<QTimer>(f.form, "Timer2"));
+        QCOMPARE(f.form.Timer3->objectName(), QStringLiteral("Timer3"));
+        QHeaderView* header = f.form.ListView1->header();
+        QCOMPARE(header->sectionSize(4), 0); // the drive column is kept but not shown
+        QVERIFY(header->sectionSize(0) > 0);
+        QCOMPARE(header->sectionSize(0), header->sectionSize(3));
+        QVERIFY(f.form.Funcional->isChecked());
+        QVERIFY(!f.form.mnuFindFiles->isVisible());
+    }
+
+    void addingShowsRowsAndTheCountLine()
+    {
+        Form1Fixture f;
+        f.catalogue.setGroupName(QStringLiteral("CD 1"));
+        f.addMany(3);
+        QTRY_COMPARE(f.form.ListView1->model()->rowCount(), 3);
+        QCOMPARE(f.form.ListView1->model()->index(0, 0).data().toString(), QStringLiteral("f2"));
+        QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 3 archivos actualmente"));
+        QCOMPARE(f.form.txtvolumename->text(), QStringLiteral("CD 1"));
+    }
+
+    void deletingSelectedRowsReportsSingularAndPlural()
+    {
+        Form1Fixture f;
+        f.addMany(10);
+        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
+        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                          f.rowPoint(3));
+        QTest::keyClick(f.form.ListView1, Qt::Key_Delete);
+        QCOMPARE(f.catalogue.list().count(), 7);
+        QCOMPARE(f.form.LblInfo->text(),
+                 QStringLiteral("Han sido eliminados 3 archivos de la lista"));
+        QCOMPARE(f.form.LblInfo->palette().color(QPalette::WindowText), QColor(Qt::blue));
+        QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 7 archivos actualmente"));
+
+        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
+        f.form.Eli->trigger();
+        QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 6 archivo actualmente"));
+        QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("f5"));
+    }
+
+    void emptyingFollowsEachAnswer()
+    {
+        Form1Fixture f;
+        f.addMany(2);
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
+        f.form.Command6->click();
+        QCOMPARE(f.catalogue.list().count(), 2);
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::Yes); // no save flow yet: kept
+        QTest::keyClick(&f.form, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(f.catalogue.list().count(), 2);
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
+        f.form.vaciarl->trigger();
+        QCOMPARE(f.catalogue.list().count(), 0);
+        QCOMPARE(f.form.ListView1->model()->rowCount(), 0);
+        QCOMPARE(f.form.LblInfo->text(), QStringLiteral("La lista ha sido vaciada"));
+        QCOMPARE(f.dialogs.asked.size(), 3);
+        QTest::mouseClick(f.form.Picture2, Qt::LeftButton);
+        QCOMPARE(f.form.LblInfo->text(), QStringLiteral("No es posible vaciar una lista vacia"));
+        QCOMPARE(f.form.LblInfo->palette().color(QPalette::WindowText), QColor(Qt::red));
+    }
+
+    void headerClicksFlipTheSortOrder()
+    {
+        Form1Fixture f;
+        for (const char* n : {"b", "c", "a"})
+            f.add(f.file(QStringLiteral("M/%1.mp3").arg(QLatin1String(n))));
+        f.catalogue.list().flush();
+        QHeaderView* header = f.form.ListView1->header();
+        auto clickHeader = [&](int section) {
+            QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                              QPoint(header->sectionViewportPosition(section) + 5, 5));
+        };
+        auto shownTop = [&] { return f.form.ListView1->model()->index(0, 0).data().toString(); };
+        clickHeader(0);
+        QCOMPARE(shownTop(), QStringLiteral("c"));
+        clickHeader(0);
+        QCOMPARE(shownTop(), QStringLiteral("a"));
+        clickHeader(1);
+        QCOMPARE(f.catalogue.sortOrder(), Qt::DescendingOrder);
+    }
+
+    void modesRuleThePopupAndTheDoubleClick()
+    {
+        Form1Fixture f;
+        QWidget* viewport = f.form.ListView1->viewport();
+        QTest::mouseClick(viewport, Qt::RightButton, {}, QPoint(20, 20));
+        QVERIFY(!f.form.mnuOpcionesLista->isVisible()); // empty list: no popup
+
+        f.options.setValue(nubo::app::Option::DblClkExecute, 1);
+        f.add(f.file(QStringLiteral("M/tema.mp3")));
+        QTest::mouseClick(viewport, Qt::RightButton, {}, f.rowPoint(0));
+        QVERIFY(f.form.mnuOpcionesLista->isVisible());
+        f.form.mnuOpcionesLista->hide();
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
+        QCOMPARE(f.shell.calls.size(), 1);
+        QCOMPARE(f.shell.calls[0].first, QStringLiteral("open"));
+
+        for (QAction* mode : {f.form.Edit, f.form.Mover}) {
+            mode->trigger();
+            QVERIFY(mode->isChecked() && !f.form.Funcional->isChecked());
+            QVERIFY(!f.form.mnuOpcionesLista->menuAction()->isEnabled());
+            QCOMPARE(f.form.ListView1->editTriggers(), QAbstractItemView::NoEditTriggers);
+            QTest::mouseClick(viewport, Qt::RightButton, {}, f.rowPoint(0));
+            QVERIFY(!f.form.mnuOpcionesLista->isVisible());
+            QTest::mouseDClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
+            QCOMPARE(f.shell.calls.size(), 1);
+        }
+        f.form.Mover->trigger(); // the checked item again: nothing changes
+        QCOMPARE(f.form.listMode(), ListMode::Mover);
+        f.form.Reest->trigger();
+        QCOMPARE(f.form.listMode(), ListMode::Funcional);
+        QVERIFY(f.form.Funcional->isChecked() && !f.form.Mover->isChecked());
+        QVERIFY(f.form.mnuOpcionesLista->menuAction()->isEnabled());
+    }
+
+    void f2EditsTheName()
+    {
+        Form1Fixture f;
+        f.add(f.file(QStringLiteral("M/tema.mp3")));
+        f.form.Edit->trigger();
+        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(0, 2));
+        QTest::keyClick(f.form.ListView1, Qt::Key_F2);
+        QVERIFY(f.form.ListView1->viewport()->findChild<QLineEdit*>()); // the name's editor
+        QCOMPARE(f.form.ListView1->currentIndex().column(), 0);
+    }
+
+    void f12LeavesWithoutAQuestion()
+    {
+        Form1Fixture f;
+        f.addMany(2);
+        QSignalSpy end(&f.form, &Form1::endProgramRequested);
+        QTest::keyClick(&f.form, Qt::Key_F12);
+        QCOMPARE(end.count(), 1);
+        QCOMPARE(f.catalogue.list().count(), 0);
+        QVERIFY(f.dialogs.asked.isEmpty());
+    }
+
+    void escapeStopsARunningSearch()
+    {
+        Form1Fixture f;
+        QSignalSpy cancel(&f.form, &Form1::cancelRequested);
+        f.form.mnuFindFiles->setVisible(true);
+        QTest::keyClick(f.form.ListView1, Qt::Key_Escape);
+        QCOMPARE(cancel.count(), 1);
+        QVERIFY(f.form.mnuFindFiles->isVisible()); // nothing was running
+        f.search.searching = true;
+        QTest::keyClick(f.form.txtvolumename, Qt::Key_Escape);
+        QVERIFY(!f.form.mnuFindFiles->isVisible());
+        QCOMPARE(f.search.calls, QStringList({"stop", "stop"}));
+        f.form.mnuFindFiles->trigger(); // presses the search button
+        QCOMPARE(f.search.calls.last(), QStringLiteral("run"));
+    }
+
+    void droppingFilesAndFolders()
+    {
+        Form1Fixture f;
+        const QString a = f.file(QStringLiteral("M/a.mp3"));
+        const QString b = f.file(QStringLiteral("M/b.wav"));
+        dropNames(f.form.ListView1->viewport(), {a, b});
+        QCOMPARE(f.catalogue.list().count(), 2);
+        QVERIFY(f.dialogs.asked.isEmpty());
+
+        f.dialogs.inputAnswers.enqueue(QStringLiteral("*.mp3"));
+        const QString m = f.drive + QStringLiteral("/M");
+        dropNames(f.form.ListView1->viewport(), {m, a, f.drive});
+        QCOMPARE(f.dialogs.asked.size(), 1); // two folders, one question
+        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Defina una extencion!"));
+        QCOMPARE(
+            f.dialogs.asked[0].text,
+            QStringLiteral("Ingrese la extencion de los arhivos que desea agregar a la lista "));
+        QCOMPARE(f.search.calls, QStringList({m + "|*.mp3", f.drive + "|*.mp3"}));
+        QCOMPARE(f.catalogue.list().count(), 3);
+
+        f.dialogs.inputAnswers.enqueue(QString());
+        dropNames(f.form.ListView1->viewport(), {m, a});
+        QCOMPARE(f.catalogue.list().count(), 3); // an empty answer stops the whole drop
+    }
+
+    void ctrlTTogglesAlwaysOnTop()
+    {
+        Form1Fixture f;
+        writeJpeg(f.appDir.filePath(QStringLiteral("Bitmap/bool2.jpg")), Qt::red);
+        writeJpeg(f.appDir.filePath(QStringLiteral("Bitmap/bool3.jpg")), Qt::blue);
+        auto shown = [&] { return f.form.PicOnTop->pixmap().toImage().pixelColor(4, 4); };
+        QTest::keyClick(&f.form, Qt::Key_T, Qt::ControlModifier);
+        QVERIFY(f.form.isOnTop() && f.form.Check1->isChecked());
+        QVERIFY(f.form.windowFlags() & Qt::WindowStaysOnTopHint);
+        QVERIFY(shown().blue() > 200);
+        QVERIFY(f.form.isVisible());
+        QTest::mouseClick(f.form.PicOnTop, Qt::LeftButton);
+        QVERIFY(!f.form.isOnTop());
+        QVERIFY(!(f.form.windowFlags() & Qt::WindowStaysOnTopHint));
+        QVERIFY(shown().red() > 200);
+    }
+
+    void windowKeysAskForOtherWindows()
+    {
+        Form1Fixture f;
+        QSignalSpy search(&f.form, &Form1::searchWindowRequested);
+        QSignalSpy options(&f.form, &Form1::optionsWindowRequested);
+        QSignalSpy sheet(&f.form, &Form1::sheetConfigurationRequested);
+        QTest::keyClick(f.form.ListView1, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&f.form, Qt::Key_F3);
+        f.form.Command7->click();
+        QTest::keyClick(&f.form, Qt::Key_F4);
+        QTest::keyClick(&f.form, Qt::Key_F5);
+        QTest::keyClick(&f.form, Qt::Key_O, Qt::ControlModifier);
+        QTest::keyClick(&f.form, Qt::Key_F1);
+        QCOMPARE(search.count(), 3);
+        QCOMPARE(options.count(), 1);
+        QCOMPARE(sheet.count(), 2);
+    }
+
+    void closingEmptiesFirstAndHides()
+    {
+        Form1Fixture f;
+        f.addMany(1);
+        QSignalSpy scene(&f.form, &Form1::sceneStepBackRequested);
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
+        f.form.close();
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.catalogue.list().count(), 0);
+        QCOMPARE(scene.count(), 1);
+        QVERIFY(!f.form.isVisible());
+        QVERIFY(f.search.calls.contains(QStringLiteral("stop")));
+    }
+
+    void opensWindowGrowingToItsHeight()
+    {
+        Form1Fixture f;
+        QTRY_VERIFY(!f.form.Timer2->isActive());
+        QVERIFY(f.form.height() >= 700);
+    }
+
+    void selectedRowShowsItsTagDetails()
+    {
+        Form1Fixture f;
+        f.options.setValue(nubo::app::Option::MostrarPro, 1);
+        QByteArray tag(128, ' ');
+        tag.replace(0, 3, "TAG");
+        tag.replace(3, 4, "Hola");
+        tag[127] = char(0);
+        nubo::test::writeFile(f.drive + QStringLiteral("/M/tema.mp3"), QByteArray(200, 'x') + tag);
+        f.add(f.drive + QStringLiteral("/M/tema.mp3"));
+        f.add(f.file(QStringLiteral("M/leame.txt")));
+        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
+        QVERIFY(f.form.txtMp3Info->isVisible());
+        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
+        QVERIFY(f.form.detailsText().endsWith(QStringLiteral("Genero: Blues\r\n")));
+        QVERIFY(!f.form.ListView1->toolTip().isEmpty());
+        QTest::keyClick(f.form.ListView1, Qt::Key_Up);
+        QVERIFY(!f.form.txtMp3Info->isVisible());
+    }
+};
+
+QTEST_MAIN(TestForm1)
+#include "tst_form1.moc"

@@ -1,0 +1,115 @@
+#include <QDir>
+#include <QFile>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+// nubo-cli's "tag" and "type", run as a user would run them.
+class TestTagCommands final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void tagPrintsTheDetailsBox();
+    void tagPrintsNothingForOtherFiles();
+    void typePrintsTheTypeName();
+    void errors_data();
+    void errors();
+
+private:
+    struct Run
+    {
+        int status;
+        QByteArray out;
+        QByteArray err;
+    };
+
+    Run run(const QStringList& args)
+    {
+        QProcess process;
+        process.start(m_cli, args);
+        if (!process.waitForFinished(30000))
+            qFatal("nubo-cli did not finish");
+        return {process.exitCode(), process.readAllStandardOutput(),
+                process.readAllStandardError()};
+    }
+
+    QString write(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(m_dir.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(name));
+        return file.fileName();
+    }
+
+    QTemporaryDir m_dir;
+    QString m_cli;
+};
+
+void TestTagCommands::initTestCase()
+{
+    m_cli = QDir(qEnvironmentVariable("NUBO_APP_DIR")).filePath(QStringLiteral("nubo-cli"));
+    QVERIFY2(QFileInfo(m_cli).isExecutable(), qPrintable(m_cli));
+    QVERIFY(m_dir.isValid());
+}
+
+void TestTagCommands::tagPrintsTheDetailsBox()
+{
+    QByteArray tail = "TAG" + QByteArray("Ca\xf1on").leftJustified(30, '\0') + QByteArray(30, ' ') +
+                      QByteArray("Disco").leftJustified(30) + "2004" + QByteArray(30, ' ');
+    tail.append('\x93');
+    const Run result = run({"tag", write("tema.mp3", QByteArray(50, 'a') + tail)});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.out, "Titulo: Ca\xc3\xb1on" + QByteArray(25, '\0') + "\r\nAlbum: Disco" +
+                             QByteArray(25, ' ') + "\r\nA\xc3\xb1o: 2004\r\nGenero: Synth Pop\r\n");
+    QCOMPARE(result.err, QByteArray());
+
+    // A blank title leaves the box as a new window has it: empty, then the other lines.
+    tail.replace(3, 30, QByteArray(30, ' '));
+    tail[127] = '\xff';
+    QCOMPARE(run({"tag", write("blanco.mp3", tail)}).out,
+             "\r\nAlbum: Disco" + QByteArray(25, ' ') + "\r\nA\xc3\xb1o: 2004");
+    QCOMPARE(run({"tag", write("corto.mp3", "TAG")}).out, "No hay informaci\xc3\xb3n");
+}
+
+void TestTagCommands::tagPrintsNothingForOtherFiles()
+{
+    const Run result = run({"tag", write("tema.wav", "TAG" + QByteArray(125, 'x'))});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.out, QByteArray());
+}
+
+void TestTagCommands::typePrintsTheTypeName()
+{
+    const Run text = run({"type", write("nota.txt", "hola\n")});
+    QCOMPARE(text.status, 0);
+    QCOMPARE(QString::fromUtf8(text.out),
+             QMimeDatabase().mimeTypeForName("text/plain").comment() + '\n');
+    const Run binary = run({"type", write("datos.zzq", QByteArray::fromHex("00ff13fe0001"))});
+    QCOMPARE(binary.out, "<Archivo sin asociaci\xc3\xb3n>\n");
+}
+
+void TestTagCommands::errors_data()
+{
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<int>("status");
+    QTest::newRow("tag, missing file") << QStringList{"tag", "/nonexistent/x.mp3"} << 2;
+    QTest::newRow("type, missing file") << QStringList{"type", "/nonexistent/x.txt"} << 2;
+    QTest::newRow("tag, no file") << QStringList{"tag"} << 1;
+    QTest::newRow("type, two files") << QStringList{"type", "a", "b"} << 1;
+}
+
+void TestTagCommands::errors()
+{
+    QFETCH(QStringList, args);
+    QFETCH(int, status);
+    const Run result = run(args);
+    QCOMPARE(result.status, status);
+    QCOMPARE(result.out, QByteArray());
+    QVERIFY(!result.err.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestTagCommands)
+#include "tst_TagCommands.moc"
