@@ -8,6 +8,8 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/DesktopShell.h"
 #include "platform/ui/QtDialogs.h"
+#include "search/ui/ListWindowHost.h"
+#include "search/ui/SearchWindows.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -56,6 +58,16 @@ int main(int argc, char** argv)
     catalogue::ListWindow list({appFolder, *services.drives, dialogs, *shell, options});
     QObject::connect(&list.form, &catalogue::Form1::endProgramRequested, &application,
                      &QCoreApplication::quit);
+
+    // The search window, the CD-ROM chooser and the engine the list window drives.
+    search::ListWindowHost searchHost(list.catalogue, list.form);
+    search::SearchWindows search({appFolder, searchHost, dialogs, *services.drives,
+                                  *services.volumes, *services.directories, *services.tray});
+    searchHost.setEngine(&search.engine);
+    list.form.setSearchLauncher(&searchHost);
+    search.controller.setCancelFlagRaiser([&list] { emit list.form.cancelRequested(); });
+    QObject::connect(&list.form, &catalogue::Form1::searchWindowRequested, &search.form3,
+                     [&search] { search.showSearchWindow(); });
     mainWindow.show();
     return application.exec();
 }

@@ -12,7 +12,8 @@ public:
     // The catalogue list.
     virtual int rowCount() const = 0;
     virtual void setGroupName(const QString& name) = 0;
-    virtual void setCountLine(const QString& text) = 0;                              // Label2
+    // Label2: "La lista contiene " + rows + " archivos actualmente".
+    virtual void updateCountLine() = 0;
     virtual void showInfoMessage(const QString& text, int delayMs, quint32 rgb) = 0; // LblInfo
 
     // The window and its search controls.

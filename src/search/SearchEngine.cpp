@@ -199,8 +199,7 @@ void SearchEngine::reportOutcome(int countBefore)
     }
     host.setFindMenuVisible(false);
     host.startFlash();
-    host.setCountLine(
-        QStringLiteral("La lista contiene %1 archivos actualmente").arg(host.rowCount()));
+    host.updateCountLine();
 }
 
 bool SearchEngine::FlashTick()

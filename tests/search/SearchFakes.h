@@ -54,7 +54,10 @@ public:
     }
     int rowCount() const override { return int(rows.size()); }
     void setGroupName(const QString& name) override { groupName = name; }
-    void setCountLine(const QString& text) override { countLine = text; }
+    void updateCountLine() override
+    {
+        countLine = QStringLiteral("La lista contiene %1 archivos actualmente").arg(rows.size());
+    }
     void showInfoMessage(const QString& text, int delay, quint32 rgb) override
     {
         messages.append({text, delay, rgb});
