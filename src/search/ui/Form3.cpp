@@ -287,6 +287,12 @@ void Form3::paintEvent(QPaintEvent* event)
     painter.drawPixmap(rect(), m_background);
 }
 
+void Form3::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    refreshDrives(); // drives come and go while the window is hidden
+}
+
 void Form3::closeEvent(QCloseEvent* event)
 {
     QWidget::closeEvent(event);
