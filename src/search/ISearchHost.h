@@ -22,8 +22,7 @@ public:
     virtual void setFindMenuCaption(const QString& caption) = 0;
     virtual void setBusyCursor(bool busy) = 0;
     virtual void showFolderStrip() = 0; // Picture1 shown
-    virtual void startFlash() = 0;      // Timer1 enabled
-    virtual void flashWindow(bool state) = 0;
+    virtual void startFlash() = 0;      // Timer1 enabled: six ticks of caption flashing
     virtual void showListWindow() = 0;
 
     // Drive space and volume details of the searched drive.

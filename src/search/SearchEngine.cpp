@@ -198,19 +198,10 @@ void SearchEngine::reportOutcome(int countBefore)
         host.setCaption(QStringLiteral("La Búsqueda ha finalizado con exito"));
     }
     host.setFindMenuVisible(false);
+    // The list window's flash timer counts its own ticks and never starts over, so only the
+    // first search of a run flashes the caption.
     host.startFlash();
     host.updateCountLine();
-}
-
-bool SearchEngine::FlashTick()
-{
-    // FlashTicks is never reset, so only the first search of a run flashes: kept so.
-    if (FlashTicks > 5)
-        return false;
-    FlashState = !FlashState;
-    m_services.host.flashWindow(FlashState);
-    ++FlashTicks;
-    return true;
 }
 
 bool SearchEngine::requestStop()

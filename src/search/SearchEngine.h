@@ -39,8 +39,6 @@ public:
     void MatchFilesInFolder(const QString& path) { m_walker.MatchFilesInFolder(path); }
     void ShowVolumeDetails(const QString& root);
     void ShowDriveSpace(const QString& root);
-    // One tick of the caption flash; false once the flash is over and its timer should stop.
-    bool FlashTick();
 
     // Escape, the exit command and closing the list window: stops a running search.
     // True when one was running.
@@ -53,8 +51,6 @@ public:
 
     bool CancelRequested = false;
     QString StartPath;
-    int FlashTicks = 0;
-    bool FlashState = false;
 
 private:
     // Steps of StartSearch that may raise; the runtime error number, or 0.

@@ -33,7 +33,6 @@ public:
     QString groupName, countLine, caption, findMenuCaption, folderStrip, volume;
     QString totalSpace, freeSpace, serial, maxLength, fileSystem, flags;
     QList<Message> messages;
-    QList<bool> flashes;
     bool findMenuVisible = false, busy = false, stripShown = false, listShown = false;
     int batchDepth = 0, flashStarts = 0, eventRuns = 0;
     // Whether a path names a file; by default the file system's answer.
@@ -77,7 +76,6 @@ public:
             onEvents();
     }
     void startFlash() override { ++flashStarts; }
-    void flashWindow(bool state) override { flashes.append(state); }
     void showListWindow() override { listShown = true; }
     void setDriveSpace(const QString& total, const QString& free) override
     {

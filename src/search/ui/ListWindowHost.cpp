@@ -92,12 +92,6 @@ void ListWindowHost::startFlash()
     m_form.startFlashing();
 }
 
-void ListWindowHost::flashWindow(bool state)
-{
-    if (state)
-        QApplication::alert(&m_form);
-}
-
 void ListWindowHost::showListWindow()
 {
     m_form.show();

@@ -38,7 +38,6 @@ public:
     void setBusyCursor(bool busy) override;
     void showFolderStrip() override;
     void startFlash() override;
-    void flashWindow(bool state) override;
     void showListWindow() override;
     void setDriveSpace(const QString& total, const QString& free) override;
     QString volumeName() const override;
