@@ -170,6 +170,7 @@ private:
     ListMode m_mode = ListMode::Funcional;
     QString m_detailsText;
     int m_lastPointerRow = -1;
+    bool m_waitingCountLine = false;
     quint32 m_messageColour = 0;
     int m_flashCount = 0;
     bool m_flashFlag = false;

@@ -42,6 +42,8 @@ bool Form1::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::KeyPress: {
+        if (qobject_cast<QMenu*>(watched))
+            break; // open menus keep their own keys
         const auto* key = static_cast<QKeyEvent*>(event);
         return handleWindowKey(key->key(), key->modifiers());
     }

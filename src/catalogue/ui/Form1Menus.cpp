@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <utility>
+
 namespace nubo::catalogue {
 
 namespace {
@@ -109,7 +111,19 @@ void Form1::createFileOptionsMenu()
 
 void Form1::connectCatalogue()
 {
-    connect(&m_catalogue, &Catalogue::countLineChanged, Label2, &QLabel::setText);
+    // The count line follows the rows the list shows, so a long search repaints it once per
+    // batch of rows rather than once per file.
+    connect(&m_catalogue, &Catalogue::countLineChanged, this, [this](const QString& text) {
+        m_waitingCountLine = m_catalogue.list().pendingCount() > 0;
+        if (!m_waitingCountLine)
+            Label2->setText(text);
+    });
+    const auto showWaitingCountLine = [this] {
+        if (std::exchange(m_waitingCountLine, false))
+            Label2->setText(m_catalogue.countLine());
+    };
+    connect(&m_catalogue.list(), &QAbstractItemModel::rowsInserted, this, showWaitingCountLine);
+    connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, showWaitingCountLine);
     connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
     connect(&m_catalogue, &Catalogue::groupNameChanged, txtvolumename, &QLineEdit::setText);
     connect(&m_catalogue.info(), &InfoMessage::changed, this,
