@@ -67,8 +67,8 @@ private slots:
         QCOMPARE(rig.list.form.lblSerialNumber->text(), QStringLiteral("-2147483647"));
         QCOMPARE(rig.list.form.lblFlags->text(), QStringLiteral("&H401"));
         QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha finalizado con exito"));
-        QCOMPARE(rig.list.form.Label2->text(),
-                 QStringLiteral("La lista contiene 3 archivos actualmente"));
+        QTRY_COMPARE(rig.list.form.Label2->text(),
+                     QStringLiteral("La lista contiene 3 archivos actualmente"));
         QCOMPARE(rig.list.form.LbltotalBytes->text(), QStringLiteral("0 Mbytes (0) Gb"));
         QVERIFY(!rig.list.form.mnuFindFiles->isVisible());
         QVERIFY(rig.list.form.isVisible());
