@@ -13,6 +13,8 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/DesktopShell.h"
 #include "platform/ui/QtDialogs.h"
+#include "search/ui/ListWindowHost.h"
+#include "search/ui/SearchWindows.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -82,6 +84,19 @@ int main(int argc, char** argv)
                      [&mainWindow] { mainWindow.playClosingFrames(1); });
     QObject::connect(&list.form, &catalogue::Form1::optionsWindowRequested, &optionsWindow,
                      [&windows] { windows.showWindow(frame::FrameWindow::Options); });
+
+    // The search window, the CD-ROM chooser and the engine the list window drives.
+    search::ListWindowHost searchHost(list.catalogue, list.form);
+    search::SearchWindows search({appFolder, searchHost, dialogs, *services.drives,
+                                  *services.volumes, *services.directories, *services.tray});
+    searchHost.setEngine(&search.engine);
+    list.form.setSearchLauncher(&searchHost);
+    search.controller.setCancelFlagRaiser([&list] { emit list.form.cancelRequested(); });
+    QObject::connect(&list.form, &catalogue::Form1::searchWindowRequested, &search.form3,
+                     [&search] { search.showSearchWindow(); });
+    windows.connectWindow(frame::FrameWindow::Search, &search.form3);
+    QObject::connect(&search.form3, &search::Form3::closed, &mainWindow,
+                     [&mainWindow] { mainWindow.playClosingFrames(4); });
     mainWindow.show();
     application.setQuitOnLastWindowClosed(false);
     return application.exec();

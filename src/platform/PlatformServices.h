@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/IDirectoryReader.h"
 #include "platform/IDrives.h"
 #include "platform/IInstanceCheck.h"
+#include "platform/IOpticalTray.h"
 #include "platform/IRegistry.h"
+#include "platform/IVolumes.h"
 
 #include <memory>
 
@@ -14,6 +17,9 @@ struct PlatformServices
     std::unique_ptr<IDrives> drives;
     std::unique_ptr<IInstanceCheck> instances;
     std::unique_ptr<IRegistry> registry;
+    std::unique_ptr<IVolumes> volumes;
+    std::unique_ptr<IOpticalTray> tray;
+    std::unique_ptr<IDirectoryReader> directories;
 };
 
 } // namespace nubo::platform

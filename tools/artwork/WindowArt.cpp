@@ -114,8 +114,8 @@ bool writeWindowPictures(const QString& bitmap)
         return saveJpeg(image, bitmap + QLatin1String(name));
     };
     bool ok = jpg(background({640, 480}, QStringLiteral("Lista")), "mainform1.jpg");
-    ok &= jpg(background({440, 360}, QStringLiteral("Buscar")), "mainform3.jpg");
-    ok &= jpg(background({380, 200}, QStringLiteral("CD-ROM")), "mainform4.jpg");
+    ok &= jpg(background({460, 350}, QStringLiteral("Buscar")), "mainform3.jpg");
+    ok &= jpg(background({360, 170}, QStringLiteral("CD-ROM")), "mainform4.jpg");
     ok &= jpg(background({500, 340}, QStringLiteral("Opciones")), "mainform5.jpg");
     ok &= jpg(background({440, 380}, QStringLiteral("Hoja Excel")), "mainform7.jpg");
     const QSize round(48, 48);
@@ -133,13 +133,13 @@ bool writeWindowPictures(const QString& bitmap)
                                {"form3Bot2off.jpg", "form3Bot2on.jpg", "form3bot2hit.jpg"},
                                {"form3bot3off.jpg", "form3Bot3on.jpg", "form3bot3hit.jpg"}};
     for (int i = 0; i < 3; ++i) {
-        ok &= jpg(badgeButton({56, 56}, search[i], 0), names[i][0]);
-        ok &= jpg(badgeButton({56, 56}, search[i], 1), names[i][1]);
-        ok &= jpg(badgeButton({56, 56}, search[i], 1, true), names[i][2]);
+        ok &= jpg(badgeButton({120, 70}, search[i], 0), names[i][0]);
+        ok &= jpg(badgeButton({120, 70}, search[i], 1), names[i][1]);
+        ok &= jpg(badgeButton({120, 70}, search[i], 1, true), names[i][2]);
     }
     // Only the "on" face of the drive chooser's button: its plain face is loaded from a name
     // without an extension, which must not exist.
-    ok &= jpg(badgeButton({56, 56}, Glyph::Disc, 1), "form4bot1on.jpg");
+    ok &= jpg(badgeButton({100, 60}, Glyph::Disc, 1), "form4bot1on.jpg");
     ok &= jpg(badgeButton({56, 56}, Glyph::Check, 0), "form7bot1off.jpg");
     ok &= jpg(badgeButton({56, 56}, Glyph::Check, 1), "form7bot1on.jpg");
     const QDir root = QDir(bitmap).filePath(QStringLiteral(".."));

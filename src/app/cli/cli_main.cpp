@@ -1,6 +1,8 @@
 // nubo-cli: the command-line front end, linked with core libraries only.
 #include "app/cli/Cli.h"
+#include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Terminal.h"
+#include "search/cli/ScanCommand.h"
 #include "tags/cli/TagCommands.h"
 
 #include <QCoreApplication>
@@ -17,6 +19,8 @@ int main(int argc, char** argv)
     // Each subsystem adds its commands here.
     QList<nubo::cli::CliCommand> commands;
     commands += nubo::tags::cli::tagCommands();
+    const nubo::platform::PlatformServices services = nubo::platform::createLinuxPlatform();
+    commands += nubo::search::cli::scanCommand(*services.drives, *services.directories);
     const nubo::cli::Cli cli(commands);
     const int status = cli.run(application.arguments().mid(1), io);
     out.flush();

@@ -99,6 +99,12 @@ QString LinuxDrives::drivePrefixOf(const QString& absolutePath) const
     return volume ? MountTable::prefixOf(volume->mountPoint) : QString();
 }
 
+std::optional<MountEntry> LinuxDrives::volumeOf(const QString& path) const
+{
+    const MountEntry* volume = table().volumeOf(path);
+    return volume ? std::optional<MountEntry>(*volume) : std::nullopt;
+}
+
 DriveType LinuxDrives::driveType(const QString& drive) const
 {
     QString text = drive;

@@ -5,6 +5,8 @@
 
 #include <QElapsedTimer>
 
+#include <optional>
+
 namespace nubo::platform {
 
 // Drives from /proc/self/mountinfo, /dev/disk/by-label and /sys/block.
@@ -16,12 +18,16 @@ public:
     DriveType driveType(const QString& drive) const override;
     FloppyPresence floppyPresence() const override { return {}; }
 
+    // The file-system label of a device node, from /dev/disk/by-label; empty when none.
+    static QString labelOf(const QString& device);
+    // The mounted volume that holds a path, from a mount table at most two seconds old.
+    std::optional<MountEntry> volumeOf(const QString& path) const;
+
 private:
     // The mount table, re-read at most every two seconds: prefixes are asked once per file.
     const MountTable& table() const;
     DriveInfo describe(const MountEntry& entry) const;
     static bool isRemovable(const QString& device);
-    static QString labelOf(const QString& device);
 
     mutable MountTable m_table;
     mutable QElapsedTimer m_age;

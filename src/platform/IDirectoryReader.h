@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace nubo::platform {
+
+// One name of a folder listing. A symbolic link is never a folder here, whatever it points at.
+struct DirEntry
+{
+    QString name;
+    bool isFolder = false;
+};
+
+// Lists folders the cheap way: one pass over the directory, no per-entry look-up where the
+// directory itself says what an entry is.
+class IDirectoryReader
+{
+public:
+    virtual ~IDirectoryReader() = default;
+
+    // Every entry of folder in the file system's own order, "." and ".." included; nothing
+    // when the folder cannot be read (missing, no access, not a folder).
+    virtual std::optional<QList<DirEntry>> read(const QString& folder) const = 0;
+};
+
+} // namespace nubo::platform

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+namespace nubo::platform {
+
+// The door of an optical drive, reached through its device node. Every failure is silent.
+class IOpticalTray
+{
+public:
+    virtual ~IOpticalTray() = default;
+
+    // A device id for the door commands, or -1 when the device cannot be opened.
+    virtual int open(const QString& device) = 0;
+    virtual void close(int id) = 0;
+    // Result code of the door command: 0 when it succeeded.
+    virtual int setDoor(int id, bool open) = 0;
+    virtual bool mediumPresent(const QString& device) = 0;
+};
+
+} // namespace nubo::platform

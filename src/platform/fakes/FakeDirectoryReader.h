@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/IDirectoryReader.h"
+
+#include <QHash>
+
+#include <functional>
+
+namespace nubo::platform {
+
+// Folder listings a test writes down, keyed by folder path with its trailing '/'; a folder
+// not listed cannot be read. A generator may stand in for very large listings.
+class FakeDirectoryReader final : public IDirectoryReader
+{
+public:
+    QHash<QString, QList<DirEntry>> folders;
+    std::function<std::optional<QList<DirEntry>>(const QString&)> generator;
+    mutable QStringList reads;
+
+    // Adds "." and ".." and the given names; names ending in '/' are folders.
+    void addFolder(const QString& folder, const QStringList& names)
+    {
+        QList<DirEntry> entries{{QStringLiteral("."), true}, {QStringLiteral(".."), true}};
+        for (const QString& name : names) {
+            const bool folderName = name.endsWith(QLatin1Char('/'));
+            entries.append({folderName ? name.chopped(1) : name, folderName});
+        }
+        folders.insert(folder, entries);
+    }
+
+    std::optional<QList<DirEntry>> read(const QString& folder) const override
+    {
+        reads.append(folder);
+        if (generator)
+            return generator(folder);
+        const auto it = folders.find(folder);
+        return it == folders.end() ? std::nullopt : std::optional<QList<DirEntry>>(*it);
+    }
+};
+
+} // namespace nubo::platform

@@ -1,0 +1,62 @@
+#include "search/DriveList.h"
+
+#include "app/RuntimeError.h"
+
+namespace nubo::search {
+
+namespace {
+
+QString withoutSlash(QString path)
+{
+    while (path.size() > 1 && path.endsWith(QLatin1Char('/')))
+        path.chop(1);
+    return path;
+}
+
+} // namespace
+
+QStringList DriveList::texts() const
+{
+    QStringList texts;
+    for (const platform::DriveInfo& entry : m_entries)
+        texts.append(entry.listText());
+    return texts;
+}
+
+int DriveList::indexOf(const QString& text) const
+{
+    if (text.isEmpty())
+        return -1;
+    const QString path = withoutSlash(text);
+    for (qsizetype i = 0; i < m_entries.size(); ++i) {
+        const platform::DriveInfo& entry = m_entries[i];
+        if (text == entry.listText() ||
+            (!entry.mountPoint.isEmpty() && path == withoutSlash(entry.mountPoint)) ||
+            (!entry.device.isEmpty() && text == entry.device))
+            return int(i);
+    }
+    return -1;
+}
+
+int DriveList::check(const QString& text) const
+{
+    const int index = indexOf(text);
+    if (index < 0 || !m_entries[index].hasMedium)
+        return app::errors::kDeviceUnavailable;
+    return 0;
+}
+
+QString DriveList::pathOf(const QString& driveText)
+{
+    const qsizetype bracket = driveText.indexOf(QStringLiteral(" ["));
+    if (bracket > 0 && driveText.endsWith(QLatin1Char(']')))
+        return driveText.left(bracket);
+    return driveText;
+}
+
+QString DriveList::withSlash(const QString& path)
+{
+    return path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+}
+
+} // namespace nubo::search

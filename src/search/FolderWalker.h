@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/IDirectoryReader.h"
+#include "search/IWalkHost.h"
+#include "search/SearchCounter.h"
+
+#include <QElapsedTimer>
+
+namespace nubo::search {
+
+// The depth-first, pre-order folder walk: every visited folder's names that match the mask
+// go to the catalogue list. The walk state keeps the names the list window gives it.
+class FolderWalker final
+{
+public:
+    FolderWalker(IWalkHost& host, const platform::IDirectoryReader& directories);
+
+    // Pending events run at most this often; 0 lets them run at every chance. A stop
+    // request therefore reaches the walk within one interval.
+    void setEventInterval(int milliseconds) { m_eventInterval = milliseconds; }
+    // The list window counts in 16 bits; the command line does not.
+    void setSixteenBitCounters(bool on);
+
+    // path ends in '/'. Folders whose names begin with '.' and links to folders are not entered.
+    void WalkFolder(const QString& path);
+    void MatchFilesInFolder(const QString& path);
+
+    bool Searching = false;
+    bool CollectFiles = false;
+    QString SearchMask;
+    SearchCounter MatchCount;
+    SearchCounter FoldersSeen;
+    SearchCounter FilesSeen;
+
+private:
+    void letEventsRun();
+
+    IWalkHost& m_host;
+    const platform::IDirectoryReader& m_directories;
+    int m_eventInterval = 0;
+    QElapsedTimer m_sinceEvents;
+};
+
+} // namespace nubo::search

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace nubo::search {
+
+// What the folder walk reports to: the catalogue list and the current-folder strip.
+class IWalkHost
+{
+public:
+    virtual ~IWalkHost() = default;
+
+    virtual void addFileToList(const QString& path) = 0;  // AddFileToList with a copy
+    virtual void setFolderStrip(const QString& text) = 0; // Picture1 cleared, text printed
+    virtual void beginFolderBatch() = 0;                  // list redraw off
+    virtual void endFolderBatch() = 0;                    // scrolled to its bottom, redraw on
+    virtual void letEventsRun() = 0;                      // pending window events
+};
+
+} // namespace nubo::search

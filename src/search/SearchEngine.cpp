@@ -1,0 +1,223 @@
+#include "search/SearchEngine.h"
+
+#include "app/RuntimeError.h"
+#include "search/DriveList.h"
+#include "search/DriveSpace.h"
+
+namespace nubo::search {
+
+namespace {
+
+constexpr quint32 kWhite = 0xFFFFFF;
+constexpr int kMessageDelay = 10000;
+const QString kNoGroup = QStringLiteral("NO ESPECIFICADO");
+
+} // namespace
+
+SearchEngine::SearchEngine(const Services& services, QLocale locale)
+    : m_services(services), m_locale(std::move(locale)),
+      m_walker(services.host, services.directories)
+{
+}
+
+void SearchEngine::StartSearch(const QString& drive)
+{
+    using platform::MessageAnswer;
+    using platform::MessageButtons;
+    for (;;) {
+        const int error = prepareAndRun(drive);
+        if (error == 0)
+            return;
+        if (error != app::errors::kDeviceUnavailable) {
+            m_services.dialogs.messageBox(QStringLiteral("Ha ocurrido un error desconocido nro. ") +
+                                              QString::number(error),
+                                          QStringLiteral("Error Desconocido"));
+            return;
+        }
+        // A drive without a disc: the tray opens, and the prompt repeats while it stays empty.
+        m_services.tray.EjectTray(drive);
+        const MessageAnswer answer = m_services.dialogs.messageBox(
+            QStringLiteral("Por Favor Inserte un CD en la unidad, pero sin cerrarla, el "
+                           "programa lo hará por Usted "),
+            QStringLiteral("No hay CD en la bandeja"), MessageButtons::OkCancel);
+        m_services.tray.CloseTray(drive);
+        if (answer != MessageAnswer::Ok)
+            return;
+    }
+}
+
+int SearchEngine::prepareAndRun(const QString& drive)
+{
+    if (const int error = m_services.window.selectDrive(drive))
+        return error;
+    ShowVolumeDetails(drive);
+    if (askGroupName())
+        RunSearch();
+    return 0;
+}
+
+bool SearchEngine::askGroupName()
+{
+    ISearchHost& host = m_services.host;
+    const QString answer = m_services.dialogs
+                               .inputBox(QStringLiteral("Ingrese el nombre del grupo con el que "
+                                                        "desea realizar la busqueda"),
+                                         QStringLiteral("Ingrese el titulo del grupo de archivos "
+                                                        "en busqueda"),
+                                         host.volumeName())
+                               .value_or(QString());
+    host.setGroupName(answer);
+    if (!answer.trimmed().isEmpty()) {
+        host.setVolumeName(answer);
+        return true;
+    }
+    const platform::MessageAnswer cancel = m_services.dialogs.messageBox(
+        QStringLiteral("Debe escribir un nombre.¿Desea cancelar la busqueda?"),
+        QStringLiteral("Cancelacion de Busqueda"), platform::MessageButtons::YesNo);
+    if (cancel == platform::MessageAnswer::Yes)
+        return false;
+    host.setVolumeName(kNoGroup);
+    host.setGroupName(kNoGroup);
+    return true;
+}
+
+void SearchEngine::ShowVolumeDetails(const QString& root)
+{
+    const std::optional<platform::VolumeDetails> details =
+        m_services.volumes.details(DriveList::pathOf(root));
+    if (!details)
+        return;
+    m_services.host.setVolumeName(details->label);
+    // Serials from 0x80000000 up read as negative numbers, as the original showed them.
+    // The doubled ampersand is the caption's own: the label shows one.
+    m_services.host.setVolumeDetails(
+        QString::number(qint32(details->serial)), QString::number(details->maxComponentLength),
+        details->fileSystem, QStringLiteral("&&H") + QString::number(details->flags, 16).toUpper());
+}
+
+void SearchEngine::ShowDriveSpace(const QString& root)
+{
+    const platform::VolumeSpace space =
+        m_services.volumes.space(root).value_or(platform::VolumeSpace{});
+    const DriveSpaceCaptions captions =
+        driveSpaceCaptions(space.totalBytes, space.freeBytes, m_locale);
+    m_services.host.setDriveSpace(captions.total, captions.free);
+}
+
+QString SearchEngine::driveRootOf(const QString& folder) const
+{
+    if (folder.isEmpty())
+        return {};
+    return m_services.drives.drivePrefixOf(folder) + QLatin1Char('/');
+}
+
+QString SearchEngine::startPathFor(const QString& folder, const QString& driveText) const
+{
+    QString clean = folder;
+    while (clean.size() > 1 && clean.endsWith(QLatin1Char('/')))
+        clean.chop(1);
+    QString driveRoot = DriveList::pathOf(driveText);
+    while (driveRoot.size() > 1 && driveRoot.endsWith(QLatin1Char('/')))
+        driveRoot.chop(1);
+    // At a drive's root the walk starts from the drive list's text, label included, so the
+    // root of a labelled disk names no folder and finds nothing: kept so deliberately.
+    if (clean.isEmpty() || clean == driveRoot)
+        return DriveList::withSlash(driveText);
+    return DriveList::withSlash(clean);
+}
+
+void SearchEngine::RunSearch()
+{
+    ISearchHost& host = m_services.host;
+    const QString folder = m_services.window.folderPath();
+    ShowDriveSpace(driveRootOf(folder));
+    host.showFolderStrip();
+    const int countBefore = host.rowCount();
+    m_walker.MatchCount.reset();
+    m_services.chooser.hideWindow();
+    host.setCaption(QStringLiteral("Realizando la Búsqueda solicitada..."));
+    host.setFindMenuVisible(true);
+    m_walker.SearchMask = m_services.window.maskText();
+    StartPath = startPathFor(folder, m_services.window.currentDriveText());
+    m_services.window.hideWindow();
+    host.showListWindow();
+
+    if (m_walker.Searching) {
+        // A press during a search is the stop request; the walk notices at its next turn.
+        CancelRequested = true;
+        m_walker.Searching = false;
+        return;
+    }
+    if (m_walker.SearchMask.isEmpty())
+        return;
+
+    host.setBusyCursor(true);
+    m_walker.Searching = true;
+    m_walker.CollectFiles = true;
+    host.setFindMenuCaption(QStringLiteral("&Parar!"));
+    walkOncePerFloppy();
+    m_walker.Searching = false;
+    m_walker.CollectFiles = false;
+    host.setFindMenuCaption(QStringLiteral("&Buscar Archivo(s)..."));
+    host.setBusyCursor(false);
+    host.setFolderStrip(QString());
+    reportOutcome(countBefore);
+}
+
+void SearchEngine::walkOncePerFloppy()
+{
+    // Only the two floppy letters are looked at: the tree is walked once for each one present,
+    // so a machine with both adds every file twice and one with neither walks nothing.
+    const platform::FloppyPresence floppies = m_services.drives.floppyPresence();
+    for (const bool present : {floppies.a, floppies.b}) {
+        if (!m_walker.Searching || !present)
+            continue;
+        try {
+            m_walker.WalkFolder(StartPath);
+        } catch (const SearchOverflow&) {
+            // The overflow abandons this walk; the driver goes on with its next statement.
+        }
+    }
+}
+
+void SearchEngine::reportOutcome(int countBefore)
+{
+    ISearchHost& host = m_services.host;
+    // After a stop the message gives the real growth of the list; after a normal end, the
+    // number of matched names, refused folders included. CancelRequested is never cleared,
+    // so every later search ends on the cancel branch too. Both kept so on purpose.
+    if (CancelRequested) {
+        host.setCaption(QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")
+                                 .arg(host.rowCount() - countBefore),
+                             kMessageDelay, kWhite);
+    } else {
+        host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")
+                                 .arg(m_walker.MatchCount.value()),
+                             kMessageDelay, kWhite);
+        host.setCaption(QStringLiteral("La Búsqueda ha finalizado con exito"));
+    }
+    host.setFindMenuVisible(false);
+    // The list window's flash timer counts its own ticks and never starts over, so only the
+    // first search of a run flashes the caption.
+    host.startFlash();
+    host.updateCountLine();
+}
+
+bool SearchEngine::requestStop()
+{
+    if (!m_walker.Searching)
+        return false;
+    m_walker.Searching = false;
+    CancelRequested = true;
+    return true;
+}
+
+void SearchEngine::searchDroppedFolder(const QString& folder, const QString& mask)
+{
+    m_services.window.setFolderPath(folder);
+    m_services.window.setMaskText(mask);
+    RunSearch();
+}
+
+} // namespace nubo::search

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/IDialogs.h"
+#include "platform/IDrives.h"
+#include "platform/IVolumes.h"
+#include "search/CdTray.h"
+#include "search/FolderWalker.h"
+#include "search/ICdChooser.h"
+#include "search/ISearchHost.h"
+#include "search/ISearchWindow.h"
+
+#include <QLocale>
+
+namespace nubo::search {
+
+// The search driver of the list window: asks for the group, walks the chosen folder once per
+// floppy letter present, reports the outcome, and takes stop requests while it walks.
+class SearchEngine final
+{
+public:
+    struct Services
+    {
+        ISearchHost& host;
+        ISearchWindow& window;
+        ICdChooser& chooser;
+        platform::IDialogs& dialogs;
+        const platform::IDrives& drives;
+        const platform::IVolumes& volumes;
+        const platform::IDirectoryReader& directories;
+        CdTray& tray;
+    };
+
+    explicit SearchEngine(const Services& services, QLocale locale = QLocale());
+
+    void StartSearch(const QString& drive);
+    // The hidden search button: starts a search, or asks the running one to stop.
+    void RunSearch();
+    void WalkFolder(const QString& path) { m_walker.WalkFolder(path); }
+    void MatchFilesInFolder(const QString& path) { m_walker.MatchFilesInFolder(path); }
+    void ShowVolumeDetails(const QString& root);
+    void ShowDriveSpace(const QString& root);
+
+    // Escape, the exit command and closing the list window: stops a running search.
+    // True when one was running.
+    bool requestStop();
+    // A folder dropped on the list: searched with the given mask.
+    void searchDroppedFolder(const QString& folder, const QString& mask);
+
+    FolderWalker& walker() { return m_walker; }
+    ISearchHost& host() { return m_services.host; }
+
+    bool CancelRequested = false;
+    QString StartPath;
+
+private:
+    // Steps of StartSearch that may raise; the runtime error number, or 0.
+    int prepareAndRun(const QString& drive);
+    bool askGroupName();
+    QString startPathFor(const QString& folder, const QString& driveText) const;
+    QString driveRootOf(const QString& folder) const;
+    void walkOncePerFloppy();
+    void reportOutcome(int countBefore);
+
+    Services m_services;
+    QLocale m_locale;
+    FolderWalker m_walker;
+};
+
+} // namespace nubo::search

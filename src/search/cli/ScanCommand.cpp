@@ -1,0 +1,156 @@
+#include "search/cli/ScanCommand.h"
+
+#include "catalogue/Catalogue.h"
+#include "search/DriveList.h"
+#include "search/FolderWalker.h"
+#include "search/cli/SilentDialogs.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+#include <variant>
+
+namespace nubo::search::cli {
+
+namespace {
+
+using nubo::cli::CliIo;
+
+struct ScanArguments
+{
+    QStringList folders;
+    QString mask = QStringLiteral("*.mp3");
+    QString group = QStringLiteral("NO ESPECIFICADO");
+};
+
+const char* const kUsage = "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE]\n";
+
+// The arguments, or the status to end with.
+std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
+{
+    ScanArguments parsed;
+    for (qsizetype i = 0; i < args.size(); ++i) {
+        const QString& arg = args[i];
+        if (arg == QLatin1String("--output")) {
+            io.err << "nubo-cli scan: --output todavía no está disponible\n" << kUsage;
+            return nubo::cli::kUsageError;
+        }
+        if (arg == QLatin1String("--mask") || arg == QLatin1String("--group")) {
+            if (i + 1 >= args.size()) {
+                io.err << "nubo-cli scan: falta el valor de " << arg << '\n' << kUsage;
+                return nubo::cli::kUsageError;
+            }
+            (arg == QLatin1String("--mask") ? parsed.mask : parsed.group) = args[++i];
+        } else if (arg.startsWith(QLatin1String("--"))) {
+            io.err << "nubo-cli scan: opción desconocida: " << arg << '\n' << kUsage;
+            return nubo::cli::kUsageError;
+        } else {
+            parsed.folders.append(arg);
+        }
+    }
+    if (parsed.folders.isEmpty() || parsed.mask.isEmpty()) {
+        io.err << kUsage;
+        return nubo::cli::kUsageError;
+    }
+    for (const QString& folder : parsed.folders) {
+        if (!QFileInfo(folder).isDir()) {
+            io.err << "nubo-cli scan: no es una carpeta: " << folder << '\n';
+            return nubo::cli::kFileError;
+        }
+    }
+    return parsed;
+}
+
+// The walk's reports go straight into the catalogue; a progress line goes to a terminal.
+class ScanHost final : public IWalkHost
+{
+public:
+    ScanHost(catalogue::Catalogue& catalogue, CliIo& io) : m_catalogue(catalogue), m_io(io)
+    {
+        m_progress.start();
+    }
+
+    void addFileToList(const QString& path) override
+    {
+        QString copy = path;
+        m_catalogue.AddFileToList(copy);
+    }
+    void setFolderStrip(const QString&) override
+    {
+        if (!m_io.errIsTerminal || m_progress.elapsed() < 200)
+            return;
+        m_progress.restart();
+        m_io.err << "\rBuscando ... " << m_catalogue.list().count() << " archivos" << Qt::flush;
+        m_shown = true;
+    }
+    void beginFolderBatch() override {}
+    void endFolderBatch() override {}
+    void letEventsRun() override {}
+
+    void finish()
+    {
+        if (m_shown)
+            m_io.err << "\r\033[K" << Qt::flush;
+    }
+
+private:
+    catalogue::Catalogue& m_catalogue;
+    CliIo& m_io;
+    QElapsedTimer m_progress;
+    bool m_shown = false;
+};
+
+QString field(QString text)
+{
+    text.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    text.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    return text;
+}
+
+int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& directories,
+            const QStringList& args, CliIo& io)
+{
+    const std::variant<ScanArguments, int> parsed = parse(args, io);
+    if (const int* status = std::get_if<int>(&parsed))
+        return *status;
+    const ScanArguments& scan = std::get<ScanArguments>(parsed);
+
+    SilentDialogs dialogs;
+    catalogue::Catalogue catalogue(drives, dialogs);
+    catalogue.setGroupName(scan.group);
+    ScanHost host(catalogue, io);
+    FolderWalker walker(host, directories);
+    walker.setSixteenBitCounters(false);
+    walker.SearchMask = scan.mask;
+    walker.CollectFiles = true;
+    for (const QString& folder : scan.folders) {
+        walker.Searching = true;
+        walker.WalkFolder(
+            DriveList::withSlash(QDir::cleanPath(QFileInfo(folder).absoluteFilePath())));
+    }
+    host.finish();
+
+    const catalogue::CatalogueList& list = catalogue.list();
+    for (int p = 0; p < list.count(); ++p) {
+        const catalogue::CatalogueRow& row = list.row(p);
+        io.out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
+               << '\t' << field(row.formato) << '\t' << field(row.unidad) << '\n';
+    }
+    return nubo::cli::kOk;
+}
+
+} // namespace
+
+nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
+                                  const platform::IDirectoryReader& directories)
+{
+    return {QStringLiteral("scan"), QStringLiteral("scan CARPETA... [--mask M] [--group G]"),
+            QStringLiteral("Busca archivos como la ventana de busqueda y muestra las filas"),
+            [&drives, &directories](const QStringList& args, CliIo& io) {
+                return runScan(drives, directories, args, io);
+            }};
+}
+
+} // namespace nubo::search::cli

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/cli/CliCommand.h"
+#include "platform/IDirectoryReader.h"
+#include "platform/IDrives.h"
+
+namespace nubo::search::cli {
+
+// nubo-cli's "scan": walks folders as the list window's search does and prints the catalogue
+// rows it would hold, newest first, one line each with five tab-separated fields.
+nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
+                                  const platform::IDirectoryReader& directories);
+
+} // namespace nubo::search::cli

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/IDialogs.h"
+
+namespace nubo::search::cli {
+
+// The command line asks nothing: every question is answered as if cancelled.
+class SilentDialogs final : public platform::IDialogs
+{
+public:
+    platform::MessageAnswer messageBox(const QString&, const QString&, platform::MessageButtons,
+                                       platform::MessageIcon) override
+    {
+        return platform::MessageAnswer::Cancel;
+    }
+    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override
+    {
+        return std::nullopt;
+    }
+    QString saveFileName(const QString&, const QString&, const QString&) override { return {}; }
+    QString openFileName(const QString&, const QString&, const QString&) override { return {}; }
+};
+
+} // namespace nubo::search::cli

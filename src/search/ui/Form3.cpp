@@ -1,0 +1,302 @@
+#include "search/ui/Form3.h"
+
+#include "platform/ui/PictureFile.h"
+#include "search/ui/ImageButton.h"
+
+#include <QComboBox>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace nubo::search {
+
+namespace {
+
+using Command = SearchWindowController::Command;
+
+// One image button's pictures and command; the names differ in case exactly as the program
+// has always named them, and the resolver finds them either way.
+struct ImageButtonRole
+{
+    ImageButton* Form3::*button;
+    const char* on;
+    const char* hit;
+    ImageButton* Form3::*other1;
+    const char* other1Off;
+    ImageButton* Form3::*other2;
+    const char* other2Off;
+    const char* tooltip;
+    Command command;
+};
+
+const ImageButtonRole kRoles[] = {
+    {&Form3::PicSearch, "\\bitmap\\form3Bot1on.jpg", "\\bitmap\\form3bot1hit.jpg",
+     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicLista,
+     "\\bitmap\\form3bot3off.jpg", "Busca en la direccion indicada", Command::Search},
+    {&Form3::PicSearchCDROM, "\\bitmap\\form3Bot2on.jpg", "\\bitmap\\form3bot2hit.jpg",
+     &Form3::PicSearch, "\\bitmap\\form3bot1off.jpg", &Form3::PicLista,
+     "\\bitmap\\form3bot3off.jpg", "Busca en todo el CD-ROM", Command::SearchCd},
+    {&Form3::PicLista, "\\bitmap\\form3Bot3on.jpg", "\\bitmap\\form3bot3hit.jpg",
+     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicSearch,
+     "\\bitmap\\form3bot1off.jpg", "Cambiar a Ventana Lista", Command::ShowList},
+};
+
+// The character a key gives, as the original key filter saw it (Ctrl+B is 2, Enter is 13).
+int characterOf(const QKeyEvent* key)
+{
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
+        return 13;
+    if ((key->modifiers() & Qt::ControlModifier) && key->key() >= Qt::Key_A &&
+        key->key() <= Qt::Key_Z)
+        return key->key() - Qt::Key_A + 1;
+    return key->text().isEmpty() ? 0 : key->text().at(0).unicode();
+}
+
+} // namespace
+
+Form3::Form3(const platform::AppFolder& app, const platform::IDrives& drives, QWidget* parent)
+    : QWidget(parent), m_app(app), m_drives(drives)
+{
+    setObjectName(QStringLiteral("Form3"));
+    setWindowTitle(QStringLiteral("Direccion de Busqueda"));
+    setMouseTracking(true);
+    createControls();
+    placeControls();
+    connectControls();
+    loadPictures();
+    Combo1->addItems({QStringLiteral("*.mp3"), QStringLiteral("*.wav"), QStringLiteral("*.wma"),
+                      QStringLiteral("*.cda"), QStringLiteral("*.*")});
+    Combo1->setCurrentIndex(0);
+    refreshDrives();
+}
+
+void Form3::createControls()
+{
+    const auto named = [](QWidget* widget, const char* name) {
+        widget->setObjectName(QLatin1String(name));
+        return widget;
+    };
+    PicLista = static_cast<ImageButton*>(named(new ImageButton(m_app, this), "PicLista"));
+    PicSearchCDROM =
+        static_cast<ImageButton*>(named(new ImageButton(m_app, this), "PicSearchCDROM"));
+    PicSearch = static_cast<ImageButton*>(named(new ImageButton(m_app, this), "PicSearch"));
+    Combo1 = static_cast<QComboBox*>(named(new QComboBox(this), "Combo1"));
+    Combo1->setEditable(true);
+    Combo1->setInsertPolicy(QComboBox::NoInsert);
+    Combo1->setToolTip(
+        QStringLiteral("Extencion de los archivos a buscar.Se permiten comodines(*)"));
+    Command4 = static_cast<QPushButton*>(
+        named(new QPushButton(QStringLiteral("&Ver lista"), this), "Command4"));
+    Command4->setToolTip(QStringLiteral("Cierra el cuadro y muestra el de Lista"));
+    Command2 = static_cast<QPushButton*>(
+        named(new QPushButton(QStringLiteral("Buscar en todo el &CD-ROM"), this), "Command2"));
+    Command2->setToolTip(QStringLiteral("Busca archivos en toda la unidad de CD-ROM"));
+    Command1 = static_cast<QPushButton*>(
+        named(new QPushButton(QStringLiteral("&Buscar"), this), "Command1"));
+    Command1->setToolTip(QStringLiteral("Buscar archivos en la direccion seleccionada"));
+    Drive1 = static_cast<QComboBox*>(named(new QComboBox(this), "Drive1"));
+    Dir1 = static_cast<QTreeView*>(named(new QTreeView(this), "Dir1"));
+    Label1 = static_cast<QLabel*>(
+        named(new QLabel(QStringLiteral("Buscar archivosde tipo:"), this), "Label1"));
+
+    m_folders = new QFileSystemModel(this);
+    m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+    m_folders->setReadOnly(true);
+    Dir1->setModel(m_folders);
+    for (int column = 1; column < m_folders->columnCount(); ++column)
+        Dir1->hideColumn(column);
+    Dir1->header()->hide();
+}
+
+void Form3::placeControls()
+{
+    setFixedSize(460, 350);
+    Label1->setGeometry(16, 14, 150, 22);
+    Combo1->setGeometry(170, 12, 120, 26);
+    Drive1->setGeometry(16, 48, 274, 26);
+    Dir1->setGeometry(16, 80, 274, 180);
+    Command1->setGeometry(16, 270, 90, 30);
+    Command2->setGeometry(112, 270, 178, 30);
+    Command4->setGeometry(16, 306, 90, 30);
+    PicSearch->setGeometry(320, 40, 120, 70);
+    PicSearchCDROM->setGeometry(320, 130, 120, 70);
+    PicLista->setGeometry(320, 220, 120, 70);
+}
+
+void Form3::connectControls()
+{
+    connect(Command1, &QPushButton::clicked, this, [this] { runCommand(Command::Search); });
+    connect(Command2, &QPushButton::clicked, this, [this] { runCommand(Command::SearchCd); });
+    connect(Command4, &QPushButton::clicked, this, [this] { runCommand(Command::ShowList); });
+    connect(Drive1, &QComboBox::currentIndexChanged, this, &Form3::driveChanged);
+    connect(Dir1, &QTreeView::clicked, this,
+            [this](const QModelIndex& index) { m_folder = m_folders->filePath(index); });
+    connect(Dir1->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& index) {
+                if (index.isValid())
+                    m_folder = m_folders->filePath(index);
+            });
+    for (ImageButton* button : {PicSearch, PicSearchCDROM, PicLista}) {
+        connect(button, &ImageButton::entered, this,
+                [this, button] { imageButtonEntered(button); });
+        connect(button, &ImageButton::pressed, this,
+                [this, button] { imageButtonPressed(button); });
+    }
+    for (QWidget* filtered :
+         {static_cast<QWidget*>(Combo1), static_cast<QWidget*>(Combo1->lineEdit()),
+          static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Dir1)})
+        filtered->installEventFilter(this);
+}
+
+void Form3::loadPictures()
+{
+    m_background = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform3.jpg"));
+    PicSearch->loadPicture(QStringLiteral("\\bitmap\\form3Bot1off.jpg"));
+    PicSearchCDROM->loadPicture(QStringLiteral("\\bitmap\\form3Bot2off.jpg"));
+    PicLista->loadPicture(QStringLiteral("\\bitmap\\form3bot3off.jpg"));
+}
+
+void Form3::refreshDrives()
+{
+    const QString current = Drive1->currentText();
+    m_drives.refresh();
+    const QSignalBlocker blocker(Drive1);
+    Drive1->clear();
+    Drive1->addItems(m_drives.texts());
+    const int index = m_drives.indexOf(current);
+    Drive1->setCurrentIndex(index >= 0 ? index : 0);
+    if (m_folder.isEmpty() || index < 0)
+        driveChanged(Drive1->currentIndex());
+}
+
+void Form3::driveChanged(int index)
+{
+    if (index < 0 || index >= m_drives.entries().size())
+        return;
+    const platform::DriveInfo& drive = m_drives.entries()[index];
+    if (!drive.hasMedium)
+        return;
+    m_folders->setRootPath(drive.mountPoint);
+    Dir1->setRootIndex(m_folders->index(drive.mountPoint));
+    setFolderPath(drive.mountPoint);
+}
+
+QString Form3::currentDriveText() const
+{
+    return Drive1->currentText();
+}
+
+int Form3::selectDrive(const QString& text)
+{
+    refreshDrives();
+    if (const int error = m_drives.check(text))
+        return error;
+    Drive1->setCurrentIndex(m_drives.indexOf(text));
+    return 0;
+}
+
+void Form3::setFolderPath(const QString& path)
+{
+    m_folder = path;
+    const QModelIndex index = m_folders->index(path);
+    if (index.isValid() && index != Dir1->rootIndex()) {
+        const QSignalBlocker blocker(Dir1->selectionModel());
+        Dir1->setCurrentIndex(index);
+        Dir1->scrollTo(index);
+    }
+}
+
+QString Form3::maskText() const
+{
+    return Combo1->currentText();
+}
+
+void Form3::setMaskText(const QString& mask)
+{
+    Combo1->setEditText(mask);
+}
+
+void Form3::showWindow()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form3::runCommand(Command command)
+{
+    if (m_controller)
+        m_controller->run(command);
+}
+
+void Form3::imageButtonEntered(ImageButton* button)
+{
+    for (const ImageButtonRole& role : kRoles) {
+        if (this->*role.button != button)
+            continue;
+        button->loadPicture(QLatin1String(role.on));
+        button->setToolTip(QString::fromUtf8(role.tooltip));
+        (this->*role.other1)->loadPicture(QLatin1String(role.other1Off));
+        (this->*role.other2)->loadPicture(QLatin1String(role.other2Off));
+    }
+}
+
+void Form3::imageButtonPressed(ImageButton* button)
+{
+    for (const ImageButtonRole& role : kRoles) {
+        if (this->*role.button == button) {
+            button->loadPicture(QLatin1String(role.hit));
+            runCommand(role.command);
+            return;
+        }
+    }
+}
+
+void Form3::mouseMoveEvent(QMouseEvent* event)
+{
+    QWidget::mouseMoveEvent(event);
+    PicSearch->loadPicture(QStringLiteral("\\bitmap\\form3Bot1off.jpg"));
+    PicSearchCDROM->loadPicture(QStringLiteral("\\bitmap\\form3Bot2off.jpg"));
+    PicLista->loadPicture(QStringLiteral("\\bitmap\\form3Bot3off.jpg"));
+}
+
+bool Form3::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const bool inMaskBox = watched == Combo1 || watched == Combo1->lineEdit();
+    const Command command = SearchWindowController::commandForKey(
+        characterOf(static_cast<QKeyEvent*>(event)), inMaskBox);
+    if (command == Command::None)
+        return QWidget::eventFilter(watched, event);
+    runCommand(command);
+    return true;
+}
+
+void Form3::paintEvent(QPaintEvent* event)
+{
+    QWidget::paintEvent(event);
+    if (m_background.isNull())
+        return;
+    QPainter painter(this);
+    painter.drawPixmap(rect(), m_background);
+}
+
+void Form3::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    refreshDrives(); // drives come and go while the window is hidden
+}
+
+void Form3::closeEvent(QCloseEvent* event)
+{
+    QWidget::closeEvent(event);
+    emit closed();
+}
+
+} // namespace nubo::search

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/AppFolder.h"
+#include "search/DriveList.h"
+#include "search/ISearchWindow.h"
+#include "search/SearchWindowController.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+class QComboBox;
+class QFileSystemModel;
+class QLabel;
+class QPushButton;
+class QTreeView;
+
+namespace nubo::search {
+
+class ImageButton;
+
+// The search window "Direccion de Busqueda": drive, folder and mask of a search, and the
+// buttons that start it. Its commands are the controller's.
+class Form3 final : public QWidget, public ISearchWindow
+{
+    Q_OBJECT
+public:
+    Form3(const platform::AppFolder& app, const platform::IDrives& drives,
+          QWidget* parent = nullptr);
+
+    void setController(SearchWindowController* controller) { m_controller = controller; }
+
+    ImageButton* PicLista = nullptr;
+    ImageButton* PicSearchCDROM = nullptr;
+    ImageButton* PicSearch = nullptr;
+    QComboBox* Combo1 = nullptr;
+    QPushButton* Command4 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* Command1 = nullptr;
+    QComboBox* Drive1 = nullptr;
+    QTreeView* Dir1 = nullptr;
+    QLabel* Label1 = nullptr;
+
+    // ISearchWindow
+    QStringList driveTexts() const override { return m_drives.texts(); }
+    QString currentDriveText() const override;
+    int selectDrive(const QString& text) override;
+    QString folderPath() const override { return m_folder; }
+    void setFolderPath(const QString& path) override;
+    QString maskText() const override;
+    void setMaskText(const QString& mask) override;
+    void showWindow() override;
+    void hideWindow() override { hide(); }
+
+signals:
+    void closed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void createControls();
+    void placeControls();
+    void connectControls();
+    void loadPictures();
+    void refreshDrives();
+    void driveChanged(int index);
+    void imageButtonEntered(ImageButton* button);
+    void imageButtonPressed(ImageButton* button);
+    void runCommand(SearchWindowController::Command command);
+
+    const platform::AppFolder& m_app;
+    DriveList m_drives;
+    QFileSystemModel* m_folders = nullptr;
+    QString m_folder;
+    QPixmap m_background;
+    SearchWindowController* m_controller = nullptr;
+};
+
+} // namespace nubo::search

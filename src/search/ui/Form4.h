@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/AppFolder.h"
+#include "search/ICdChooser.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+
+namespace nubo::search {
+
+class CdromDrives;
+class ImageButton;
+
+// The CD-ROM chooser: a list of the CD-ROM drives and a button that searches the chosen one.
+class Form4 final : public QWidget, public ICdChooser
+{
+    Q_OBJECT
+public:
+    explicit Form4(const platform::AppFolder& app, QWidget* parent = nullptr);
+
+    void setCdromDrives(CdromDrives* cdrom) { m_cdrom = cdrom; }
+
+    QLabel* Label1 = nullptr;
+    QComboBox* Combo1 = nullptr;
+    QCheckBox* Check1 = nullptr;
+    QLabel* Label2 = nullptr;
+    ImageButton* Command1 = nullptr;
+
+    // ICdChooser
+    void clearDrives() override;
+    void addDrive(const QString& text) override;
+    int driveCount() const override;
+    QString driveAt(int index) const override;
+    QString typedDrive() const override;
+    bool alwaysUseDrive() const override;
+    void showWithDrive(const QString& text) override;
+    void hideWindow() override { hide(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void createControls();
+
+    const platform::AppFolder& m_app;
+    QPixmap m_background;
+    CdromDrives* m_cdrom = nullptr;
+};
+
+} // namespace nubo::search

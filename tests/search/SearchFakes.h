@@ -1,0 +1,179 @@
+#pragma once
+
+#include "platform/fakes/FakeDialogs.h"
+#include "platform/fakes/FakeDirectoryReader.h"
+#include "platform/fakes/FakeDrives.h"
+#include "platform/fakes/FakeOpticalTray.h"
+#include "platform/fakes/FakeVolumes.h"
+#include "search/CdromDrives.h"
+#include "search/DriveList.h"
+#include "search/ISearchHost.h"
+#include "search/SearchEngine.h"
+#include "search/SearchWindowController.h"
+
+#include <QFileInfo>
+
+#include <functional>
+
+namespace nubo::test {
+
+// The list window as a recorder: rows are the paths AddFileToList accepted, newest last.
+class FakeSearchHost final : public search::ISearchHost
+{
+public:
+    struct Message
+    {
+        QString text;
+        int delay = 0;
+        quint32 rgb = 0;
+    };
+
+    QStringList rows;
+    QStringList offered;
+    QString groupName, countLine, caption, findMenuCaption, folderStrip, volume;
+    QString totalSpace, freeSpace, serial, maxLength, fileSystem, flags;
+    QList<Message> messages;
+    bool findMenuVisible = false, busy = false, stripShown = false, listShown = false;
+    int batchDepth = 0, flashStarts = 0, eventRuns = 0;
+    // Whether a path names a file; by default the file system's answer.
+    std::function<bool(const QString&)> isFile = [](const QString& p) {
+        return QFileInfo(p).isFile();
+    };
+    std::function<void()> onEvents; // runs at every event turn
+    std::function<void(int)> onAdd; // runs after each accepted row, with the row count
+
+    void addFileToList(const QString& path) override
+    {
+        offered.append(path);
+        if (!isFile(path))
+            return;
+        rows.append(path);
+        if (onAdd)
+            onAdd(int(rows.size()));
+    }
+    int rowCount() const override { return int(rows.size()); }
+    void setGroupName(const QString& name) override { groupName = name; }
+    void updateCountLine() override
+    {
+        countLine = QStringLiteral("La lista contiene %1 archivos actualmente").arg(rows.size());
+    }
+    void showInfoMessage(const QString& text, int delay, quint32 rgb) override
+    {
+        messages.append({text, delay, rgb});
+    }
+    void setCaption(const QString& text) override { caption = text; }
+    void setFindMenuVisible(bool visible) override { findMenuVisible = visible; }
+    void setFindMenuCaption(const QString& text) override { findMenuCaption = text; }
+    void setBusyCursor(bool on) override { busy = on; }
+    void showFolderStrip() override { stripShown = true; }
+    void setFolderStrip(const QString& text) override { folderStrip = text; }
+    void beginFolderBatch() override { ++batchDepth; }
+    void endFolderBatch() override { --batchDepth; }
+    void letEventsRun() override
+    {
+        ++eventRuns;
+        if (onEvents)
+            onEvents();
+    }
+    void startFlash() override { ++flashStarts; }
+    void showListWindow() override { listShown = true; }
+    void setDriveSpace(const QString& total, const QString& free) override
+    {
+        totalSpace = total;
+        freeSpace = free;
+    }
+    QString volumeName() const override { return volume; }
+    void setVolumeName(const QString& name) override { volume = name; }
+    void setVolumeDetails(const QString& s, const QString& m, const QString& f,
+                          const QString& fl) override
+    {
+        serial = s;
+        maxLength = m;
+        fileSystem = f;
+        flags = fl;
+    }
+};
+
+// The search window's settings over a drive list of fake drives.
+class FakeSearchWindow final : public search::ISearchWindow
+{
+public:
+    explicit FakeSearchWindow(const platform::IDrives& drives) : list(drives) {}
+
+    search::DriveList list;
+    QString drive, folder, mask = QStringLiteral("*.mp3");
+    bool shown = true;
+    QMap<QString, int> errorFor; // a drive text that raises another error
+
+    QStringList driveTexts() const override { return list.texts(); }
+    QString currentDriveText() const override { return drive; }
+    int selectDrive(const QString& text) override
+    {
+        if (errorFor.contains(text))
+            return errorFor.value(text);
+        list.refresh();
+        if (const int error = list.check(text))
+            return error;
+        drive = list.entries()[list.indexOf(text)].listText();
+        return 0;
+    }
+    QString folderPath() const override { return folder; }
+    void setFolderPath(const QString& path) override { folder = path; }
+    QString maskText() const override { return mask; }
+    void setMaskText(const QString& text) override { mask = text; }
+    void showWindow() override { shown = true; }
+    void hideWindow() override { shown = false; }
+};
+
+class FakeCdChooser final : public search::ICdChooser
+{
+public:
+    QStringList drives;
+    QString typed = QStringLiteral("Seleccione una unidad");
+    bool alwaysUse = false, shown = false;
+
+    void clearDrives() override { drives.clear(); }
+    void addDrive(const QString& text) override { drives.append(text); }
+    int driveCount() const override { return int(drives.size()); }
+    QString driveAt(int index) const override { return drives.value(index); }
+    QString typedDrive() const override { return typed; }
+    bool alwaysUseDrive() const override { return alwaysUse; }
+    void showWithDrive(const QString& text) override
+    {
+        shown = true;
+        typed = text;
+    }
+    void hideWindow() override { shown = false; }
+};
+
+// Everything the search needs, over fakes; the directory reader is given.
+struct SearchRig
+{
+    explicit SearchRig(const platform::IDirectoryReader& directories)
+        : engine({host, window, chooser, dialogs, drives, volumes, directories, cdTray},
+                 QLocale(QLocale::Spanish, QLocale::Spain))
+    {
+    }
+
+    platform::FakeDrives drives;
+    platform::FakeVolumes volumes;
+    platform::FakeDialogs dialogs;
+    platform::FakeOpticalTray tray;
+    FakeSearchHost host;
+    FakeSearchWindow window{drives};
+    FakeCdChooser chooser;
+    search::CdTray cdTray{tray, drives};
+    search::SearchEngine engine;
+    search::CdromDrives cdrom{window, chooser, drives, dialogs, engine};
+    search::SearchWindowController controller{window, dialogs, engine, cdrom};
+
+    // Searches folder at once, as a press of the hidden search button does.
+    void searchFolder(const QString& folder, const QString& mask = QStringLiteral("*.mp3"))
+    {
+        window.folder = folder;
+        window.mask = mask;
+        engine.RunSearch();
+    }
+};
+
+} // namespace nubo::test

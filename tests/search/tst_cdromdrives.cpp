@@ -1,0 +1,124 @@
+#include "SearchFakes.h"
+
+#include <QTest>
+
+using namespace nubo;
+
+class TestCdromDrives final : public QObject
+{
+    Q_OBJECT
+
+    struct Rig : test::SearchRig
+    {
+        platform::FakeDirectoryReader reader;
+        Rig() : test::SearchRig(reader)
+        {
+            host.isFile = [](const QString&) { return true; };
+            drives.add("/", platform::DriveType::Fixed, "sistema");
+            drives.add("/media/usb", platform::DriveType::Removable);
+            window.drive = "/ [sistema]";
+            window.folder = "/";
+        }
+        void addCd(const QString& mountPoint)
+        {
+            drives.add(mountPoint, platform::DriveType::CdRom);
+            drives.list.last().device = "/dev/sr" + QString::number(drives.list.size());
+            reader.addFolder(mountPoint + "/", {"pista.mp3"});
+            window.list.refresh();
+        }
+    };
+
+private slots:
+    void countingRebuildsTheChooserList()
+    {
+        Rig rig;
+        rig.chooser.drives = {"viejo"};
+        QCOMPARE(rig.cdrom.CountCdromDrives(), 0);
+        QVERIFY(rig.chooser.drives.isEmpty());
+        rig.addCd("/media/cdrom");
+        rig.addCd("/media/cdrom1");
+        QCOMPARE(rig.cdrom.CountCdromDrives(), 2);
+        QCOMPARE(rig.chooser.drives, (QStringList{"/media/cdrom", "/media/cdrom1"}));
+    }
+
+    void withoutADriveTheCommandSaysSo()
+    {
+        Rig rig;
+        rig.controller.Command2Click();
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].text, QStringLiteral("No hay unidades de CDROM instaladas"));
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("No se encuentra unidad de cdrom"));
+        QVERIFY(rig.host.rows.isEmpty());
+    }
+
+    void withOneDriveTheWholeDiscIsSearched()
+    {
+        Rig rig;
+        rig.addCd("/media/cdrom");
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Mi CD"));
+        rig.window.folder = "/media/cdrom";
+        rig.controller.Command2Click();
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].kind, QStringLiteral("input"));
+        QCOMPARE(rig.window.drive, QStringLiteral("/media/cdrom"));
+        QCOMPARE(rig.host.rows, QStringList{"/media/cdrom/pista.mp3"});
+        QCOMPARE(rig.host.groupName, QStringLiteral("Mi CD"));
+        QVERIFY(!rig.chooser.shown);
+    }
+
+    void withTwoDrivesTheCommandDoesNothing()
+    {
+        Rig rig;
+        rig.addCd("/media/cdrom");
+        rig.addCd("/media/cdrom1");
+        rig.controller.Command2Click();
+        QVERIFY(rig.dialogs.asked.isEmpty());
+        QVERIFY(rig.host.rows.isEmpty());
+        QVERIFY(!rig.chooser.shown);
+    }
+
+    void theChooserRefusesADriveTheListDoesNotHave()
+    {
+        Rig rig;
+        rig.addCd("/media/cdrom");
+        rig.chooser.typed = "z:";
+        rig.cdrom.SearchChosenDrive();
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].text,
+                 QStringLiteral("La unidad tipeada no es valida, por favor "
+                                "seleccione una de la lista"));
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Path invalido"));
+
+        rig.chooser.typed = "/media/cdrom";
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Jazz"));
+        rig.window.folder = "/media/cdrom";
+        rig.cdrom.SearchChosenDrive();
+        QCOMPARE(rig.window.drive, QStringLiteral("/media/cdrom"));
+        QCOMPARE(rig.host.rows.size(), 1);
+    }
+
+    void doorCommandsOpenAndCloseTheDeviceAroundOneCommand()
+    {
+        Rig rig;
+        rig.addCd("/media/cdrom");
+        rig.tray.openable = {"/dev/sr3"};
+        rig.cdTray.EjectTray("/media/cdrom");
+        rig.cdTray.CloseTray("/media/cdrom");
+        QCOMPARE(rig.tray.log, (QStringList{"open /dev/sr3", "eject 1", "close 1", "open /dev/sr3",
+                                            "shut 2", "close 2"}));
+        QCOMPARE(rig.cdTray.CdDeviceId, -1);
+    }
+
+    void aDeviceThatCannotBeOpenedIsLeftAlone()
+    {
+        Rig rig;
+        rig.addCd("/media/cdrom");
+        rig.cdTray.EjectTray("/media/cdrom");
+        rig.cdTray.EjectTray("z:");
+        QCOMPARE(rig.tray.log, (QStringList{"open /dev/sr3", "open "}));
+        QVERIFY(rig.dialogs.asked.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCdromDrives)
+#include "tst_cdromdrives.moc"

@@ -1,0 +1,188 @@
+#include "SearchFakes.h"
+#include "TestFiles.h"
+#include "platform/linux/LinuxDirectoryReader.h"
+#include "search/FolderWalker.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+
+using namespace nubo;
+
+class TestFolderWalker final : public QObject
+{
+    Q_OBJECT
+
+    struct Walk
+    {
+        test::FakeSearchHost host;
+        platform::LinuxDirectoryReader reader;
+        search::FolderWalker walker{host, reader};
+
+        QStringList run(const QString& root, const QString& mask = QStringLiteral("*.mp3"))
+        {
+            walker.SearchMask = mask;
+            walker.Searching = true;
+            walker.CollectFiles = true;
+            walker.WalkFolder(root + QLatin1Char('/'));
+            return host.rows;
+        }
+    };
+
+    static QStringList relative(const QStringList& paths, const QString& root)
+    {
+        QStringList out;
+        for (const QString& p : paths)
+            out.append(p.mid(root.size() + 1));
+        return out;
+    }
+
+private slots:
+    void foldersFilesComeBeforeItsSubFolders()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        for (const char* name : {"a.mp3", "s1/b.mp3", "s1/deep/c.mp3", "s2/d.MP3", "s2/e.wav"})
+            QVERIFY(test::writeFile(r + QLatin1Char('/') + QLatin1String(name)));
+        Walk walk;
+        const QStringList rows = relative(walk.run(r), r);
+        QCOMPARE(rows.size(), 4);
+        QCOMPARE(rows.first(), QStringLiteral("a.mp3"));
+        QVERIFY(rows.indexOf("s1/b.mp3") < rows.indexOf("s1/deep/c.mp3"));
+        // Each folder is entered whole before its next sibling.
+        const qsizetype d = rows.indexOf("s2/d.MP3");
+        QVERIFY(d == 1 || d == 3);
+        QCOMPARE(walk.host.batchDepth, 0);
+        QCOMPARE(walk.host.folderStrip.left(13), QStringLiteral("Buscando ... "));
+    }
+
+    void dotFoldersAreNeverEntered()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeFile(r + "/.config/hidden.mp3"));
+        QVERIFY(test::writeFile(r + "/.dotfile.mp3"));
+        QVERIFY(test::writeFile(r + "/musica/.otro/x.mp3"));
+        QVERIFY(test::writeFile(r + "/musica/y.mp3"));
+        Walk walk;
+        QStringList rows = relative(walk.run(r), r);
+        rows.sort();
+        QCOMPARE(rows, (QStringList{".dotfile.mp3", "musica/y.mp3"}));
+    }
+
+    void linksToFoldersAreNotEnteredSoLoopsEnd()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeFile(r + "/a/tema.mp3"));
+        QVERIFY(QFile::link(r, r + "/a/loop"));
+        QVERIFY(QFile::link(r + "/a", r + "/a/back.mp3")); // a link to a folder that matches
+        QVERIFY(QFile::link(r + "/a/tema.mp3", r + "/enlace.mp3")); // a link to a file
+        Walk walk;
+        QStringList rows = relative(walk.run(r), r);
+        rows.sort();
+        QCOMPARE(rows, (QStringList{"a/tema.mp3", "enlace.mp3"}));
+        // The matching link to a folder was offered and refused, and counted.
+        QCOMPARE(walk.walker.MatchCount.value(), 3);
+    }
+
+    void starDotStarOffersFoldersAndCountsThem()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeFile(r + "/uno.mp3"));
+        QVERIFY(test::writeFile(r + "/LEAME"));
+        QVERIFY(test::writeFile(r + "/sub/dos.txt"));
+        Walk walk;
+        walk.run(r, QStringLiteral("*.*"));
+        QCOMPARE(walk.host.rows.size(), 3);
+        // Root: ".", "..", "sub", two files; sub: ".", "..", one file.
+        QCOMPARE(walk.walker.MatchCount.value(), 8);
+    }
+
+    void deepTreesAndOddNamesAreWalked()
+    {
+        QTemporaryDir dir;
+        QString path = dir.path();
+        for (int level = 0; level < 500; ++level)
+            path += QStringLiteral("/d");
+        QVERIFY(QDir().mkpath(path));
+        QVERIFY(test::writeFile(path + "/fondo.mp3"));
+        QVERIFY(test::writeFile(dir.path() + "/linea\nrota.mp3"));
+        // A name that is not UTF-8 cannot be named again once decoded: it is refused quietly.
+        const QByteArray bad = QFile::encodeName(dir.path()) + "/mal\xff\xfe.mp3";
+        FILE* file = std::fopen(bad.constData(), "w");
+        QVERIFY(file);
+        std::fclose(file);
+        Walk walk;
+        const QStringList rows = walk.run(dir.path());
+        QVERIFY(rows.contains(path + "/fondo.mp3"));
+        QVERIFY(rows.contains(dir.path() + "/linea\nrota.mp3"));
+        QCOMPARE(walk.walker.MatchCount.value(), 3);
+        std::remove(bad.constData());
+        std::remove(bad.constData());
+    }
+
+    void unreadableAndVanishedFoldersAreSkippedWithTheirTrees()
+    {
+        platform::FakeDirectoryReader reader;
+        reader.addFolder("/r/", {"a.mp3", "gone/", "closed/", "ok/"});
+        reader.addFolder("/r/ok/", {"b.mp3"});
+        test::FakeSearchHost host;
+        host.isFile = [](const QString&) { return true; };
+        search::FolderWalker walker(host, reader);
+        walker.SearchMask = "*.mp3";
+        walker.Searching = walker.CollectFiles = true;
+        walker.WalkFolder("/r/");
+        QCOMPARE(host.rows, (QStringList{"/r/a.mp3", "/r/ok/b.mp3"}));
+        QCOMPARE(walker.FoldersSeen.value(), 3);
+    }
+
+    void eventsRunBeforeEachFolderAndMatchUnlessThrottled()
+    {
+        platform::FakeDirectoryReader reader;
+        reader.addFolder("/r/", {"a.mp3", "b.mp3", "c.txt", "s/"});
+        reader.addFolder("/r/s/", {"d.mp3"});
+        test::FakeSearchHost host;
+        host.isFile = [](const QString&) { return true; };
+        search::FolderWalker walker(host, reader);
+        walker.SearchMask = "*.mp3";
+        walker.Searching = walker.CollectFiles = true;
+        walker.WalkFolder("/r/");
+        QCOMPARE(host.eventRuns, 2 + 3);
+        test::FakeSearchHost throttledHost;
+        search::FolderWalker throttled(throttledHost, reader);
+        throttled.setEventInterval(60000);
+        throttled.SearchMask = "*.mp3";
+        throttled.Searching = throttled.CollectFiles = true;
+        throttled.WalkFolder("/r/");
+        QCOMPARE(throttledHost.eventRuns, 1);
+    }
+
+    void folderOverflowAbandonsTheWalk()
+    {
+        platform::FakeDirectoryReader reader;
+        reader.generator = [](const QString& folder) -> std::optional<QList<platform::DirEntry>> {
+            QList<platform::DirEntry> entries;
+            if (folder == QLatin1String("/r/")) {
+                for (int i = 0; i < 40000; ++i)
+                    entries.append({QStringLiteral("d%1").arg(i), true});
+            }
+            return entries;
+        };
+        test::FakeSearchHost host;
+        search::FolderWalker walker(host, reader);
+        walker.SearchMask = "*.mp3";
+        walker.Searching = walker.CollectFiles = true;
+        QVERIFY_THROWS_EXCEPTION(search::SearchOverflow, walker.WalkFolder("/r/"));
+        QCOMPARE(walker.FoldersSeen.value(), 32767);
+        walker.setSixteenBitCounters(false);
+        walker.FoldersSeen.reset();
+        walker.WalkFolder("/r/");
+        QCOMPARE(walker.FoldersSeen.value(), 40000);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFolderWalker)
+#include "tst_folderwalker.moc"

@@ -1,0 +1,150 @@
+#include "SearchFakes.h"
+#include "TestFiles.h"
+#include "platform/linux/LinuxDirectoryReader.h"
+#include "search/ui/Form3.h"
+#include "search/ui/ImageButton.h"
+#include "search/ui/SearchWindows.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeView>
+
+using namespace nubo;
+using search::ImageButton;
+
+class TestForm3 final : public QObject
+{
+    Q_OBJECT
+
+    struct Rig
+    {
+        QTemporaryDir root;
+        platform::AppFolder app{qEnvironmentVariable("NUBO_APP_DIR")};
+        platform::FakeDrives drives;
+        platform::FakeVolumes volumes;
+        platform::FakeDialogs dialogs;
+        platform::FakeOpticalTray tray;
+        platform::LinuxDirectoryReader reader;
+        test::FakeSearchHost host;
+        std::unique_ptr<search::SearchWindows> windows;
+        search::Form3* form = nullptr;
+
+        Rig()
+        {
+            drives.add(root.path(), platform::DriveType::Fixed);
+            test::writeFile(root.path() + "/musica/tema.mp3");
+            test::writeFile(root.path() + "/otra.mp3");
+            windows = std::make_unique<search::SearchWindows>(
+                search::SearchWindows::Services{app, host, dialogs, drives, volumes, reader, tray});
+            form = &windows->form3;
+            dialogs.inputAnswers.enqueue(QStringLiteral("Grupo"));
+        }
+    };
+
+private slots:
+    void controlsCarryTheirNamesAndTexts()
+    {
+        Rig rig;
+        search::Form3& f = *rig.form;
+        QCOMPARE(f.windowTitle(), QStringLiteral("Direccion de Busqueda"));
+        for (const char* name : {"PicLista", "PicSearchCDROM", "PicSearch", "Combo1", "Command4",
+                                 "Command2", "Command1", "Drive1", "Dir1", "Label1"})
+            QVERIFY2(f.findChild<QWidget*>(QLatin1String(name)), name);
+        QCOMPARE(f.Label1->text(), QStringLiteral("Buscar archivosde tipo:"));
+        QCOMPARE(f.Command1->text(), QStringLiteral("&Buscar"));
+        QCOMPARE(f.Command2->text(), QStringLiteral("Buscar en todo el &CD-ROM"));
+        QCOMPARE(f.Command4->text(), QStringLiteral("&Ver lista"));
+        QStringList masks;
+        for (int i = 0; i < f.Combo1->count(); ++i)
+            masks.append(f.Combo1->itemText(i));
+        QCOMPARE(masks, (QStringList{"*.mp3", "*.wav", "*.wma", "*.cda", "*.*"}));
+        QCOMPARE(f.Combo1->currentText(), QStringLiteral("*.mp3"));
+        QCOMPARE(f.Drive1->currentText(), rig.root.path());
+        QCOMPARE(f.folderPath(), rig.root.path());
+        QCOMPARE(f.PicSearch->pictureName(), QStringLiteral("\\bitmap\\form3Bot1off.jpg"));
+        QVERIFY(!f.PicSearch->pixmap().isNull());
+    }
+
+    void hoverAndHitPictures()
+    {
+        Rig rig;
+        search::Form3& f = *rig.form;
+        f.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&f));
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QCoreApplication::sendEvent(f.PicLista, &enter);
+        QCOMPARE(f.PicLista->pictureName(), QStringLiteral("\\bitmap\\form3Bot3on.jpg"));
+        QCOMPARE(f.PicLista->toolTip(), QStringLiteral("Cambiar a Ventana Lista"));
+        QCOMPARE(f.PicSearch->pictureName(), QStringLiteral("\\bitmap\\form3bot1off.jpg"));
+        QTest::mouseMove(&f, QPoint(300, 330));
+        QCOMPARE(f.PicLista->pictureName(), QStringLiteral("\\bitmap\\form3Bot3off.jpg"));
+        QTest::mousePress(f.PicLista, Qt::LeftButton);
+        QCOMPARE(f.PicLista->pictureName(), QStringLiteral("\\bitmap\\form3bot3hit.jpg"));
+        QVERIFY(rig.host.listShown);
+        QVERIFY(!f.isVisible());
+    }
+
+    void theSearchButtonSearchesTheChosenFolder()
+    {
+        Rig rig;
+        search::Form3& f = *rig.form;
+        f.show();
+        f.setFolderPath(rig.root.path() + "/musica");
+        QTest::mouseClick(f.Command1, Qt::LeftButton);
+        QVERIFY(!f.isVisible());
+        QCOMPARE(rig.host.rows, QStringList{rig.root.path() + "/musica/tema.mp3"});
+        QCOMPARE(rig.host.groupName, QStringLiteral("Grupo"));
+    }
+
+    void enterInTheMaskBoxChecksTheMaskAndSearches()
+    {
+        Rig rig;
+        search::Form3& f = *rig.form;
+        f.show();
+        f.Combo1->setEditText("mp3");
+        QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_Return);
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Extencion Invalida"));
+        QCOMPARE(f.Combo1->currentText(), QStringLiteral("*.mp3"));
+        QVERIFY(rig.host.rows.isEmpty());
+
+        QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_Return);
+        QCOMPARE(rig.host.rows.size(), 2);
+    }
+
+    void controlKeysPressTheButtons()
+    {
+        Rig rig;
+        search::Form3& f = *rig.form;
+        f.show();
+        QTest::keyClick(f.Drive1, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(rig.dialogs.asked.last().text,
+                 QStringLiteral("No hay unidades de CDROM instaladas"));
+        QTest::keyClick(f.Dir1, Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(rig.host.listShown);
+        QVERIFY(!f.isVisible());
+        QTest::keyClick(f.Dir1, Qt::Key_B, Qt::ControlModifier);
+        QCOMPARE(rig.host.rows.size(), 2);
+    }
+
+    void choosingADriveWithoutAMediumFails()
+    {
+        Rig rig;
+        platform::DriveInfo cd;
+        cd.device = "/dev/sr7";
+        cd.type = platform::DriveType::CdRom;
+        cd.hasMedium = false;
+        rig.drives.list.append(cd);
+        QCOMPARE(rig.form->selectDrive("/dev/sr7"), 68);
+        QCOMPARE(rig.form->selectDrive("z:"), 68);
+        QCOMPARE(rig.form->selectDrive(rig.root.path()), 0);
+        QCOMPARE(rig.form->Drive1->count(), 2);
+    }
+};
+
+QTEST_MAIN(TestForm3)
+#include "tst_form3.moc"

@@ -1,0 +1,74 @@
+#include "SearchFakes.h"
+#include "search/ui/Form4.h"
+#include "search/ui/ImageButton.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QTest>
+
+using namespace nubo;
+
+class TestForm4 final : public QObject
+{
+    Q_OBJECT
+
+    struct Rig : test::SearchRig
+    {
+        platform::FakeDirectoryReader reader;
+        platform::AppFolder app{qEnvironmentVariable("NUBO_APP_DIR")};
+        search::Form4 form{app};
+        search::CdromDrives formDrives{window, form, drives, dialogs, engine};
+        Rig() : test::SearchRig(reader)
+        {
+            host.isFile = [](const QString&) { return true; };
+            drives.add("/", platform::DriveType::Fixed);
+            drives.add("/media/cdrom", platform::DriveType::CdRom);
+            drives.add("/media/cdrom1", platform::DriveType::CdRom);
+            window.list.refresh();
+            reader.addFolder("/media/cdrom1/", {"pista.mp3"});
+            form.setCdromDrives(&formDrives);
+        }
+    };
+
+private slots:
+    void controlsAndTexts()
+    {
+        Rig rig;
+        search::Form4& f = rig.form;
+        QCOMPARE(f.windowTitle(), QStringLiteral("Se ha detectado más de una unidad de CD-ROM"));
+        QCOMPARE(f.Label1->text(),
+                 QStringLiteral("Por favor seleccione la unidad en la cual desea buscar"));
+        QCOMPARE(f.Label2->text(), QStringLiteral("Utilizare Siempre esta unidad"));
+        QCOMPARE(f.Combo1->currentText(), QStringLiteral("Seleccione una unidad"));
+        QCOMPARE(f.Combo1->toolTip(), QStringLiteral("Elija una de las compacteras"));
+        QCOMPARE(f.Command1->toolTip(), QStringLiteral("Busca en la compactera seleccionada"));
+        // The extension-less picture name fails to load; the button keeps its own face.
+        QVERIFY(f.Command1->pictureName().isEmpty());
+        QCOMPARE(rig.formDrives.CountCdromDrives(), 2);
+        QCOMPARE(f.driveAt(1), QStringLiteral("/media/cdrom1"));
+        QCOMPARE(f.Combo1->currentText(), QStringLiteral("Seleccione una unidad"));
+    }
+
+    void theButtonSearchesTheTypedDriveOrRefusesIt()
+    {
+        Rig rig;
+        search::Form4& f = rig.form;
+        f.show();
+        f.Combo1->setEditText("z:");
+        QTest::mouseClick(f.Command1, Qt::LeftButton);
+        QCOMPARE(f.Command1->pictureName(), QStringLiteral("\\bitmap\\form4bot1on.jpg"));
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Path invalido"));
+        QVERIFY(f.isVisible());
+
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Disco 2"));
+        rig.window.folder = "/media/cdrom1";
+        f.Combo1->setEditText("/media/cdrom1");
+        QTest::mouseClick(f.Command1, Qt::LeftButton);
+        QCOMPARE(rig.host.rows, QStringList{"/media/cdrom1/pista.mp3"});
+    }
+};
+
+QTEST_MAIN(TestForm4)
+#include "tst_form4.moc"

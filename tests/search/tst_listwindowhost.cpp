@@ -1,0 +1,117 @@
+#include "SearchFakes.h"
+#include "TestFiles.h"
+#include "app/Options.h"
+#include "catalogue/ui/CatalogueView.h"
+#include "catalogue/ui/ListWindow.h"
+#include "platform/fakes/FakeShell.h"
+#include "platform/linux/LinuxDirectoryReader.h"
+#include "search/ui/ListWindowHost.h"
+#include "search/ui/SearchWindows.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace nubo;
+
+// The search run into the real list window, as the program puts them together.
+class TestListWindowHost final : public QObject
+{
+    Q_OBJECT
+
+    struct Rig
+    {
+        QTemporaryDir root;
+        platform::AppFolder app{qEnvironmentVariable("NUBO_APP_DIR")};
+        platform::FakeDrives drives;
+        platform::FakeVolumes volumes;
+        platform::FakeDialogs dialogs;
+        platform::FakeOpticalTray tray;
+        platform::FakeShell shell;
+        platform::LinuxDirectoryReader reader;
+        app::Options options;
+        catalogue::ListWindow list{{app, drives, dialogs, shell, options}};
+        search::ListWindowHost host{list.catalogue, list.form};
+        search::SearchWindows search{{app, host, dialogs, drives, volumes, reader, tray}};
+
+        Rig()
+        {
+            drives.add(root.path(), platform::DriveType::Fixed);
+            for (int i = 0; i < 3; ++i)
+                test::writeFile(root.path() + QStringLiteral("/d%1/t%1.mp3").arg(i));
+            test::writeFile(root.path() + "/otro.wav");
+            host.setEngine(&search.engine);
+            list.form.setSearchLauncher(&host);
+            search.engine.walker().setEventInterval(0);
+            search.form3.selectDrive(root.path());
+        }
+        QString caption() const { return list.form.windowTitle(); }
+    };
+
+private slots:
+    void aSearchFillsTheListWindow()
+    {
+        Rig rig;
+        rig.volumes.detailsByPath.insert(rig.root.path(),
+                                         {"DISCO", 0x80000001u, 255, 0x401, "ext4"});
+        rig.dialogs.inputAnswers.enqueue(QString());
+        rig.dialogs.messageAnswers.enqueue(platform::MessageAnswer::No);
+        rig.search.controller.Command1Click();
+        QCOMPARE(rig.list.catalogue.list().count(), 3);
+        QCOMPARE(rig.list.catalogue.list().row(0).origen, QStringLiteral("NO ESPECIFICADO"));
+        QCOMPARE(rig.list.form.txtvolumename->text(), QStringLiteral("NO ESPECIFICADO"));
+        QCOMPARE(rig.list.form.lblSerialNumber->text(), QStringLiteral("-2147483647"));
+        QCOMPARE(rig.list.form.lblFlags->text(), QStringLiteral("&H401"));
+        QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha finalizado con exito"));
+        QTRY_COMPARE(rig.list.form.Label2->text(),
+                     QStringLiteral("La lista contiene 3 archivos actualmente"));
+        QCOMPARE(rig.list.form.LbltotalBytes->text(), QStringLiteral("0 Mbytes (0) Gb"));
+        QVERIFY(!rig.list.form.mnuFindFiles->isVisible());
+        QVERIFY(rig.list.form.isVisible());
+        QVERIFY(rig.list.form.Timer1->isActive());
+    }
+
+    void theHiddenButtonAndItsMenuEntryStopARunningSearch()
+    {
+        Rig rig;
+        bool pressed = false;
+        // The second press arrives while the walk lets events run, as a menu click would.
+        QTimer::singleShot(0, &rig.list.form, [&] {
+            QVERIFY(rig.list.form.mnuFindFiles->isVisible());
+            QCOMPARE(rig.list.form.mnuFindFiles->text(), QStringLiteral("&Parar!"));
+            rig.list.form.mnuFindFiles->trigger();
+            pressed = true;
+        });
+        rig.list.form.Command1->click();
+        QVERIFY(pressed);
+        QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        QVERIFY(rig.list.catalogue.list().count() < 3);
+    }
+
+    void escapeStopsTheSearch()
+    {
+        Rig rig;
+        QTimer::singleShot(0, &rig.list.form,
+                           [&] { QTest::keyClick(&rig.list.form, Qt::Key_Escape); });
+        rig.list.form.Command1->click();
+        QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        QVERIFY(!rig.list.form.mnuFindFiles->isVisible());
+    }
+
+    void aDroppedFolderIsSearchedWithTheAnsweredMask()
+    {
+        Rig rig;
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("*.wav"));
+        emit rig.list.form.ListView1->filesDropped({rig.root.path()});
+        QCOMPARE(rig.list.catalogue.list().count(), 1);
+        QCOMPARE(rig.list.catalogue.list().row(0).formato, QStringLiteral("WAV"));
+        QCOMPARE(rig.search.form3.Combo1->currentText(), QStringLiteral("*.wav"));
+    }
+};
+
+QTEST_MAIN(TestListWindowHost)
+#include "tst_listwindowhost.moc"

@@ -1,0 +1,302 @@
+#include "SearchFakes.h"
+
+#include <QTest>
+
+using namespace nubo;
+using platform::MessageAnswer;
+
+class TestSearchEngine final : public QObject
+{
+    Q_OBJECT
+
+    // /m/ holds three songs and a folder with two more; every listed name is a file.
+    static void fillTree(platform::FakeDirectoryReader& reader)
+    {
+        reader.addFolder("/m/", {"a.mp3", "b.mp3", "c.mp3", "notas.txt", "sub/"});
+        reader.addFolder("/m/sub/", {"d.mp3", "e.mp3"});
+    }
+
+    struct Rig : test::SearchRig
+    {
+        platform::FakeDirectoryReader reader;
+        Rig() : test::SearchRig(reader)
+        {
+            fillTree(reader);
+            host.isFile = [this](const QString& p) {
+                return !p.endsWith(QLatin1Char('.')) && !reader.folders.contains(p + '/');
+            };
+            drives.add("/", platform::DriveType::Fixed);
+            drives.add("/m", platform::DriveType::Fixed);
+            window.drive = "/";
+        }
+    };
+
+private slots:
+    void aSearchReportsItsMatchesAndRestoresTheWindow()
+    {
+        Rig rig;
+        rig.searchFolder("/m");
+        QCOMPARE(rig.engine.StartPath, QStringLiteral("/m/"));
+        QCOMPARE(rig.host.rows.size(), 5);
+        QCOMPARE(rig.host.caption, QStringLiteral("La Búsqueda ha finalizado con exito"));
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 5 archivos a la lista"));
+        QCOMPARE(rig.host.messages.last().delay, 10000);
+        QCOMPARE(rig.host.messages.last().rgb, 0xFFFFFFu);
+        QCOMPARE(rig.host.countLine, QStringLiteral("La lista contiene 5 archivos actualmente"));
+        QCOMPARE(rig.host.findMenuCaption, QStringLiteral("&Buscar Archivo(s)..."));
+        QVERIFY(!rig.host.findMenuVisible);
+        QVERIFY(!rig.host.busy);
+        QVERIFY(rig.host.folderStrip.isEmpty());
+        QVERIFY(rig.host.listShown && !rig.window.shown);
+        QCOMPARE(rig.host.flashStarts, 1);
+        QVERIFY(!rig.engine.walker().Searching && !rig.engine.walker().CollectFiles);
+    }
+
+    void starDotStarCountsRefusedFoldersInTheMessage()
+    {
+        Rig rig;
+        rig.searchFolder("/m", "*.*");
+        // Six files added; ".", "..", "sub" at the top and "." and ".." below are refused.
+        QCOMPARE(rig.host.rows.size(), 6);
+        QVERIFY(rig.host.offered.contains("/m/sub"));
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 11 archivos a la lista"));
+    }
+
+    void emptyMaskDoesNothingButTheFirstSteps()
+    {
+        Rig rig;
+        rig.searchFolder("/m", QString());
+        QVERIFY(rig.host.rows.isEmpty());
+        QCOMPARE(rig.host.caption, QStringLiteral("Realizando la Búsqueda solicitada..."));
+        QVERIFY(rig.host.findMenuVisible);
+        QVERIFY(rig.host.messages.isEmpty());
+    }
+
+    void aStopGivesTheRealGrowthAndStaysForLaterSearches()
+    {
+        Rig rig;
+        rig.host.rows = {"/old/x.mp3"};
+        rig.host.onAdd = [&](int rows) {
+            if (rows == 3)
+                rig.engine.RunSearch(); // the menu entry pressed again
+        };
+        rig.searchFolder("/m");
+        QCOMPARE(rig.host.rows.size(), 3);
+        QCOMPARE(rig.host.caption, QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 2 archivos a la lista"));
+        QVERIFY(!rig.host.findMenuVisible);
+        QVERIFY(rig.engine.CancelRequested);
+
+        rig.host.onAdd = nullptr;
+        rig.searchFolder("/m");
+        QCOMPARE(rig.host.rows.size(), 8);
+        QCOMPARE(rig.host.caption, QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 5 archivos a la lista"));
+    }
+
+    void escapeStopsAtTheNextTurn()
+    {
+        Rig rig;
+        bool stopped = false;
+        rig.host.onEvents = [&] {
+            if (rig.host.rows.size() == 1 && !stopped)
+                stopped = rig.engine.requestStop();
+        };
+        rig.searchFolder("/m");
+        QVERIFY(stopped);
+        QCOMPARE(rig.host.rows.size(), 1);
+        QVERIFY(!rig.engine.requestStop());
+    }
+
+    void floppyLettersDecideHowOftenTheTreeIsWalked_data()
+    {
+        QTest::addColumn<bool>("a");
+        QTest::addColumn<bool>("b");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("neither") << false << false << 0;
+        QTest::newRow("A: only") << true << false << 5;
+        QTest::newRow("B: only") << false << true << 5;
+        QTest::newRow("both") << true << true << 10;
+    }
+    void floppyLettersDecideHowOftenTheTreeIsWalked()
+    {
+        QFETCH(bool, a);
+        QFETCH(bool, b);
+        QFETCH(int, rows);
+        Rig rig;
+        rig.drives.floppies = {a, b};
+        rig.searchFolder("/m");
+        QCOMPARE(rig.host.rows.size(), rows);
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados %1 archivos a la lista").arg(rows));
+    }
+
+    void theRootOfALabelledDiskFindsNothing()
+    {
+        Rig rig;
+        rig.drives.list.clear();
+        rig.drives.add("/", platform::DriveType::Fixed, "sistema");
+        rig.reader.addFolder("/", {"raiz.mp3"});
+        rig.window.drive = "/ [sistema]";
+        rig.searchFolder("/");
+        QCOMPARE(rig.engine.StartPath, QStringLiteral("/ [sistema]/"));
+        QVERIFY(rig.host.rows.isEmpty());
+
+        rig.drives.list.clear();
+        rig.drives.add("/", platform::DriveType::Fixed);
+        rig.window.drive = "/";
+        rig.searchFolder("/");
+        QCOMPARE(rig.engine.StartPath, QStringLiteral("/"));
+        QCOMPARE(rig.host.rows, QStringList{"/raiz.mp3"});
+    }
+
+    void theMatchOverflowAbandonsTheWalkAndKeepsTheCount()
+    {
+        Rig rig;
+        rig.reader.generator =
+            [](const QString& folder) -> std::optional<QList<platform::DirEntry>> {
+            QList<platform::DirEntry> entries;
+            if (folder == QLatin1String("/big/")) {
+                for (int i = 0; i < 33000; ++i)
+                    entries.append({QStringLiteral("t%1.mp3").arg(i), false});
+            }
+            return entries;
+        };
+        rig.drives.floppies = {true, true};
+        rig.searchFolder("/big");
+        // The 32,768th name is added before its count overflows; the second walk overflows
+        // at its first name.
+        QCOMPARE(rig.host.rows.size(), 32768 + 1);
+        QCOMPARE(rig.engine.walker().MatchCount.value(), 32767);
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 32767 archivos a la lista"));
+        QCOMPARE(rig.host.caption, QStringLiteral("La Búsqueda ha finalizado con exito"));
+        QCOMPARE(rig.host.batchDepth, 0);
+    }
+
+    void theGroupNameAnswers_data()
+    {
+        QTest::addColumn<std::optional<QString>>("answer");
+        QTest::addColumn<MessageAnswer>("cancel");
+        QTest::addColumn<QString>("group");
+        QTest::addColumn<bool>("searched");
+        QTest::newRow("a name") << std::optional<QString>("Rock") << MessageAnswer::Yes << "Rock"
+                                << true;
+        QTest::newRow("blank, go on")
+            << std::optional<QString>("  ") << MessageAnswer::No << "NO ESPECIFICADO" << true;
+        QTest::newRow("cancel, go on")
+            << std::optional<QString>() << MessageAnswer::No << "NO ESPECIFICADO" << true;
+        QTest::newRow("blank, stop")
+            << std::optional<QString>("") << MessageAnswer::Yes << "" << false;
+    }
+    void theGroupNameAnswers()
+    {
+        QFETCH(std::optional<QString>, answer);
+        QFETCH(MessageAnswer, cancel);
+        QFETCH(QString, group);
+        QFETCH(bool, searched);
+        Rig rig;
+        rig.window.folder = "/m";
+        rig.host.volume = "DISCO";
+        rig.dialogs.inputAnswers.enqueue(answer);
+        rig.dialogs.messageAnswers.enqueue(cancel);
+        rig.engine.StartSearch("/m");
+        QCOMPARE(
+            rig.dialogs.asked.first().text,
+            QStringLiteral("Ingrese el nombre del grupo con el que desea realizar la busqueda"));
+        QCOMPARE(rig.dialogs.asked.first().title,
+                 QStringLiteral("Ingrese el titulo del grupo de archivos en busqueda"));
+        QCOMPARE(rig.host.groupName, group);
+        QCOMPARE(!rig.host.rows.isEmpty(), searched);
+        if (answer && answer->trimmed().isEmpty()) {
+            QCOMPARE(rig.dialogs.asked.last().text,
+                     QStringLiteral("Debe escribir un nombre.¿Desea cancelar la busqueda?"));
+            QCOMPARE(rig.dialogs.asked.last().buttons, platform::MessageButtons::YesNo);
+        }
+        if (searched)
+            QCOMPARE(rig.host.volume, group);
+    }
+
+    void aDriveWithoutADiscOpensTheTrayAndAsksAgain()
+    {
+        Rig rig;
+        platform::DriveInfo cd;
+        cd.device = "/dev/sr0";
+        cd.type = platform::DriveType::CdRom;
+        cd.hasMedium = false;
+        rig.drives.list.append(cd);
+        rig.tray.openable = {"/dev/sr0"};
+        rig.dialogs.messageAnswers.enqueue(MessageAnswer::Ok);
+        rig.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.dialogs.asked.size(), 2);
+        QCOMPARE(rig.dialogs.asked[0].text,
+                 QStringLiteral("Por Favor Inserte un CD en la unidad, pero sin "
+                                "cerrarla, el programa lo hará por Usted "));
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("No hay CD en la bandeja"));
+        QCOMPARE(rig.dialogs.asked[0].buttons, platform::MessageButtons::OkCancel);
+        QCOMPARE(rig.tray.log, (QStringList{"open /dev/sr0", "eject 1", "close 1", "open /dev/sr0",
+                                            "shut 2", "close 2", "open /dev/sr0", "eject 3",
+                                            "close 3", "open /dev/sr0", "shut 4", "close 4"}));
+        QCOMPARE(rig.cdTray.CdDeviceId, -1);
+    }
+
+    void anyOtherErrorIsReportedByNumber()
+    {
+        Rig rig;
+        rig.window.errorFor.insert("/x", 5);
+        rig.engine.StartSearch("/x");
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].text,
+                 QStringLiteral("Ha ocurrido un error desconocido nro. 5"));
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Error Desconocido"));
+    }
+
+    void volumeDetailsFillTheLabels()
+    {
+        Rig rig;
+        rig.volumes.detailsByPath.insert("/", {"MUSICA", 0xABCD1234u, 255, 0x1000, "vfat"});
+        rig.engine.ShowVolumeDetails("/ [MUSICA]");
+        QCOMPARE(rig.host.volume, QStringLiteral("MUSICA"));
+        QCOMPARE(rig.host.serial, QStringLiteral("-1412623820"));
+        QCOMPARE(rig.host.maxLength, QStringLiteral("255"));
+        QCOMPARE(rig.host.fileSystem, QStringLiteral("vfat"));
+        QCOMPARE(rig.host.flags, QStringLiteral("&&H1000"));
+        rig.host.volume = "sin cambio";
+        rig.engine.ShowVolumeDetails("/nada");
+        QCOMPARE(rig.host.volume, QStringLiteral("sin cambio"));
+    }
+
+    void driveSpaceIsShownForTheFoldersDrive()
+    {
+        Rig rig;
+        rig.volumes.spaceByPath.insert("/m/", {quint64(1) << 30, quint64(3) << 29});
+        rig.searchFolder("/m/sub");
+        QCOMPARE(rig.host.totalSpace, QStringLiteral("1024 Mbytes (1) Gb"));
+        QCOMPARE(rig.host.freeSpace, QStringLiteral("1536 Mbytes (1,5) Gb"));
+    }
+
+    void everySearchStartsTheFlashTimer()
+    {
+        Rig rig;
+        rig.searchFolder("/m");
+        rig.searchFolder("/m", QString()); // an empty mask ends before the flash
+        rig.searchFolder("/m");
+        QCOMPARE(rig.host.flashStarts, 2);
+    }
+
+    void aDroppedFolderIsSearchedWithTheGivenMask()
+    {
+        Rig rig;
+        rig.engine.searchDroppedFolder("/m/sub", "*.*");
+        QCOMPARE(rig.window.mask, QStringLiteral("*.*"));
+        QCOMPARE(rig.host.rows, (QStringList{"/m/sub/d.mp3", "/m/sub/e.mp3"}));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSearchEngine)
+#include "tst_searchengine.moc"
