@@ -1,5 +1,6 @@
 // nubo-cli: the command-line front end, linked with core libraries only.
 #include "app/cli/Cli.h"
+#include "database/cli/DatabaseCommands.h"
 #include "platform/linux/Terminal.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,9 @@ int main(int argc, char** argv)
     nubo::cli::CliIo io{out, err, nubo::platform::stderrIsTerminal()};
 
     // Each subsystem adds its commands here.
-    const nubo::cli::Cli cli({});
+    QList<nubo::cli::CliCommand> commands;
+    commands += nubo::database::cli::databaseCommands();
+    const nubo::cli::Cli cli(commands);
     const int status = cli.run(application.arguments().mid(1), io);
     out.flush();
     err.flush();
