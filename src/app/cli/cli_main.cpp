@@ -1,5 +1,6 @@
 // nubo-cli: the command-line front end, linked with core libraries only.
 #include "app/cli/Cli.h"
+#include "database/cli/DatabaseCommands.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Terminal.h"
 #include "search/cli/ScanCommand.h"
@@ -21,6 +22,7 @@ int main(int argc, char** argv)
     commands += nubo::tags::cli::tagCommands();
     const nubo::platform::PlatformServices services = nubo::platform::createLinuxPlatform();
     commands += nubo::search::cli::scanCommand(*services.drives, *services.directories);
+    commands += nubo::database::cli::databaseCommands();
     const nubo::cli::Cli cli(commands);
     const int status = cli.run(application.arguments().mid(1), io);
     out.flush();

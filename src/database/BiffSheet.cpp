@@ -1,0 +1,196 @@
+#include "database/BiffSheet.h"
+
+#include "database/BiffStrings.h"
+#include "database/ByteSink.h"
+
+namespace nubo::database {
+namespace {
+
+constexpr quint16 kBof = 0x0809;
+constexpr quint16 kEof = 0x000A;
+constexpr quint16 kIndex = 0x020B;
+constexpr quint16 kDimensions = 0x0200;
+constexpr quint16 kRow = 0x0208;
+constexpr quint16 kLabelSst = 0x00FD;
+constexpr quint16 kBlank = 0x0201;
+constexpr quint16 kDbCell = 0x00D7;
+constexpr quint16 kWindow2 = 0x023E;
+constexpr quint16 kDefColWidth = 0x0055;
+constexpr int kRowsPerBlock = 32;
+
+struct RowSpan
+{
+    int first = -1; // first column with a cell, -1 for none
+    int last = -1;
+};
+
+class SheetBuilder final
+{
+public:
+    SheetBuilder(quint32 base, const QList<BiffRowCells>& rows, quint16 format, bool blanks)
+        : m_base(base), m_rows(rows), m_format(format), m_blanks(blanks)
+    {
+    }
+
+    QByteArray build()
+    {
+        int firstRow = -1;
+        int lastRow = -1;
+        for (int r = 0; r < m_rows.size(); ++r) {
+            if (span(r).first >= 0) {
+                firstRow = firstRow < 0 ? r : firstRow;
+                lastRow = r;
+            }
+        }
+        appendBof();
+        const qsizetype indexAt = m_out.size();
+        const int blocks =
+            firstRow < 0 ? 0 : (lastRow / kRowsPerBlock - firstRow / kRowsPerBlock + 1);
+        appendIndex(firstRow, lastRow, blocks);
+        const auto defColWidthAt = quint32(m_base + m_out.size());
+        record(kDefColWidth, [](ByteSink& s) { s.u16(8); });
+        appendDimensions(firstRow, lastRow);
+        QList<quint32> dbCells;
+        for (int b = 0; b < blocks; ++b)
+            dbCells.append(appendBlock(firstRow / kRowsPerBlock + b));
+        ByteSink::put32(m_out, indexAt + 4 + 12, defColWidthAt);
+        for (int b = 0; b < blocks; ++b)
+            ByteSink::put32(m_out, indexAt + 4 + 16 + 4 * b, dbCells.at(b));
+        record(kWindow2, [](ByteSink& s) {
+            s.u16(0x06B6); // grid, headers, zeros, default colours, outline symbols, selected
+            s.u16(0);
+            s.u16(0);
+            s.u32(64); // automatic grid colour
+            s.u16(0);
+            s.u16(0);
+            s.u32(0);
+        });
+        record(kEof, [](ByteSink&) {});
+        return m_out;
+    }
+
+private:
+    template <typename Fill> void record(quint16 type, Fill fill)
+    {
+        QByteArray data;
+        ByteSink sink(data);
+        fill(sink);
+        appendBiffRecord(m_out, type, data);
+    }
+    RowSpan span(int r) const
+    {
+        RowSpan result;
+        for (int c = 0; c < 4; ++c) {
+            if (m_blanks || m_rows.at(r)[c] != kNoText) {
+                result.first = result.first < 0 ? c : result.first;
+                result.last = c;
+            }
+        }
+        return result;
+    }
+    void appendBof()
+    {
+        record(kBof, [](ByteSink& s) {
+            s.u16(0x0600); // BIFF8
+            s.u16(0x0010); // worksheet
+            s.u16(0x0DBB);
+            s.u16(0x07CC);
+            s.u32(0x000000C1);
+            s.u32(0x00000006);
+        });
+    }
+    void appendIndex(int firstRow, int lastRow, int blocks)
+    {
+        record(kIndex, [&](ByteSink& s) {
+            s.u32(0);
+            s.u32(firstRow < 0 ? 0 : quint32(firstRow));
+            s.u32(quint32(lastRow + 1));
+            s.u32(0); // patched: position of the default column width
+            s.zeros(4 * blocks);
+        });
+    }
+    void appendDimensions(int firstRow, int lastRow)
+    {
+        record(kDimensions, [&](ByteSink& s) {
+            s.u32(firstRow < 0 ? 0 : quint32(firstRow));
+            s.u32(quint32(lastRow + 1));
+            s.u16(0);
+            s.u16(firstRow < 0 ? 0 : 4);
+            s.u16(0);
+        });
+    }
+    // Writes one block of rows and returns the stream position of its lookup record.
+    quint32 appendBlock(int block)
+    {
+        const int from = block * kRowsPerBlock;
+        const int to = std::min<int>(from + kRowsPerBlock, int(m_rows.size()));
+        const qsizetype firstRowRecord = m_out.size();
+        QList<int> used;
+        for (int r = from; r < to; ++r) {
+            const RowSpan rs = span(r);
+            if (rs.first < 0)
+                continue;
+            used.append(r);
+            record(kRow, [&](ByteSink& s) {
+                s.u16(quint32(r));
+                s.u16(quint32(rs.first));
+                s.u16(quint32(rs.last + 1));
+                s.u16(0x00FF); // default height
+                s.u16(0);
+                s.u16(0);
+                s.u16(0x0100);
+                s.u16(0x000F);
+            });
+        }
+        QList<qsizetype> cellStarts;
+        for (const int r : used) {
+            cellStarts.append(m_out.size());
+            appendCells(r);
+        }
+        const qsizetype dbCellAt = m_out.size();
+        record(kDbCell, [&](ByteSink& s) {
+            s.u32(quint32(dbCellAt - firstRowRecord));
+            for (int i = 0; i < cellStarts.size(); ++i) {
+                const qsizetype from = i == 0 ? firstRowRecord + 20 : cellStarts.at(i - 1);
+                s.u16(quint32(cellStarts.at(i) - from));
+            }
+        });
+        return quint32(m_base + dbCellAt);
+    }
+    void appendCells(int r)
+    {
+        for (int c = 0; c < 4; ++c) {
+            const quint32 text = m_rows.at(r)[c];
+            if (text != kNoText) {
+                record(kLabelSst, [&](ByteSink& s) {
+                    s.u16(quint32(r));
+                    s.u16(quint32(c));
+                    s.u16(m_format);
+                    s.u32(text);
+                });
+            } else if (m_blanks) {
+                record(kBlank, [&](ByteSink& s) {
+                    s.u16(quint32(r));
+                    s.u16(quint32(c));
+                    s.u16(m_format);
+                });
+            }
+        }
+    }
+
+    quint32 m_base;
+    const QList<BiffRowCells>& m_rows;
+    quint16 m_format;
+    bool m_blanks;
+    QByteArray m_out;
+};
+
+} // namespace
+
+QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows, quint16 cellFormat,
+                          bool blankCells)
+{
+    return SheetBuilder(streamOffset, rows, cellFormat, blankCells).build();
+}
+
+} // namespace nubo::database

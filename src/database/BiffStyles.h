@@ -1,0 +1,31 @@
+#pragma once
+
+#include "database/SheetStyle.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace nubo::database {
+
+// The workbook's fonts, cell formats, palette and the Normal style, for plain or styled cells.
+class BiffStyles final
+{
+public:
+    explicit BiffStyles(std::optional<SheetStyle> style);
+
+    void appendRecords(QByteArray& stream) const;
+    quint16 cellFormat() const { return m_style ? 16 : 15; }
+    bool styled() const { return m_style.has_value(); }
+
+private:
+    void appendFonts(QByteArray& stream) const;
+    void appendFormats(QByteArray& stream) const;
+    QByteArray styledFormat() const;
+    quint8 paletteIndex(quint32 rgb) const;
+
+    std::optional<SheetStyle> m_style;
+    std::array<quint32, 56> m_palette{};
+};
+
+} // namespace nubo::database

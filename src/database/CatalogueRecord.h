@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+namespace nubo::database {
+
+// One catalogue row as the catalogue files store it: the four stored columns.
+struct CatalogueRecord
+{
+    QString nombre;
+    QString direccion;
+    QString origen;
+    QString formato;
+
+    const QString& field(int index) const
+    {
+        switch (index) {
+        case 0:
+            return nombre;
+        case 1:
+            return direccion;
+        case 2:
+            return origen;
+        default:
+            return formato;
+        }
+    }
+    QString& field(int index) { return const_cast<QString&>(std::as_const(*this).field(index)); }
+    bool operator==(const CatalogueRecord&) const = default;
+};
+
+// The captions of the four stored list columns: row 1 of a workbook, field names of a database.
+using CatalogueHeader = std::array<QString, 4>;
+
+inline CatalogueHeader defaultCatalogueHeader()
+{
+    return {QStringLiteral("NOMBRE"), QStringLiteral("DIRECCION"), QStringLiteral("ORIGEN"),
+            QStringLiteral("FORMATO")};
+}
+
+// What a loaded row's hidden drive column holds.
+inline QString loadedRowDrive()
+{
+    return QStringLiteral("NN");
+}
+
+} // namespace nubo::database

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "database/CatalogueRecord.h"
+#include "database/JetPages.h"
+#include "database/JetSchema.h"
+
+#include <QIODevice>
+
+namespace nubo::database {
+
+// Writes a catalogue database (a Jet 4 file holding the table "Catalogo" with four text fields
+// named after the column captions), row by row. Data pages go to the device as they fill; the
+// catalogue pages at the front are written by finish(), which may follow any row.
+class DatabaseWriter final
+{
+public:
+    static constexpr qsizetype kMaxText = 255;
+    static QString tableName() { return QStringLiteral("Catalogo"); }
+
+    // The device must be open for writing and seekable; it is written from its start.
+    bool begin(QIODevice* device, const CatalogueHeader& header);
+    bool addRow(const CatalogueRecord& record);
+    bool finish();
+
+    qsizetype rowCount() const { return m_rows; }
+    QString errorString() const { return m_error; }
+
+private:
+    bool fail(const QString& message);
+    bool writePage(const QByteArray& page);
+    bool flushDataPage();
+
+    QIODevice* m_device = nullptr;
+    jet::Table m_table;
+    jet::RowLayout m_layout;
+    std::optional<jet::DataPage> m_page;
+    quint32 m_nextPage = 0;
+    qsizetype m_rows = 0;
+    QString m_error;
+};
+
+// A field name the database engine accepts.
+bool isValidFieldName(const QString& name);
+
+} // namespace nubo::database

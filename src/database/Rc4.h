@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace nubo::database {
+
+// The RC4 stream cipher, with which the database header is stored.
+QByteArray rc4(const QByteArray& key, const QByteArray& data);
+
+} // namespace nubo::database

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "database/BiffSheet.h"
+#include "database/BiffStrings.h"
+#include "database/CatalogueRecord.h"
+#include "database/SheetStyle.h"
+
+#include <optional>
+
+namespace nubo::database {
+
+// What a saved workbook looks like apart from its rows.
+struct WorkbookLayout
+{
+    QString sheetName = QStringLiteral("Colección");
+    CatalogueHeader header = defaultCatalogueHeader();
+    std::optional<SheetStyle> style; // none: the sheet is left unstyled
+};
+
+// Writes a catalogue workbook (one sheet: header row, empty row, data from row 3), row by row.
+// Rows are kept as shared-string indices until finish() writes the file, so the writer can be
+// finished after any row and the file then holds exactly the rows added so far.
+class WorkbookWriter final
+{
+public:
+    static constexpr qsizetype kSheetRows = 65536;
+    static constexpr qsizetype kMaxDataRows = kSheetRows - 2;
+    static constexpr qsizetype kMaxCellText = 32767;
+
+    // Checks the layout and that expectedRows fit on one sheet; nothing is written yet.
+    bool begin(const QString& path, WorkbookLayout layout, qsizetype expectedRows);
+    bool addRow(const CatalogueRecord& record);
+    // Writes the workbook; the previous file at the path is replaced only when all went well.
+    bool finish();
+
+    qsizetype rowCount() const { return m_rows.size() - 2; }
+    QString errorString() const { return m_error; }
+
+private:
+    bool fail(const QString& message);
+    BiffRowCells cellsOf(const std::array<const QString*, 4>& texts);
+    QByteArray buildGlobals(qsizetype& sheetOffsetAt) const;
+    bool writeCompoundFile(const QByteArray& globals, const QByteArray& sheet);
+
+    QString m_path;
+    WorkbookLayout m_layout;
+    BiffSharedStrings m_strings;
+    QList<BiffRowCells> m_rows;
+    QString m_error;
+    bool m_open = false;
+};
+
+// A sheet name the spreadsheet accepts: 1 to 31 characters, none of : \ / ? * [ ].
+bool isValidSheetName(const QString& name);
+
+} // namespace nubo::database

@@ -1,0 +1,97 @@
+#include "database/cli/DatabaseCommands.h"
+
+#include "database/CatalogueFiles.h"
+
+namespace nubo::database::cli {
+namespace {
+
+using nubo::cli::CliIo;
+
+// A field on one output line: tabs and line breaks become blanks.
+QString flat(QString text)
+{
+    for (QChar& c : text) {
+        if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r'))
+            c = QLatin1Char(' ');
+    }
+    return text;
+}
+
+std::optional<LoadedCatalogue> load(const QString& path, CliIo& io)
+{
+    if (!catalogueFormatOf(path)) {
+        io.err << "nubo-cli: extensión desconocida (se espera .xls o .mdb): " << path << '\n';
+        return std::nullopt;
+    }
+    QString error;
+    auto loaded = loadCatalogue(path, &error);
+    if (!loaded)
+        io.err << "nubo-cli: " << error << '\n';
+    return loaded;
+}
+
+int show(const QStringList& args, CliIo& io)
+{
+    if (args.size() != 1) {
+        io.err << "uso: nubo-cli show ARCHIVO\n";
+        return nubo::cli::kUsageError;
+    }
+    if (!catalogueFormatOf(args.first())) {
+        io.err << "nubo-cli: extensión desconocida (se espera .xls o .mdb): " << args.first()
+               << '\n';
+        return nubo::cli::kUsageError;
+    }
+    const auto loaded = load(args.first(), io);
+    if (!loaded)
+        return nubo::cli::kFileError;
+    for (const CatalogueRecord& r : loaded->rows) {
+        io.out << flat(r.nombre) << '\t' << flat(r.direccion) << '\t' << flat(r.origen) << '\t'
+               << flat(r.formato) << '\t' << loadedRowDrive() << '\n';
+    }
+    return nubo::cli::kOk;
+}
+
+int convert(const QStringList& args, CliIo& io)
+{
+    if (args.size() != 2) {
+        io.err << "uso: nubo-cli convert ENTRADA SALIDA\n";
+        return nubo::cli::kUsageError;
+    }
+    for (const QString& path : args) {
+        if (!catalogueFormatOf(path)) {
+            io.err << "nubo-cli: extensión desconocida (se espera .xls o .mdb): " << path << '\n';
+            return nubo::cli::kUsageError;
+        }
+    }
+    const auto loaded = load(args.at(0), io);
+    if (!loaded)
+        return nubo::cli::kFileError;
+    CatalogueSaveOptions options;
+    // Opening a workbook names the sheet of the next one saved.
+    if (catalogueFormatOf(args.at(0)) == CatalogueFormat::Workbook)
+        options.sheetName = loaded->name;
+    const CatalogueRowSource rows{loaded->rows.size(),
+                                  [&](qsizetype i) { return loaded->rows.at(i); }};
+    const SaveOutcome outcome = saveCatalogue(args.at(1), options, rows);
+    if (!outcome.ok) {
+        io.err << "nubo-cli: " << outcome.error << '\n';
+        return nubo::cli::kFileError;
+    }
+    return nubo::cli::kOk;
+}
+
+} // namespace
+
+QList<nubo::cli::CliCommand> databaseCommands()
+{
+    return {
+        {QStringLiteral("show"), QStringLiteral("show ARCHIVO"),
+         QStringLiteral("muestra las filas de un catálogo .xls o .mdb como las cargaría la lista"),
+         show},
+        {QStringLiteral("convert"), QStringLiteral("convert ENTRADA SALIDA"),
+         QStringLiteral("carga un catálogo y lo guarda en el formato de la extensión de SALIDA"),
+         convert},
+    };
+}
+
+} // namespace nubo::database::cli

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "app/cli/CliCommand.h"
+
+namespace nubo::database::cli {
+
+// nubo-cli's catalogue-file commands: "show" and "convert".
+QList<nubo::cli::CliCommand> databaseCommands();
+
+} // namespace nubo::database::cli

@@ -1,0 +1,99 @@
+#include "CatalogueSamples.h"
+
+#include "database/CatalogueFiles.h"
+#include "database/cli/DatabaseCommands.h"
+
+#include "app/cli/Cli.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace nubo::database;
+
+namespace {
+
+struct Run
+{
+    int status;
+    QString out;
+    QString err;
+};
+
+Run run(const QStringList& args)
+{
+    QString out;
+    QString err;
+    QTextStream outStream(&out);
+    QTextStream errStream(&err);
+    nubo::cli::CliIo io{outStream, errStream};
+    const int status = nubo::cli::Cli(cli::databaseCommands()).run(args, io);
+    outStream.flush();
+    errStream.flush();
+    return {status, out, err};
+}
+
+} // namespace
+
+class DatabaseCommandsTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsRowsAsTheListLoadsThem()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("a.mdb"));
+        const QList<CatalogueRecord> rows = {{"uno\tdos", "/m/", "g", "MP3"},
+                                             {"tres", "/n/\nx", "", "WAV"}};
+        QVERIFY(saveCatalogue(path, {}, {2, [&](qsizetype i) { return rows.at(i); }}).ok);
+        const Run shown = run({"show", path});
+        QCOMPARE(shown.status, 0);
+        QCOMPARE(shown.out, QStringLiteral("tres\t/n/ x\t\tWAV\tNN\nuno dos\t/m/\tg\tMP3\tNN\n"));
+    }
+
+    void convertsBothWays()
+    {
+        QTemporaryDir dir;
+        const QString xls = dir.filePath(QStringLiteral("a.xls"));
+        const QString mdb = dir.filePath(QStringLiteral("b.MDB"));
+        const QString back = dir.filePath(QStringLiteral("c.xls"));
+        const QList<CatalogueRecord> rows = test::sampleRows(4);
+        CatalogueSaveOptions options;
+        options.sheetName = QStringLiteral("Discos");
+        QVERIFY(saveCatalogue(xls, options, {4, [&](qsizetype i) { return rows.at(i); }}).ok);
+        QCOMPARE(run({"convert", xls, mdb}).status, 0);
+        QCOMPARE(run({"convert", mdb, back}).status, 0);
+        QString error;
+        const auto loaded = loadCatalogue(back, &error);
+        QVERIFY(loaded);
+        QCOMPARE(loaded->name, QStringLiteral("Colección")); // a database names no sheet
+        QList<CatalogueRecord> expected = rows;
+        std::reverse(expected.begin(), expected.end()); // the database loads last first
+        QCOMPARE(loaded->rows, expected);
+        QCOMPARE(loadCatalogue(mdb, &error)->rows, expected);
+    }
+
+    void mistakes_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("status");
+        QTest::newRow("show without file") << QStringList{"show"} << 1;
+        QTest::newRow("unknown extension") << QStringList{"show", "lista.csv"} << 1;
+        QTest::newRow("convert to csv") << QStringList{"convert", "a.xls", "b.csv"} << 1;
+        QTest::newRow("missing file") << QStringList{"show", "/nonexistent/a.xls"} << 2;
+        QTest::newRow("missing database")
+            << QStringList{"convert", "/nonexistent/a.mdb", "b.xls"} << 2;
+    }
+    void mistakes()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, status);
+        const Run result = run(args);
+        QCOMPARE(result.status, status);
+        QVERIFY(result.out.isEmpty());
+        QVERIFY(!result.err.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(DatabaseCommandsTest)
+#include "tst_DatabaseCommands.moc"
