@@ -10,7 +10,7 @@ namespace nubo::artwork {
 namespace {
 
 // A window background: a sky band with a row of small clouds over a pale page.
-QImage background(QSize size, const QString& title)
+QImage background(QSize size)
 {
     QImage image(size, QImage::Format_RGB32);
     QPainter p(&image);
@@ -28,12 +28,6 @@ QImage background(QSize size, const QString& title)
     p.setBrush(QColor(255, 255, 255, 90));
     for (int x = size.width() - 170; x < size.width(); x += 62)
         p.drawPath(cloudPath(QRectF(x, 10 + (x / 62 % 2) * 8, 54, 26)));
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setBold(true);
-    font.setPixelSize(20);
-    p.setFont(font);
-    p.setPen(Qt::white);
-    p.drawText(QRect(18, 0, size.width() - 36, band), Qt::AlignVCenter | Qt::AlignLeft, title);
     p.setPen(QPen(QColor(196, 212, 236), 2));
     p.drawLine(0, band, size.width(), band);
     return image;
@@ -113,11 +107,11 @@ bool writeWindowPictures(const QString& bitmap)
     auto jpg = [&bitmap](const QImage& image, const char* name) {
         return saveJpeg(image, bitmap + QLatin1String(name));
     };
-    bool ok = jpg(background({640, 480}, QStringLiteral("Lista")), "mainform1.jpg");
-    ok &= jpg(background({460, 350}, QStringLiteral("Buscar")), "mainform3.jpg");
-    ok &= jpg(background({360, 170}, QStringLiteral("CD-ROM")), "mainform4.jpg");
-    ok &= jpg(background({500, 340}, QStringLiteral("Opciones")), "mainform5.jpg");
-    ok &= jpg(background({440, 380}, QStringLiteral("Hoja Excel")), "mainform7.jpg");
+    bool ok = jpg(background({640, 480}), "mainform1.jpg");
+    ok &= jpg(background({460, 350}), "mainform3.jpg");
+    ok &= jpg(background({360, 170}), "mainform4.jpg");
+    ok &= jpg(background({500, 340}), "mainform5.jpg");
+    ok &= jpg(background({440, 380}), "mainform7.jpg");
     const QSize round(48, 48);
     ok &= jpg(badgeButton(round, Glyph::Trash, 0), "scene0boton1form1.jpg");
     ok &= jpg(badgeButton(round, Glyph::Trash, 1), "scene1boton1form1.jpg");

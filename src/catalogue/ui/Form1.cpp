@@ -70,6 +70,7 @@ void Form1::createControls()
     ProgressBar1->setToolTip(QStringLiteral("Muestra el progreso de la carga o guardado"));
     ProgressBar1->setTextVisible(false);
     ProgressBar1->setValue(0);
+    ProgressBar1->hide(); // shown while a catalogue is loaded or saved
     PicExcelConf = label(this, "PicExcelConf", {},
                          QStringLiteral("Abre la ventana de Configuracion de Hoja de Excel"));
     PicOnTop = label(this, "PicOnTop", {},
@@ -113,18 +114,17 @@ void Form1::createVolumeControls()
     Picture1 =
         label(this, "Picture1", {}, QStringLiteral("Muestra la direccion actual de busqueda"));
     Picture1->setMinimumHeight(20);
-    LblBytesLibres = label(this, "LblBytesLibres", QStringLiteral("Numero total de Bytes Libres:"),
+    // The value labels start empty; the captions beside them are plain labels.
+    LblBytesLibres = label(this, "LblBytesLibres", {},
                            QStringLiteral("Espacio libre en la unidad de busqueda actual"));
     LbltotalBytes =
-        label(this, "LbltotalBytes", QStringLiteral("Numero total de Bytes:"),
+        label(this, "LbltotalBytes", {},
               QStringLiteral("Capacidad de almacenamiento de la unidad de busqueda actual"));
-    lblFileSystem = label(this, "lblFileSystem", QStringLiteral("File System"),
-                          QStringLiteral("Tipo de sistema de archivos"));
-    lblFlags = label(this, "lblFlags", QStringLiteral("Flags"), QStringLiteral("Info Adicional"));
-    lblMaxComponentLength =
-        label(this, "lblMaxComponentLength", QStringLiteral("Maximum Component Length"), {});
+    lblFileSystem = label(this, "lblFileSystem", {}, QStringLiteral("Tipo de sistema de archivos"));
+    lblFlags = label(this, "lblFlags", {}, QStringLiteral("Info Adicional"));
+    lblMaxComponentLength = label(this, "lblMaxComponentLength", {}, {});
     lblSerialNumber =
-        label(this, "lblSerialNumber", QStringLiteral("Serial Number"),
+        label(this, "lblSerialNumber", {},
               QStringLiteral("Numero de serie de la Unidad donde se realizo la busqueda"));
 }
 
@@ -149,15 +149,24 @@ void Form1::layOutControls()
 
     auto* volume = new QGridLayout;
     volume->addWidget(Picture1, 0, 0, 1, 4);
-    volume->addWidget(LblBytesLibres, 1, 0, 1, 2);
-    volume->addWidget(LbltotalBytes, 1, 2, 1, 2);
-    volume->addWidget(lblFileSystem, 2, 0);
-    volume->addWidget(lblFlags, 2, 1);
-    volume->addWidget(lblMaxComponentLength, 2, 2);
-    volume->addWidget(lblSerialNumber, 2, 3);
-    volume->addWidget(new QLabel(QStringLiteral("Volume Name"), this), 3, 0);
-    volume->addWidget(txtvolumename, 3, 1, 1, 2);
-    volume->addWidget(lblCurList, 3, 3);
+    const std::initializer_list<std::pair<const char*, QWidget*>> fields = {
+        {"Numero total de Bytes Libres:", LblBytesLibres},
+        {"Numero total de Bytes:", LbltotalBytes},
+        {"File System", lblFileSystem},
+        {"Flags", lblFlags},
+        {"Maximum Component Length", lblMaxComponentLength},
+        {"Serial Number", lblSerialNumber},
+        {"Volume Name", txtvolumename},
+        {"", lblCurList},
+    };
+    int at = 0;
+    for (const auto& [caption, value] : fields) {
+        volume->addWidget(new QLabel(QString::fromUtf8(caption), this), 1 + at / 2, (at % 2) * 2);
+        volume->addWidget(value, 1 + at / 2, (at % 2) * 2 + 1);
+        ++at;
+    }
+    volume->setColumnStretch(1, 1);
+    volume->setColumnStretch(3, 1);
 
     auto* root = new QVBoxLayout(this);
     root->setMenuBar(menuBar);
@@ -184,10 +193,9 @@ void Form1::loadPictures()
     const QPixmap background =
         platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform1.jpg"));
     if (!background.isNull()) {
-        QPalette palette = this->palette();
-        palette.setBrush(QPalette::Window, background);
-        setPalette(palette);
+        m_background = background;
         setAutoFillBackground(true);
+        fitBackground();
         // The bar's background is the colour of the background picture's pixel (1, 1).
         const QImage image = background.toImage();
         if (image.width() > 1 && image.height() > 1)
@@ -195,6 +203,23 @@ void Form1::loadPictures()
                             .arg(image.pixelColor(1, 1).name());
     }
     ProgressBar1->setStyleSheet(barStyle);
+}
+
+void Form1::fitBackground()
+{
+    // The picture is stretched over the whole window rather than tiled.
+    if (m_background.isNull())
+        return;
+    QPalette palette = this->palette();
+    palette.setBrush(QPalette::Window,
+                     m_background.scaled(size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    setPalette(palette);
+}
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitBackground();
 }
 
 void Form1::setSearchLauncher(ISearchLauncher* launcher)

@@ -4,6 +4,7 @@
 #include "catalogue/ui/HoverPictures.h"
 #include "platform/AppFolder.h"
 
+#include <QPixmap>
 #include <QWidget>
 
 class QAction;
@@ -124,9 +125,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    void fitBackground();
+    QPixmap m_background;
     void createControls();
     void createStatusControls();
     void createVolumeControls();

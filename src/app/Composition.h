@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/ActivityLog.h"
+#include "app/Options.h"
+#include "app/OptionsStore.h"
+#include "catalogue/ui/ListWindow.h"
+#include "frame/ui/Form12.h"
+#include "frame/ui/Form5.h"
+#include "frame/ui/Form6.h"
+#include "frame/ui/Form8.h"
+#include "frame/ui/QtNotifyArea.h"
+#include "frame/ui/WindowDirectory.h"
+#include "platform/IShell.h"
+#include "platform/PlatformServices.h"
+#include "platform/ui/QtDialogs.h"
+#include "search/ui/ListWindowHost.h"
+#include "search/ui/SearchWindows.h"
+
+#include <memory>
+
+namespace nubo::app {
+
+// Owns every service and window of the running program and connects them.
+class Composition final
+{
+public:
+    Composition();
+
+    // Runs start-up; false when the program must end at once.
+    bool start();
+
+private:
+    void connectFrame();
+    void connectList();
+    void connectSearch();
+
+    const platform::AppFolder m_appFolder;
+    platform::PlatformServices m_services;
+    platform::QtDialogs m_dialogs;
+    Options m_options;
+    ActivityLog m_log;
+    OptionsStore m_store;
+
+    frame::WindowDirectory m_windows;
+    frame::QtNotifyArea m_notifyArea;
+    frame::Form12 m_mainWindow;
+    frame::Form5 m_optionsWindow;
+    frame::Form6 m_authorWindow;
+    frame::Form8 m_trayMenu;
+
+    // Created once start-up has let the program run; never destroyed before the end.
+    std::unique_ptr<platform::IShell> m_shell;
+    std::unique_ptr<catalogue::ListWindow> m_list;
+    std::unique_ptr<search::ListWindowHost> m_searchHost;
+    std::unique_ptr<search::SearchWindows> m_search;
+};
+
+} // namespace nubo::app
