@@ -2,6 +2,8 @@
 #include "app/Composition.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -26,6 +28,11 @@ int main(int argc, char** argv)
     }
     QApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);
+    // The program speaks Spanish, so Qt's own buttons ("Sí", "Cancelar") do too.
+    QTranslator qtTexts;
+    if (qtTexts.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        application.installTranslator(&qtTexts);
     nubo::app::Composition program;
     if (!program.start())
         return 0;

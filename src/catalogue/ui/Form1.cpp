@@ -6,6 +6,8 @@
 #include "platform/ui/PictureFile.h"
 
 #include <QCheckBox>
+#include <QFontDatabase>
+#include <QGraphicsDropShadowEffect>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -102,7 +104,17 @@ void Form1::createStatusControls()
     LblInfo = label(this, "LblInfo", m_catalogue.info().text(),
                     QStringLiteral("Muestra informacion adicional sobre los sucesos que se "
                                    "acontecen"));
-    LblInfo->setFont(QFont(QStringLiteral("Comic Sans MS")));
+    // Comic Sans MS where it is installed; otherwise a plain face, never a look-alike script.
+    const QString face = QFontDatabase::hasFamily(QStringLiteral("Comic Sans MS"))
+                             ? QStringLiteral("Comic Sans MS")
+                             : QFont().family();
+    LblInfo->setFont(QFont(face, 10, QFont::Bold));
+    // A dark halo keeps white and yellow messages legible on the pale background.
+    auto* halo = new QGraphicsDropShadowEffect(LblInfo);
+    halo->setOffset(0, 0);
+    halo->setBlurRadius(6);
+    halo->setColor(QColor(20, 30, 60, 230));
+    LblInfo->setGraphicsEffect(halo);
     lblCurList = label(this, "lblCurList", m_catalogue.currentFile(), {});
     txtvolumename = named<QLineEdit>(this, "txtvolumename");
     txtvolumename->setToolTip(
