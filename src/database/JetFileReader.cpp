@@ -147,7 +147,8 @@ QByteArrayView JetFileReader::rowOf(quint32 pageNumber, quint32 row, int hops) c
     const quint32 entry = u16At(d, 14 + 2 * row);
     const qsizetype start = entry & kOffsetMask;
     const qsizetype end = row == 0 ? kPage : (u16At(d, 14 + 2 * (row - 1)) & kOffsetMask);
-    if ((entry & kDeletedRow) != 0 || start < 14 + 2 * qsizetype(rows) || end <= start)
+    if ((entry & kDeletedRow) != 0 || start < 14 + 2 * qsizetype(rows) || end <= start ||
+        end > d.size())
         return {};
     const QByteArrayView data = d.sliced(start, end - start);
     if ((entry & kLookupRow) == 0)
