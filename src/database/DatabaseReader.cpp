@@ -1,11 +1,8 @@
 #include "database/DatabaseReader.h"
 
+#include "database/JetFileReader.h"
+
 #include <QFile>
-
-// The library's header includes the C glib header inside its own C linkage block.
-#include <glib.h>
-
-#include <mdbtools.h>
 
 namespace nubo::database {
 namespace {
@@ -14,25 +11,6 @@ constexpr int kFields = 4;
 constexpr qsizetype kJetPage = 2048; // the smaller of the two page sizes
 
 } // namespace
-
-struct DatabaseReader::State
-{
-    MdbHandle* mdb = nullptr;
-    MdbTableDef* table = nullptr;
-    int fieldCount = 0;
-    int textField[kFields] = {};
-    char* bound[kFields] = {};
-
-    ~State()
-    {
-        for (char* buffer : bound)
-            g_free(buffer);
-        if (table != nullptr)
-            mdb_free_tabledef(table);
-        if (mdb != nullptr)
-            mdb_close(mdb);
-    }
-};
 
 bool looksLikeJetDatabase(const QByteArray& head)
 {
@@ -72,13 +50,11 @@ QString decodeJetText(const char* data, qsizetype size)
     return text;
 }
 
-DatabaseReader::DatabaseReader() = default;
-
-DatabaseReader::~DatabaseReader() = default;
-
 void DatabaseReader::close()
 {
-    m_state.reset();
+    m_rows.clear();
+    m_next = 0;
+    m_recordCount = 0;
     m_tableName.clear();
     m_fieldNames.clear();
 }
@@ -90,11 +66,6 @@ bool DatabaseReader::fail(const QString& message)
     return false;
 }
 
-qsizetype DatabaseReader::recordCount() const
-{
-    return m_state ? qsizetype(m_state->table->num_rows) : 0;
-}
-
 bool DatabaseReader::open(const QString& path)
 {
     close();
@@ -102,67 +73,49 @@ bool DatabaseReader::open(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(QStringLiteral("No se puede abrir el archivo %1.").arg(path));
-    if (!looksLikeJetDatabase(file.read(kJetPage)))
-        return fail(QStringLiteral("%1 no es una base de datos de Access.").arg(path));
-    file.close();
+    return read(file.readAll(), path);
+}
 
-    m_state = std::make_unique<State>();
-    m_state->mdb = mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS);
-    if (m_state->mdb == nullptr || mdb_read_catalog(m_state->mdb, MDB_TABLE) == nullptr)
-        return fail(QStringLiteral("%1 no es una base de datos de Access.").arg(path));
-    MdbCatalogEntry* first = nullptr;
-    QString firstName;
-    GPtrArray* catalog = m_state->mdb->catalog;
-    for (guint i = 0; i < catalog->len; ++i) {
-        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
-        if (entry->object_type != MDB_TABLE || mdb_is_system_table(entry))
-            continue;
-        const QString name = QString::fromUtf8(entry->object_name);
-        if (first == nullptr || name.compare(firstName, Qt::CaseInsensitive) < 0) {
-            first = entry;
-            firstName = name;
-        }
-    }
-    if (first == nullptr)
-        return fail(QStringLiteral("%1 no contiene ninguna tabla.").arg(path));
-    m_state->table = mdb_read_table(first);
-    if (m_state->table == nullptr || mdb_read_columns(m_state->table) == nullptr)
-        return fail(QStringLiteral("No se puede leer la tabla %1 de %2.").arg(firstName, path));
-    m_tableName = firstName;
-    State& s = *m_state;
-    s.fieldCount = std::min<int>(kFields, int(s.table->num_cols));
-    for (int i = 0; i < s.fieldCount; ++i) {
-        auto* column = static_cast<MdbColumn*>(g_ptr_array_index(s.table->columns, i));
-        m_fieldNames.append(QString::fromUtf8(column->name));
-        s.textField[i] = column->col_type == MDB_TEXT;
-        // Text is decoded here from its stored bytes; other types take the library's text.
-        if (!s.textField[i]) {
-            s.bound[i] = static_cast<char*>(g_malloc0(MDB_BIND_SIZE));
-            mdb_bind_column(s.table, i + 1, s.bound[i], nullptr);
-        }
-    }
-    mdb_rewind_table(s.table);
+bool DatabaseReader::read(const QByteArray& file, const QString& name)
+{
+    close();
+    m_error.clear();
+    const jet::JetFileReader jet(file);
+    if (jet.kind() == jet::JetFileReader::Kind::OlderJet)
+        return fail(QStringLiteral("%1 es una base de datos de Access 97 o anterior: "
+                                   "conviértala a Access 2000 o posterior.")
+                        .arg(name));
+    if (jet.kind() != jet::JetFileReader::Kind::Jet4)
+        return fail(QStringLiteral("%1 no es una base de datos de Access.").arg(name));
+    QList<std::pair<QString, quint32>> tables = jet.userTables();
+    if (tables.isEmpty())
+        return fail(QStringLiteral("%1 no contiene ninguna tabla.").arg(name));
+    const auto first = std::min_element(tables.begin(), tables.end(), [](auto& a, auto& b) {
+        return a.first.compare(b.first, Qt::CaseInsensitive) < 0;
+    });
+    const std::optional<jet::TableInfo> table = jet.table(first->second);
+    if (!table)
+        return fail(QStringLiteral("No se puede leer la tabla %1 de %2.").arg(first->first, name));
+    m_tableName = first->first;
+    m_recordCount = table->rowCount;
+    const int fields = std::min<int>(kFields, int(table->columns.size()));
+    for (int i = 0; i < fields; ++i)
+        m_fieldNames.append(table->columns.at(i).name);
+    jet.forEachRow(*table, [&](const QList<QString>& values) {
+        CatalogueRecord record;
+        for (int i = 0; i < fields; ++i)
+            record.field(i) = values.at(i);
+        m_rows.append(std::move(record));
+        return true;
+    });
     return true;
 }
 
 bool DatabaseReader::next(CatalogueRecord& record)
 {
-    if (!m_state || !mdb_fetch_row(m_state->table))
+    if (m_next >= m_rows.size())
         return false;
-    State& s = *m_state;
-    record = {};
-    for (int i = 0; i < s.fieldCount; ++i) {
-        auto* column = static_cast<MdbColumn*>(g_ptr_array_index(s.table->columns, i));
-        if (!s.textField[i]) {
-            record.field(i) = QString::fromUtf8(s.bound[i]);
-        } else if (column->cur_value_len > 0 && column->cur_value_start >= 0 &&
-                   size_t(column->cur_value_start + column->cur_value_len) <=
-                       size_t(s.mdb->fmt->pg_size)) {
-            record.field(i) = decodeJetText(reinterpret_cast<const char*>(s.mdb->pg_buf) +
-                                                column->cur_value_start,
-                                            column->cur_value_len);
-        }
-    }
+    record = m_rows.at(m_next++);
     return true;
 }
 

@@ -5,37 +5,32 @@
 #include <QList>
 #include <QString>
 
-#include <memory>
-
 namespace nubo::database {
 
-// Reads a catalogue database: its first user table (in name order) and the first four fields
-// of every record as text, in file order. Works on a path: the reading library opens files by
-// name only.
+// Reads a catalogue database (Jet 4): its first user table (in name order) and the first four
+// fields of every record as text, in file order. Any bytes give records or an error.
 class DatabaseReader final
 {
 public:
-    DatabaseReader();
-    ~DatabaseReader();
-    DatabaseReader(const DatabaseReader&) = delete;
-    DatabaseReader& operator=(const DatabaseReader&) = delete;
-
     bool open(const QString& path);
+    // Reads a whole file held in memory; the name only goes into error messages.
+    bool read(const QByteArray& file, const QString& name);
     void close();
 
     QString tableName() const { return m_tableName; }
     QStringList fieldNames() const { return m_fieldNames; }
     // The record count the table definition states.
-    qsizetype recordCount() const;
+    qsizetype recordCount() const { return m_recordCount; }
     // The next record in file order; false at the end.
     bool next(CatalogueRecord& record);
     QString errorString() const { return m_error; }
 
 private:
-    struct State;
     bool fail(const QString& message);
 
-    std::unique_ptr<State> m_state;
+    QList<CatalogueRecord> m_rows;
+    qsizetype m_next = 0;
+    qsizetype m_recordCount = 0;
     QString m_tableName;
     QStringList m_fieldNames;
     QString m_error;

@@ -1,44 +1,35 @@
 #pragma once
 
+#include "database/BiffWorkbookParser.h"
 #include "database/CatalogueRecord.h"
 
+#include <QByteArray>
 #include <QString>
 
 namespace nubo::database {
 
-// Reads a catalogue workbook: the first sheet's name and its rows from row 3 to the last used
-// row, every cell as the text a spreadsheet shows. Works on a path: the reading library opens
-// files by name only.
+// Reads a catalogue workbook (Excel 97 or later, in its compound file): the first sheet's name
+// and its rows, every cell as the text a spreadsheet shows. Any bytes give rows or an error.
 class WorkbookReader final
 {
 public:
-    WorkbookReader() = default;
-    ~WorkbookReader();
-    WorkbookReader(const WorkbookReader&) = delete;
-    WorkbookReader& operator=(const WorkbookReader&) = delete;
-
     bool open(const QString& path);
+    // Reads a whole file held in memory; the name only goes into error messages.
+    bool read(const QByteArray& file, const QString& name);
     void close();
 
-    QString sheetName() const { return m_sheetName; }
+    QString sheetName() const { return m_sheet.name; }
     // The sheet's last used row, counted from 1 (0 for an empty sheet).
-    quint32 lastRow() const { return m_rows; }
-    // Rows 3..lastRow() as records; row is counted from 1.
+    quint32 lastRow() const { return m_sheet.lastRow; }
+    // One row as a record; row is counted from 1.
     CatalogueRecord record(quint32 row) const;
     QString errorString() const { return m_error; }
 
 private:
     bool fail(const QString& message);
-    QString cellText(quint32 row, quint16 column) const;
 
-    const void* m_handle = nullptr;
-    QString m_sheetName;
-    quint32 m_rows = 0;
-    quint16 m_columns = 0;
+    BiffSheetContent m_sheet;
     QString m_error;
 };
-
-// A number as the spreadsheet's General format shows it in a cell.
-QString generalNumberText(double value);
 
 } // namespace nubo::database

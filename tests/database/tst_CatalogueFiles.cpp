@@ -2,6 +2,7 @@
 
 #include "database/CatalogueFiles.h"
 
+#include <QDirIterator>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -144,6 +145,26 @@ private slots:
         QString error;
         QVERIFY(!loadCatalogue(path, &error));
         QVERIFY(!error.isEmpty());
+    }
+
+    // Seeds and every input the fuzzers found: each gives rows or an error.
+    void corpusFilesAreErrorsOrRows()
+    {
+        const QString corpus =
+            qEnvironmentVariable("NUBO_SOURCE_DIR") + QStringLiteral("/tests/database/corpus");
+        QDirIterator files(corpus, QDir::Files, QDirIterator::Subdirectories);
+        int count = 0;
+        while (files.hasNext()) {
+            const QString path = files.next();
+            QString error;
+            if (!catalogueFormatOf(path))
+                continue;
+            const auto loaded = loadCatalogue(path, &error);
+            QVERIFY2(loaded || !error.isEmpty(), qPrintable(path));
+            ++count;
+        }
+        if (count == 0)
+            QSKIP("the corpus is not available");
     }
 
     void truncatedOwnFilesAreErrorsOrRows_data() { loadsInListOrder_data(); }

@@ -1,5 +1,6 @@
 #include "TestFiles.h"
 #include "app/cli/Cli.h"
+#include "database/CatalogueFiles.h"
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "platform/linux/LinuxDrives.h"
 #include "search/cli/ScanCommand.h"
@@ -69,12 +70,57 @@ private slots:
         QCOMPARE(result.lines[1].split('\t').value(3), QStringLiteral("ARCHIVO"));
     }
 
+    void outputSavesTheRows_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("workbook") << "lista.xls";
+        QTest::newRow("database") << "lista.MDB";
+    }
+    void outputSavesTheRows()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        QVERIFY(test::writeFile(dir.path() + "/musica/uno.mp3"));
+        QVERIFY(test::writeFile(dir.path() + "/musica/dos.mp3"));
+        const QString output = dir.filePath(name);
+        const Result result = scan({dir.path() + "/musica", "--output", output});
+        QCOMPARE(result.status, 0);
+        QVERIFY(result.lines.isEmpty());
+        QString error;
+        const auto loaded = database::loadCatalogue(output, &error);
+        QVERIFY2(loaded, qPrintable(error));
+        QCOMPARE(loaded->rows.size(), 2);
+        QStringList names{loaded->rows[0].nombre, loaded->rows[1].nombre};
+        names.sort();
+        QCOMPARE(names, (QStringList{"dos", "uno"}));
+        QCOMPARE(loaded->rows[0].formato, QStringLiteral("MP3"));
+    }
+
+    // A folder path longer than a database field refuses the save: the old file stays.
+    void failedSaveKeepsThePreviousFile()
+    {
+        QTemporaryDir dir;
+        QString deep = dir.path() + "/musica";
+        while (deep.size() < dir.path().size() + 300)
+            deep += QStringLiteral("/carpeta_larga_%1").arg(deep.size());
+        QVERIFY(test::writeFile(deep + "/tema.mp3"));
+        const QString output = dir.filePath("lista.mdb");
+        QVERIFY(test::writeFile(output, "anterior"));
+        const Result result = scan({dir.path() + "/musica", "--output", output});
+        QCOMPARE(result.status, 2);
+        QVERIFY(!result.err.isEmpty());
+        QFile old(output);
+        QVERIFY(old.open(QIODevice::ReadOnly));
+        QCOMPARE(old.readAll(), QByteArray("anterior"));
+    }
+
     void mistakesAreReported_data()
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("status");
         QTest::newRow("no folder") << QStringList{} << 1;
-        QTest::newRow("output not yet") << QStringList{".", "--output", "x.xls"} << 1;
+        QTest::newRow("output of unknown kind") << QStringList{".", "--output", "x.csv"} << 1;
+        QTest::newRow("output without value") << QStringList{".", "--output"} << 1;
         QTest::newRow("mask without value") << QStringList{".", "--mask"} << 1;
         QTest::newRow("unknown option") << QStringList{".", "--nada"} << 1;
         QTest::newRow("missing folder") << QStringList{"/no/existe/nunca"} << 2;

@@ -1,6 +1,7 @@
 #include "search/cli/ScanCommand.h"
 
 #include "catalogue/Catalogue.h"
+#include "database/CatalogueFiles.h"
 #include "search/DriveList.h"
 #include "search/FolderWalker.h"
 #include "search/cli/SilentDialogs.h"
@@ -22,9 +23,11 @@ struct ScanArguments
     QStringList folders;
     QString mask = QStringLiteral("*.mp3");
     QString group = QStringLiteral("NO ESPECIFICADO");
+    QString output; // empty: the rows go to standard output
 };
 
-const char* const kUsage = "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE]\n";
+const char* const kUsage =
+    "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE] [--output ARCHIVO]\n";
 
 // The arguments, or the status to end with.
 std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
@@ -32,16 +35,16 @@ std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
     ScanArguments parsed;
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString& arg = args[i];
-        if (arg == QLatin1String("--output")) {
-            io.err << "nubo-cli scan: --output todavía no está disponible\n" << kUsage;
-            return nubo::cli::kUsageError;
-        }
-        if (arg == QLatin1String("--mask") || arg == QLatin1String("--group")) {
+        if (arg == QLatin1String("--mask") || arg == QLatin1String("--group") ||
+            arg == QLatin1String("--output")) {
             if (i + 1 >= args.size()) {
                 io.err << "nubo-cli scan: falta el valor de " << arg << '\n' << kUsage;
                 return nubo::cli::kUsageError;
             }
-            (arg == QLatin1String("--mask") ? parsed.mask : parsed.group) = args[++i];
+            QString& value = arg == QLatin1String("--mask")    ? parsed.mask
+                             : arg == QLatin1String("--group") ? parsed.group
+                                                               : parsed.output;
+            value = args[++i];
         } else if (arg.startsWith(QLatin1String("--"))) {
             io.err << "nubo-cli scan: opción desconocida: " << arg << '\n' << kUsage;
             return nubo::cli::kUsageError;
@@ -51,6 +54,11 @@ std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
     }
     if (parsed.folders.isEmpty() || parsed.mask.isEmpty()) {
         io.err << kUsage;
+        return nubo::cli::kUsageError;
+    }
+    if (!parsed.output.isEmpty() && !database::catalogueFormatOf(parsed.output)) {
+        io.err << "nubo-cli scan: extensión desconocida (se espera .xls o .mdb): " << parsed.output
+               << '\n';
         return nubo::cli::kUsageError;
     }
     for (const QString& folder : parsed.folders) {
@@ -109,6 +117,24 @@ QString field(QString text)
     return text;
 }
 
+// Saves the rows in list order with the list's column captions; the previous file survives a
+// failed save.
+int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& io)
+{
+    const database::CatalogueRowSource rows{
+        list.count(), [&list](qsizetype p) {
+            const catalogue::CatalogueRow& row = list.row(int(p));
+            return database::CatalogueRecord{row.nombre, row.direccion, row.origen, row.formato};
+        }};
+    const database::SaveOutcome outcome = database::saveCatalogue(path, {}, rows);
+    if (!outcome.ok) {
+        io.err << "nubo-cli scan: " << outcome.error << '\n';
+        return nubo::cli::kFileError;
+    }
+    io.err << "nubo-cli scan: " << outcome.written << " filas guardadas en " << path << '\n';
+    return nubo::cli::kOk;
+}
+
 int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& directories,
             const QStringList& args, CliIo& io)
 {
@@ -133,6 +159,8 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
     host.finish();
 
     const catalogue::CatalogueList& list = catalogue.list();
+    if (!scan.output.isEmpty())
+        return saveRows(list, scan.output, io);
     for (int p = 0; p < list.count(); ++p) {
         const catalogue::CatalogueRow& row = list.row(p);
         io.out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
@@ -146,7 +174,8 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
 nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
                                   const platform::IDirectoryReader& directories)
 {
-    return {QStringLiteral("scan"), QStringLiteral("scan CARPETA... [--mask M] [--group G]"),
+    return {QStringLiteral("scan"),
+            QStringLiteral("scan CARPETA... [--mask M] [--group G] [--output ARCHIVO]"),
             QStringLiteral("Busca archivos como la ventana de busqueda y muestra las filas"),
             [&drives, &directories](const QStringList& args, CliIo& io) {
                 return runScan(drives, directories, args, io);

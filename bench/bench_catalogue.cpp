@@ -1,0 +1,71 @@
+// Writes and reads 30,000 catalogue rows in each format and prints the times. With a path
+// argument it also writes the rows as tab-separated text, for the other tools to take.
+#include "database/CatalogueFiles.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <cstdio>
+
+using namespace nubo::database;
+
+namespace {
+
+constexpr int kRows = 30000;
+
+QList<CatalogueRecord> benchRows()
+{
+    QList<CatalogueRecord> rows;
+    rows.reserve(kRows);
+    for (int i = 0; i < kRows; ++i) {
+        rows.append(
+            {QStringLiteral("%1 - Canción número %2").arg(i % 40 + 1, 2, 10, QChar('0')).arg(i),
+             QStringLiteral("/Música/Artista %1/Álbum %2/").arg(i / 400).arg(i / 12),
+             QStringLiteral("Disco %1").arg(i / 700 + 1), QStringLiteral("MP3")});
+    }
+    return rows;
+}
+
+double seconds(const QElapsedTimer& timer)
+{
+    return double(timer.nsecsElapsed()) / 1e9;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    const QList<CatalogueRecord> rows = benchRows();
+    if (argc > 1) {
+        QFile text(QString::fromLocal8Bit(argv[1]));
+        if (!text.open(QIODevice::WriteOnly))
+            return 2;
+        QTextStream out(&text);
+        for (const CatalogueRecord& r : rows)
+            out << r.nombre << '\t' << r.direccion << '\t' << r.origen << '\t' << r.formato << '\n';
+    }
+    QTemporaryDir dir;
+    const CatalogueRowSource source{rows.size(), [&rows](qsizetype i) { return rows.at(i); }};
+    for (const char* name : {"lista.xls", "lista.mdb"}) {
+        const QString path = dir.filePath(QString::fromLatin1(name));
+        QElapsedTimer timer;
+        timer.start();
+        const SaveOutcome saved = saveCatalogue(path, {}, source);
+        const double write = seconds(timer);
+        timer.restart();
+        QString error;
+        const auto loaded = loadCatalogue(path, &error);
+        const double read = seconds(timer);
+        if (!saved.ok || !loaded || loaded->rows.size() != kRows) {
+            std::fprintf(stderr, "%s: %s\n", name, qPrintable(saved.error + error));
+            return 1;
+        }
+        std::printf("%s: write %.3f s, read %.3f s, %d rows, %lld bytes\n", name, write, read,
+                    kRows, qint64(QFile(path).size()));
+    }
+    return 0;
+}

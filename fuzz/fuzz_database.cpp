@@ -1,0 +1,18 @@
+// Feeds arbitrary bytes to the database reader.
+#include "database/DatabaseReader.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const QByteArray bytes =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
+    nubo::database::DatabaseReader reader;
+    if (reader.read(bytes, QStringLiteral("fuzz"))) {
+        nubo::database::CatalogueRecord record;
+        while (reader.next(record)) {
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,24 @@
+// Feeds arbitrary bytes to the workbook reader: whole compound files, or bare workbook streams
+// so the record parser is reached without a valid container around it.
+#include "database/BiffWorkbookParser.h"
+#include "database/CompoundFile.h"
+#include "database/WorkbookReader.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const QByteArray bytes =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
+    if (nubo::database::looksLikeCompoundFile(bytes)) {
+        nubo::database::WorkbookReader reader;
+        if (reader.read(bytes, QStringLiteral("fuzz"))) {
+            for (quint32 r = 1; r <= reader.lastRow(); ++r)
+                reader.record(r);
+        }
+    } else {
+        nubo::database::parseWorkbookStream(bytes);
+    }
+    return 0;
+}

@@ -1,0 +1,288 @@
+#include "database/BiffWorkbookParser.h"
+
+#include "database/BiffRecordCursor.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace nubo::database {
+namespace {
+
+constexpr quint16 kBof = 0x0809;
+constexpr quint16 kEof = 0x000A;
+constexpr quint16 kBoundSheet = 0x0085;
+constexpr quint16 kSst = 0x00FC;
+constexpr quint16 kDimensions = 0x0200;
+constexpr quint16 kLabelSst = 0x00FD;
+constexpr quint16 kLabel = 0x0204;
+constexpr quint16 kRk = 0x027E;
+constexpr quint16 kNumber = 0x0203;
+constexpr quint16 kMulRk = 0x00BD;
+constexpr quint16 kFormula = 0x0006;
+constexpr quint16 kString = 0x0207;
+constexpr quint16 kBlank = 0x0201;
+constexpr quint16 kMulBlank = 0x00BE;
+constexpr quint16 kBoolErr = 0x0205;
+constexpr quint16 kBiff8 = 0x0600;
+constexpr quint16 kGlobalsType = 0x0005;
+constexpr quint16 kWorksheetType = 0x0010;
+constexpr quint32 kSheetRows = 65536;
+constexpr int kColumns = 4;
+
+struct Globals
+{
+    QString sheetName;
+    qsizetype sheetOffset = -1;
+    QList<QString> strings;
+};
+
+void readSharedStrings(const BiffContinuedData& data, QList<QString>& strings)
+{
+    BiffTextReader reader(data);
+    const auto total = reader.u32();
+    const auto unique = reader.u32();
+    if (!total || !unique)
+        return;
+    // The stated count is not trusted for the reservation: each text takes at least 3 bytes.
+    strings.reserve(std::min<qsizetype>(*unique, data.bytes.size() / 3));
+    for (quint32 i = 0; i < *unique; ++i) {
+        auto text = reader.unicodeString();
+        if (!text)
+            return; // a cut table keeps the texts read so far
+        strings.append(std::move(*text));
+    }
+}
+
+std::variant<Globals, BiffProblem> readGlobals(QByteArrayView stream)
+{
+    BiffRecordCursor cursor(stream);
+    if (!cursor.next() || cursor.type() != kBof)
+        return BiffProblem::NotWorkbook;
+    if (biffU16(cursor.data(), 0) != kBiff8)
+        return BiffProblem::OlderFormat;
+    if (biffU16(cursor.data(), 2) != kGlobalsType)
+        return BiffProblem::NotWorkbook;
+    Globals globals;
+    while (cursor.next() && cursor.type() != kEof) {
+        if (cursor.type() == kBoundSheet && globals.sheetOffset < 0) {
+            const BiffContinuedData data{
+                cursor.data().sliced(std::min<qsizetype>(6, cursor.data().size())).toByteArray(),
+                {}};
+            auto name = BiffTextReader(data).unicodeString(true);
+            if (cursor.data().size() >= 6 && name) {
+                globals.sheetOffset = biffU32(cursor.data(), 0);
+                globals.sheetName = std::move(*name);
+            }
+        } else if (cursor.type() == kSst && globals.strings.isEmpty()) {
+            readSharedStrings(cursor.takeContinued(), globals.strings);
+        }
+    }
+    if (globals.sheetOffset < 0)
+        return BiffProblem::NotWorkbook;
+    return globals;
+}
+
+double rkValue(quint32 rk)
+{
+    double value = 0;
+    if ((rk & 0x02) != 0) {
+        value = double(qint32(rk) >> 2);
+    } else {
+        const quint64 bits = quint64(rk & 0xFFFFFFFCu) << 32;
+        memcpy(&value, &bits, sizeof value);
+    }
+    return (rk & 0x01) != 0 ? value / 100 : value;
+}
+
+QString boolErrText(quint8 value, bool isError)
+{
+    if (!isError)
+        return value != 0 ? QStringLiteral("VERDADERO") : QStringLiteral("FALSO");
+    switch (value) {
+    case 0x00:
+        return QStringLiteral("#¡NULO!");
+    case 0x07:
+        return QStringLiteral("#¡DIV/0!");
+    case 0x0F:
+        return QStringLiteral("#¡VALOR!");
+    case 0x17:
+        return QStringLiteral("#¡REF!");
+    case 0x1D:
+        return QStringLiteral("#¿NOMBRE?");
+    case 0x24:
+        return QStringLiteral("#¡NUM!");
+    default:
+        return QStringLiteral("#N/A");
+    }
+}
+
+// Collects the cells of one worksheet substream.
+class SheetReader final
+{
+public:
+    SheetReader(const Globals& globals, BiffSheetContent& sheet)
+        : m_globals(globals), m_sheet(sheet)
+    {
+    }
+
+    void read(QByteArrayView stream, qsizetype from)
+    {
+        BiffRecordCursor cursor(stream, from);
+        if (!cursor.next() || cursor.type() != kBof || biffU16(cursor.data(), 2) != kWorksheetType)
+            return;    // a chart or macro sheet first: no cells
+        int depth = 0; // embedded substreams (charts) are skipped whole
+        while (cursor.next()) {
+            if (cursor.type() == kBof) {
+                ++depth;
+            } else if (cursor.type() == kEof) {
+                if (depth-- == 0)
+                    break;
+            } else if (depth == 0) {
+                take(cursor);
+            }
+        }
+    }
+
+private:
+    void take(BiffRecordCursor& cursor)
+    {
+        const QByteArrayView d = cursor.data();
+        const quint16 row = biffU16(d, 0);
+        const quint16 column = biffU16(d, 2);
+        switch (cursor.type()) {
+        case kDimensions:
+            if (d.size() >= 8)
+                m_sheet.lastRow = std::max(m_sheet.lastRow, std::min(biffU32(d, 4), kSheetRows));
+            break;
+        case kLabelSst:
+            if (d.size() >= 10) {
+                const quint32 index = biffU32(d, 6);
+                put(row, column,
+                    index < quint32(m_globals.strings.size()) ? m_globals.strings.at(index)
+                                                              : QString());
+            }
+            break;
+        case kLabel:
+            if (d.size() >= 9) {
+                const BiffContinuedData text{d.sliced(6).toByteArray(), {}};
+                put(row, column, BiffTextReader(text).unicodeString().value_or(QString()));
+            }
+            break;
+        case kRk:
+            if (d.size() >= 10)
+                put(row, column, generalNumberText(rkValue(biffU32(d, 6))));
+            break;
+        case kNumber:
+            if (d.size() >= 14)
+                put(row, column, generalNumberText(biffF64(d, 6)));
+            break;
+        case kMulRk:
+            for (qsizetype at = 4, c = column; at + 6 <= d.size() - 2; at += 6, ++c)
+                put(row, quint32(c), generalNumberText(rkValue(biffU32(d, at + 2))));
+            break;
+        case kBoolErr:
+            if (d.size() >= 8)
+                put(row, column, boolErrText(quint8(d[6]), d[7] != 0));
+            break;
+        case kFormula:
+            if (d.size() >= 20)
+                takeFormula(cursor, row, column);
+            break;
+        case kBlank:
+        case kMulBlank:
+            if (d.size() >= 6)
+                put(row, column, {});
+            break;
+        default:
+            break;
+        }
+    }
+    // A formula shows its cached result; a text result follows in a STRING record.
+    void takeFormula(BiffRecordCursor& cursor, quint16 row, quint16 column)
+    {
+        const QByteArrayView d = cursor.data();
+        if (biffU16(d, 12) != 0xFFFF) {
+            put(row, column, generalNumberText(biffF64(d, 6)));
+            return;
+        }
+        switch (quint8(d[6])) {
+        case 0: {
+            BiffRecordCursor look = cursor;
+            if (look.next() && look.type() == kString) {
+                const BiffContinuedData text = look.takeContinued();
+                put(row, column, BiffTextReader(text).unicodeString().value_or(QString()));
+                cursor = look;
+            }
+            break;
+        }
+        case 1:
+        case 2:
+            put(row, column, boolErrText(quint8(d[8]), d[6] == 2));
+            break;
+        default:
+            put(row, column, {});
+            break;
+        }
+    }
+    void put(quint32 row, quint32 column, const QString& text)
+    {
+        m_sheet.lastRow = std::max(m_sheet.lastRow, row + 1);
+        if (column >= kColumns || text.isEmpty())
+            return;
+        if (m_sheet.rows.size() <= qsizetype(row))
+            m_sheet.rows.resize(row + 1);
+        m_sheet.rows[row].field(int(column)) = text;
+    }
+
+    const Globals& m_globals;
+    BiffSheetContent& m_sheet;
+};
+
+} // namespace
+
+std::variant<BiffSheetContent, BiffProblem> parseWorkbookStream(QByteArrayView stream)
+{
+    auto globals = readGlobals(stream);
+    if (const auto* problem = std::get_if<BiffProblem>(&globals))
+        return *problem;
+    const Globals& g = std::get<Globals>(globals);
+    BiffSheetContent sheet;
+    sheet.name = g.sheetName;
+    SheetReader(g, sheet).read(stream, g.sheetOffset);
+    return sheet;
+}
+
+QString generalNumberText(double value)
+{
+    if (!std::isfinite(value))
+        return {};
+    // General shows at most 11 characters; beyond that large and tiny numbers go scientific.
+    const double magnitude = std::fabs(value);
+    if (magnitude != 0 && (magnitude >= 1e11 || magnitude < 1e-9)) {
+        QString text = QString::number(value, 'E', 5);
+        const qsizetype e = text.indexOf(QLatin1Char('E'));
+        QString mantissa = text.left(e);
+        if (mantissa.contains(QLatin1Char('.'))) {
+            while (mantissa.endsWith(QLatin1Char('0')))
+                mantissa.chop(1);
+            if (mantissa.endsWith(QLatin1Char('.')))
+                mantissa.chop(1);
+        }
+        QString exponent = text.mid(e + 1);
+        const QChar sign = exponent.at(0);
+        exponent = exponent.mid(1).rightJustified(2, QLatin1Char('0'));
+        return mantissa + QLatin1Char('E') + sign + exponent.right(qMax(2, int(exponent.size())));
+    }
+    const int integerDigits = magnitude < 1 ? 1 : int(std::floor(std::log10(magnitude))) + 1;
+    const int decimals = std::max(0, 10 - integerDigits - (value < 0 ? 1 : 0));
+    QString text = QString::number(value, 'f', decimals);
+    if (text.contains(QLatin1Char('.'))) {
+        while (text.endsWith(QLatin1Char('0')))
+            text.chop(1);
+        if (text.endsWith(QLatin1Char('.')))
+            text.chop(1);
+    }
+    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
+
+} // namespace nubo::database

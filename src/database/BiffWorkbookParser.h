@@ -1,0 +1,31 @@
+#pragma once
+
+#include "database/CatalogueRecord.h"
+
+#include <QByteArrayView>
+#include <QList>
+#include <QString>
+
+#include <variant>
+
+namespace nubo::database {
+
+// The first sheet of a workbook as a catalogue sees it: its name and the text of columns A to D.
+struct BiffSheetContent
+{
+    QString name;
+    quint32 lastRow = 0;         // the last used row counted from 1; 0 for an empty sheet
+    QList<CatalogueRecord> rows; // index 0 is row 1; rows past the end are empty
+};
+
+enum class BiffProblem { NotWorkbook, OlderFormat };
+
+// Reads an Excel 97 workbook stream (the compound file's "Workbook"). Damaged data never reads
+// out of bounds: a cut or inconsistent stream gives the cells read up to the damage, or a
+// problem when not even the sheet can be found.
+std::variant<BiffSheetContent, BiffProblem> parseWorkbookStream(QByteArrayView stream);
+
+// A number as the spreadsheet's General format shows it in a cell.
+QString generalNumberText(double value);
+
+} // namespace nubo::database

@@ -1,0 +1,234 @@
+#include "database/JetFileReader.h"
+
+#include "database/DatabaseReader.h"
+
+#include <QSet>
+
+#include <cstring>
+
+namespace nubo::database::jet {
+namespace {
+
+constexpr qsizetype kPage = 4096;
+constexpr quint32 kCatalogPage = 2;
+constexpr quint8 kDataPage = 0x01;
+constexpr quint8 kDefinitionPage = 0x02;
+constexpr quint16 kOffsetMask = 0x1FFF;
+constexpr quint16 kLookupRow = 0x4000;
+constexpr quint16 kDeletedRow = 0x8000;
+constexpr int kColumnEntry = 25;
+constexpr int kRealIndexEntry = 12;
+constexpr int kMaxDefinitionPages = 64;
+constexpr quint32 kTableObject = 1;
+constexpr quint32 kSystemObjectFlags = 0x80000002u;
+
+quint32 u8At(QByteArrayView d, qsizetype at)
+{
+    return at >= 0 && at < d.size() ? quint8(d[at]) : 0;
+}
+
+quint32 u16At(QByteArrayView d, qsizetype at)
+{
+    return u8At(d, at) | (u8At(d, at + 1) << 8);
+}
+
+quint32 u32At(QByteArrayView d, qsizetype at)
+{
+    return u16At(d, at) | (u16At(d, at + 2) << 16);
+}
+
+bool inside(QByteArrayView d, qsizetype at, qsizetype size)
+{
+    return at >= 0 && size >= 0 && at + size <= d.size();
+}
+
+// A fixed-size value as the spreadsheet-like text the list shows.
+QString fixedText(quint8 type, QByteArrayView v)
+{
+    switch (type) {
+    case 0x02: // byte
+        return QString::number(u8At(v, 0));
+    case 0x03: // integer
+        return QString::number(qint16(u16At(v, 0)));
+    case 0x04: // long
+        return QString::number(qint32(u32At(v, 0)));
+    case 0x06: { // single
+        const quint32 bits = u32At(v, 0);
+        float value = 0;
+        memcpy(&value, &bits, sizeof value);
+        return QString::number(value);
+    }
+    case 0x07: { // double
+        const quint64 bits = u32At(v, 0) | (quint64(u32At(v, 4)) << 32);
+        double value = 0;
+        memcpy(&value, &bits, sizeof value);
+        return QString::number(value);
+    }
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+JetFileReader::JetFileReader(QByteArray file) : m_file(std::move(file))
+{
+    if (!looksLikeJetDatabase(m_file.left(kPage * 2)))
+        m_kind = Kind::NotJet;
+    else if (u8At(m_file, 0x14) == 0 || m_file.size() < kPage * 3)
+        m_kind = u8At(m_file, 0x14) == 0 ? Kind::OlderJet : Kind::NotJet;
+    else
+        m_kind = Kind::Jet4;
+}
+
+QByteArrayView JetFileReader::page(quint32 number) const
+{
+    if (m_kind != Kind::Jet4 || qint64(number) >= m_file.size() / kPage)
+        return {};
+    return QByteArrayView(m_file).sliced(qsizetype(number) * kPage, kPage);
+}
+
+QByteArray JetFileReader::definition(quint32 firstPage) const
+{
+    QByteArray bytes;
+    QSet<quint32> seen;
+    for (quint32 p = firstPage; p != 0 && !seen.contains(p) && seen.size() < kMaxDefinitionPages;
+         p = u32At(page(p), 4)) {
+        const QByteArrayView d = page(p);
+        if (d.isEmpty() || u8At(d, 0) != kDefinitionPage)
+            break;
+        seen.insert(p);
+        bytes += bytes.isEmpty() ? d : d.sliced(8); // continuation pages repeat no header
+    }
+    return bytes;
+}
+
+std::optional<TableInfo> JetFileReader::table(quint32 definitionPage) const
+{
+    const QByteArray d = definition(definitionPage);
+    if (d.size() < 63)
+        return std::nullopt;
+    TableInfo info;
+    info.definitionPage = definitionPage;
+    info.rowCount = u32At(d, 16);
+    const quint32 columns = u16At(d, 45);
+    qsizetype at = 63 + qsizetype(u32At(d, 51)) * kRealIndexEntry;
+    if (!inside(d, at, qsizetype(columns) * kColumnEntry))
+        return std::nullopt;
+    for (quint32 c = 0; c < columns; ++c, at += kColumnEntry) {
+        ColumnInfo column;
+        column.type = quint8(u8At(d, at));
+        column.number = quint16(u16At(d, at + 5));
+        column.varIndex = quint16(u16At(d, at + 7));
+        column.fixed = (u8At(d, at + 15) & 0x01) != 0;
+        column.fixedOffset = quint16(u16At(d, at + 21));
+        column.size = quint16(u16At(d, at + 23));
+        info.columns.append(column);
+    }
+    for (ColumnInfo& column : info.columns) {
+        const qsizetype length = u16At(d, at);
+        if (!inside(d, at + 2, length))
+            return std::nullopt;
+        column.name = decodeJetText(d.constData() + at + 2, length);
+        at += 2 + length;
+    }
+    // Stored in definition order; the row layout and the fields follow column numbers.
+    std::stable_sort(info.columns.begin(), info.columns.end(),
+                     [](const ColumnInfo& a, const ColumnInfo& b) { return a.number < b.number; });
+    return info;
+}
+
+QByteArrayView JetFileReader::rowOf(quint32 pageNumber, quint32 row, int hops) const
+{
+    const QByteArrayView d = page(pageNumber);
+    const quint32 rows = u16At(d, 12);
+    if (d.isEmpty() || u8At(d, 0) != kDataPage || row >= rows || !inside(d, 14, rows * 2))
+        return {};
+    const quint32 entry = u16At(d, 14 + 2 * row);
+    const qsizetype start = entry & kOffsetMask;
+    const qsizetype end = row == 0 ? kPage : (u16At(d, 14 + 2 * (row - 1)) & kOffsetMask);
+    if ((entry & kDeletedRow) != 0 || start < 14 + 2 * qsizetype(rows) || end <= start ||
+        end > d.size())
+        return {};
+    const QByteArrayView data = d.sliced(start, end - start);
+    if ((entry & kLookupRow) == 0)
+        return data;
+    // The row lives elsewhere; follow one pointer, never a chain.
+    if (hops > 0 || data.size() < 4)
+        return {};
+    return rowOf(u32At(data, 0) >> 8, u8At(data, 0), hops + 1);
+}
+
+QList<QString> JetFileReader::fields(const TableInfo& table, QByteArrayView row) const
+{
+    QList<QString> values(table.columns.size());
+    const qsizetype maskSize = (u16At(row, 0) + 7) / 8;
+    const qsizetype maskAt = row.size() - maskSize;
+    const quint32 varCount = u16At(row, maskAt - 2);
+    if (row.size() < 2 || maskAt < 4)
+        return values;
+    for (qsizetype i = 0; i < table.columns.size(); ++i) {
+        const ColumnInfo& c = table.columns.at(i);
+        const bool present = (u8At(row, maskAt + c.number / 8) & (1u << (c.number % 8))) != 0;
+        if (c.number / 8 >= maskSize || !present)
+            continue; // null (or a false boolean)
+        if (c.type == 0x01) {
+            values[i] = QStringLiteral("1");
+        } else if (c.fixed) {
+            if (inside(row, 2 + c.fixedOffset, c.size))
+                values[i] = fixedText(c.type, row.sliced(2 + c.fixedOffset, c.size));
+        } else if (c.varIndex < varCount) {
+            const qsizetype entry = maskAt - 4 - 2 * qsizetype(c.varIndex);
+            const qsizetype from = u16At(row, entry);
+            const qsizetype to = u16At(row, entry - 2);
+            if (c.type == 0x0A && entry - 2 >= 0 && from <= to && inside(row, from, to - from))
+                values[i] = decodeJetText(row.constData() + from, to - from);
+        }
+    }
+    return values;
+}
+
+void JetFileReader::forEachRow(const TableInfo& table,
+                               const std::function<bool(const QList<QString>&)>& visit) const
+{
+    const auto pages = quint32(m_file.size() / kPage);
+    for (quint32 p = 1; p < pages; ++p) {
+        const QByteArrayView d = page(p);
+        if (u8At(d, 0) != kDataPage || u32At(d, 4) != table.definitionPage)
+            continue;
+        const quint32 rows = u16At(d, 12);
+        for (quint32 r = 0; r < rows; ++r) {
+            const QByteArrayView row = rowOf(p, r);
+            if (!row.isEmpty() && !visit(fields(table, row)))
+                return;
+        }
+    }
+}
+
+QList<std::pair<QString, quint32>> JetFileReader::userTables() const
+{
+    QList<std::pair<QString, quint32>> tables;
+    const std::optional<TableInfo> catalog = table(kCatalogPage);
+    if (!catalog)
+        return tables;
+    int id = -1, name = -1, type = -1, flags = -1;
+    for (int i = 0; i < catalog->columns.size(); ++i) {
+        const QString& n = catalog->columns.at(i).name;
+        id = n == QLatin1String("Id") ? i : id;
+        name = n == QLatin1String("Name") ? i : name;
+        type = n == QLatin1String("Type") ? i : type;
+        flags = n == QLatin1String("Flags") ? i : flags;
+    }
+    if (id < 0 || name < 0 || type < 0 || flags < 0)
+        return tables;
+    forEachRow(*catalog, [&](const QList<QString>& f) {
+        const quint32 objectType = quint32(f.at(type).toInt()) & 0x7FFF;
+        if (objectType == kTableObject &&
+            (quint32(f.at(flags).toInt()) & kSystemObjectFlags) == 0 && !f.at(name).isEmpty())
+            tables.append({f.at(name), quint32(f.at(id).toInt()) & 0x00FFFFFF});
+        return true;
+    });
+    return tables;
+}
+
+} // namespace nubo::database::jet

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace nubo::database::jet {
+
+// A column as a table definition describes it.
+struct ColumnInfo
+{
+    QString name;
+    quint8 type = 0;
+    quint16 number = 0;
+    quint16 varIndex = 0;
+    quint16 fixedOffset = 0;
+    quint16 size = 0;
+    bool fixed = false;
+};
+
+struct TableInfo
+{
+    quint32 definitionPage = 0;
+    quint32 rowCount = 0; // as the definition states it
+    QList<ColumnInfo> columns;
+};
+
+// Reads tables out of a Jet 4 file held in memory. Every page, row and field is bounds-checked:
+// damaged data gives fewer rows or empty fields, never a read outside the file.
+class JetFileReader final
+{
+public:
+    enum class Kind { Jet4, OlderJet, NotJet };
+
+    explicit JetFileReader(QByteArray file);
+    Kind kind() const { return m_kind; }
+
+    std::optional<TableInfo> table(quint32 definitionPage) const;
+    // The user tables (name and definition page) the catalogue lists.
+    QList<std::pair<QString, quint32>> userTables() const;
+    // Calls visit with the fields of each live row, data pages in file order; visit returns
+    // false to stop.
+    void forEachRow(const TableInfo& table,
+                    const std::function<bool(const QList<QString>&)>& visit) const;
+
+private:
+    QByteArrayView page(quint32 number) const;
+    QByteArray definition(quint32 firstPage) const;
+    QByteArrayView rowOf(quint32 pageNumber, quint32 row, int hops = 0) const;
+    QList<QString> fields(const TableInfo& table, QByteArrayView row) const;
+
+    QByteArray m_file;
+    Kind m_kind = Kind::NotJet;
+};
+
+} // namespace nubo::database::jet
