@@ -76,7 +76,7 @@ qint64 runProcess(const QString& program, const QStringList& args)
 
 qint64 searchInListWindow(const platform::PlatformServices& services, const QString& root)
 {
-    const platform::AppFolder app(QCoreApplication::applicationDirPath());
+    const platform::AppFolder app(QStringLiteral(NUBO_APP_DIR));
     platform::FakeDialogs dialogs;
     platform::FakeShell shell;
     app::Options options;
@@ -106,7 +106,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "bench_search: cannot build the tree in %s\n", qPrintable(root));
         return 2;
     }
-    const QString cli = QCoreApplication::applicationDirPath() + QStringLiteral("/nubo-cli");
+    const QString cli = QStringLiteral(NUBO_APP_DIR "/nubo-cli");
     const platform::PlatformServices services = platform::createLinuxPlatform();
     qint64 found = 0, window = 0, scanned = 0;
     runProcess(QStringLiteral("find"), {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
