@@ -121,11 +121,7 @@ private slots:
     void choosingADriveWithoutAMediumFails()
     {
         Rig rig;
-        platform::DriveInfo cd;
-        cd.device = "/dev/sr7";
-        cd.type = platform::DriveType::CdRom;
-        cd.hasMedium = false;
-        rig.drives.list.append(cd);
+        rig.drives.addEmptyCd("/dev/sr7");
         QCOMPARE(rig.form->selectDrive("/dev/sr7"), 68);
         QCOMPARE(rig.form->selectDrive("z:"), 68);
         QCOMPARE(rig.form->selectDrive(rig.root.path()), 0);

@@ -225,11 +225,7 @@ private slots:
     void aDriveWithoutADiscOpensTheTrayAndAsksAgain()
     {
         Rig rig;
-        platform::DriveInfo cd;
-        cd.device = "/dev/sr0";
-        cd.type = platform::DriveType::CdRom;
-        cd.hasMedium = false;
-        rig.drives.list.append(cd);
+        rig.drives.addEmptyCd("/dev/sr0");
         rig.tray.openable = {"/dev/sr0"};
         rig.dialogs.messageAnswers.enqueue(MessageAnswer::Ok);
         rig.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
