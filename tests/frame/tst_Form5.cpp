@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "TestFiles.h"
 #include "app/AppFixture.h"
 
 using namespace nubo;
@@ -27,8 +28,8 @@ struct Fixture : AppFixture
     }
     QString optionsFile() const
     {
-        QFile file(app.resolve(QStringLiteral("\\ini\\Config.nbo")));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        return QString::fromUtf8(
+            nubo::test::fileBytes(app.resolve(QStringLiteral("\\ini\\Config.nbo"))));
     }
     qint64 logSize() const { return QFileInfo(log.path()).size(); }
 };
