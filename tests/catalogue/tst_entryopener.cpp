@@ -1,15 +1,9 @@
-#include "app/Options.h"
-#include "catalogue/EntryOpener.h"
-#include "catalogue/EntryPathResolver.h"
-#include "platform/fakes/FakeShell.h"
-
 #include <QTest>
 
 #include "CatalogueFixture.h"
 
 using namespace nubo::catalogue;
 using nubo::platform::DriveType;
-using nubo::platform::FakeShell;
 using Call = QPair<QString, QString>;
 
 namespace {
@@ -19,15 +13,6 @@ CatalogueRow row(const QString& nombre, const QString& direccion, const QString&
 {
     return {nombre, direccion, QStringLiteral("G"), formato, unidad};
 }
-
-// The opener over the fixture's catalogue, with the shell recorded.
-struct OpenerFixture : CatalogueFixture
-{
-    nubo::app::Options options;
-    FakeShell shell;
-    EntryPathResolver resolver{drives};
-    EntryOpener opener{catalogue, resolver, shell, options};
-};
 
 } // namespace
 
