@@ -40,10 +40,7 @@ private:
 
     QString write(const QString& name, const QByteArray& bytes)
     {
-        const QString path = m_dir.filePath(name);
-        if (!nubo::test::writeFile(path, bytes))
-            qFatal("cannot write %s", qPrintable(name));
-        return path;
+        return nubo::test::writtenFile(m_dir.filePath(name), bytes);
     }
 
     QTemporaryDir m_dir;

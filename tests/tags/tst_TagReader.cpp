@@ -58,10 +58,7 @@ private slots:
 private:
     QString write(const QString& name, const QByteArray& bytes)
     {
-        const QString path = m_dir.filePath(name);
-        if (!nubo::test::writeFile(path, bytes))
-            qFatal("cannot write %s", qPrintable(path));
-        return path;
+        return nubo::test::writtenFile(m_dir.filePath(name), bytes);
     }
 
     QTemporaryDir m_dir;
