@@ -21,4 +21,12 @@ inline bool writeFile(const QString& path, const QByteArray& bytes = "x")
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
+// Writes bytes to path and returns the path; a test that cannot write its input cannot go on.
+inline QString writtenFile(const QString& path, const QByteArray& bytes)
+{
+    if (!writeFile(path, bytes))
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
 } // namespace nubo::test

@@ -15,15 +15,6 @@ using nubo::platform::AppFolder;
 
 using nubo::test::fileBytes;
 
-namespace {
-
-void put(const QString& path, const QByteArray& bytes)
-{
-    QVERIFY(nubo::test::writeFile(path, bytes));
-}
-
-} // namespace
-
 class TestActivityLog final : public QObject
 {
     Q_OBJECT
@@ -47,7 +38,7 @@ private slots:
         bool enabled = false;
         ActivityLog log(app, [&] { return enabled; });
         const QString path = dir.filePath(QStringLiteral("Log/nubo.log"));
-        put(path, "antes");
+        QVERIFY(nubo::test::writeFile(path, "antes"));
         log.AnotarEnLog(QStringLiteral("ignorada"));
         QCOMPARE(fileBytes(path), QByteArray("antes"));
 
@@ -102,9 +93,9 @@ private slots:
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("f.txt"));
-        put(path, QByteArray("ab\0cd", 5));
+        QVERIFY(nubo::test::writeFile(path, QByteArray("ab\0cd", 5)));
         QCOMPARE(LeerArchivo(path), QStringLiteral("ab"));
-        put(path, QByteArray());
+        QVERIFY(nubo::test::writeFile(path, QByteArray()));
         QCOMPARE(LeerArchivo(path), QString());
         QCOMPARE(LeerArchivo(dir.filePath(QStringLiteral("missing"))), QString());
         QCOMPARE(BytesATexto(QByteArray("ñandú")), QStringLiteral("ñandú"));

@@ -21,7 +21,6 @@ const QByteArray kDefaultsFile =
 // An application folder with its options store, log and record.
 struct Fixture : AppFixture
 {
-
     QString ini() const { return dir.filePath(QStringLiteral("Ini/Config.nbo")); }
     QByteArray iniBytes() const { return nubo::test::fileBytes(ini()); }
     void writeIni(const QByteArray& bytes) { QVERIFY(nubo::test::writeFile(ini(), bytes)); }
@@ -105,10 +104,9 @@ private slots:
         QDir(f.dir.path()).mkpath(QStringLiteral("Log"));
         f.options.setValue(Option::EscribirLog, 1);
         f.store.GuardarOpciones(); // no Ini folder: the first write fails
-        QFile log(f.dir.filePath(QStringLiteral("Log/nubo.log")));
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        QVERIFY(log.readAll().startsWith(
-            "No se ha podido guardar correctamente la configuracion de opciones!!! "));
+        QVERIFY(nubo::test::fileBytes(f.dir.filePath(QStringLiteral("Log/nubo.log")))
+                    .startsWith(
+                        "No se ha podido guardar correctamente la configuracion de opciones!!! "));
         QCOMPARE(f.options.value(Option::EscribirLog), 1);
     }
 };

@@ -10,15 +10,6 @@ using nubo::app::ProfileFile;
 
 using nubo::test::fileBytes;
 
-namespace {
-
-void put(const QString& path, const QByteArray& bytes)
-{
-    QVERIFY(nubo::test::writeFile(path, bytes));
-}
-
-} // namespace
-
 class TestProfileFile final : public QObject
 {
     Q_OBJECT
@@ -27,7 +18,8 @@ private slots:
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("c.ini"));
-        put(path, "[otra]\nKEY=otra\n[Opciones]\r\n  key = 1 \r\nEMPTY=\nQ=\"quoted\"\n");
+        QVERIFY(nubo::test::writeFile(
+            path, "[otra]\nKEY=otra\n[Opciones]\r\n  key = 1 \r\nEMPTY=\nQ=\"quoted\"\n"));
         const ProfileFile file(path);
         QCOMPARE(file.readString("OPCIONES", "KEY", "Default"), QStringLiteral("1"));
         QCOMPARE(file.readString("OPCIONES", "EMPTY", "Default"), QString());
@@ -42,7 +34,7 @@ private slots:
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("c.ini"));
-        put(path, "[S]\nK=" + QByteArray(400, 'x') + "\n");
+        QVERIFY(nubo::test::writeFile(path, "[S]\nK=" + QByteArray(400, 'x') + "\n"));
         QCOMPARE(ProfileFile(path).readString("S", "K", "").size(), 254);
     }
 
@@ -75,7 +67,7 @@ private slots:
         QByteArray junk(2048, '\0');
         for (int i = 0; i < junk.size(); ++i)
             junk[i] = char((i * 131) % 256);
-        put(path, junk);
+        QVERIFY(nubo::test::writeFile(path, junk));
         ProfileFile file(path);
         QCOMPARE(file.readString("OPCIONES", "A", "Default"), QStringLiteral("Default"));
         QVERIFY(file.writeString("OPCIONES", "A", "1"));

@@ -50,11 +50,6 @@ public:
     void applyRegion() override { steps << "region"; }
 };
 
-void touch(const QString& path, const QByteArray& bytes = "x")
-{
-    QVERIFY(nubo::test::writeFile(path, bytes));
-}
-
 struct Fixture : AppFixture
 {
     PlatformServices services;
@@ -70,13 +65,17 @@ struct Fixture : AppFixture
         services.instances.reset(instances);
         services.registry.reset(registry);
         drives->add(QStringLiteral("/"), DriveType::Fixed);
-        touch(dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
+        QVERIFY(nubo::test::writeFile(dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR"))));
     }
     StartupSequence::Outcome run()
     {
         StartupSequence sequence(
             {app, options, store, log, services, dialogs, dir.filePath(QStringLiteral("nubo"))});
         return sequence.run(view);
+    }
+    QByteArray logText() const
+    {
+        return nubo::test::fileBytes(dir.filePath(QStringLiteral("Log/nubo.log")));
     }
     QStringList entries() const
     {
@@ -102,9 +101,9 @@ private slots:
     void firstStartLaysOutEverything()
     {
         Fixture f;
-        touch(f.dir.filePath(QStringLiteral("foto.JPG")));
-        touch(f.dir.filePath(QStringLiteral("fondo.bmp")));
-        touch(f.dir.filePath(QStringLiteral("Nubologo.ico")));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("foto.JPG"))));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("fondo.bmp"))));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Nubologo.ico"))));
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
         QCOMPARE(f.entries(), QStringList({"Bitmap", "Cursors", "Icons", "Ini", "Log"}));
         QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Bitmap/foto.JPG"))));
@@ -125,9 +124,9 @@ private slots:
     void looseFileAlreadyInPlaceStays()
     {
         Fixture f;
-        touch(f.dir.filePath(QStringLiteral("bitmap/foto.jpg")), "old");
-        touch(f.dir.filePath(QStringLiteral("foto.jpg")), "new");
-        touch(f.dir.filePath(QStringLiteral("otra.jpg")), "other");
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("bitmap/foto.jpg")), "old"));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("foto.jpg")), "new"));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("otra.jpg")), "other"));
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
         QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("foto.jpg"))));
         QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("bitmap/otra.jpg"))));
@@ -148,8 +147,8 @@ private slots:
     void multipleInstancesAllowedRunAndRegister()
     {
         Fixture f;
-        QDir(f.dir.path()).mkpath(QStringLiteral("Ini"));
-        touch(f.dir.filePath(QStringLiteral("Ini/Config.nbo")), savedConfig("1"));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
+                                      savedConfig("1")));
         f.instances->running = true;
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
         QCOMPARE(f.registry->keys.value(kKey).value(QStringLiteral("Minstances")),
@@ -193,17 +192,15 @@ private slots:
     {
         Fixture f;
         QFile::remove(f.dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
-        QDir(f.dir.path()).mkpath(QStringLiteral("Ini"));
-        touch(f.dir.filePath(QStringLiteral("Ini/Config.nbo")), savedConfig("0"));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
+                                      savedConfig("0")));
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
         QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor"}));
         QCOMPARE(f.dialogs.asked.size(), 1);
         QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Error: No se encuentran los archivos!"));
         QVERIFY(f.dialogs.asked[0].text.contains(
             QStringLiteral("donde fue instalado.  ERROR NUMERO: 53 DESCRIPCION: ")));
-        QFile log(f.dir.filePath(QStringLiteral("Log/nubo.log")));
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        const QList<QByteArray> lines = log.readAll().split('\n');
+        const QList<QByteArray> lines = f.logText().split('\n');
         QCOMPARE(lines.size(), 2);
         QVERIFY(lines[0].startsWith(
             "El Archivo .exe ha sido movido del lugar inicial de instalacion. "));
@@ -227,11 +224,10 @@ private slots:
         Fixture f;
         f.registry->failCreate = true;
         QDir(f.dir.path()).mkpath(QStringLiteral("Log"));
-        touch(f.dir.filePath(QStringLiteral("Ini/Config.nbo")), savedConfig("0"));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
+                                      savedConfig("0")));
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QFile log(f.dir.filePath(QStringLiteral("Log/nubo.log")));
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        QVERIFY(log.readAll().startsWith("No se ha podido crear la clave Nubo15 "));
+        QVERIFY(f.logText().startsWith("No se ha podido crear la clave Nubo15 "));
     }
 
     void handleKeepsFourCharacters()

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "app/Options.h"
 #include "catalogue/Catalogue.h"
+#include "catalogue/EntryOpener.h"
+#include "catalogue/EntryPathResolver.h"
 #include "platform/fakes/FakeDialogs.h"
 #include "platform/fakes/FakeDrives.h"
+#include "platform/fakes/FakeShell.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -46,4 +50,13 @@ struct CatalogueFixture
         for (int i = 0; i < n; ++i)
             add(file(QStringLiteral("Musica/f%1.mp3").arg(i)));
     }
+};
+
+// The catalogue with its entries' opener, the options it reads and the shell recorded.
+struct OpenerFixture : CatalogueFixture
+{
+    nubo::app::Options options;
+    nubo::platform::FakeShell shell;
+    nubo::catalogue::EntryPathResolver resolver{drives};
+    nubo::catalogue::EntryOpener opener{catalogue, resolver, shell, options};
 };

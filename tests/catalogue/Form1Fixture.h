@@ -1,13 +1,9 @@
 #pragma once
 
-#include "app/Options.h"
 #include "catalogue/DropHandler.h"
-#include "catalogue/EntryOpener.h"
-#include "catalogue/EntryPathResolver.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/RowDetails.h"
 #include "catalogue/ui/Form1.h"
-#include "platform/fakes/FakeShell.h"
 
 #include <QTest>
 
@@ -35,14 +31,10 @@ public:
 };
 
 // The list window over a temporary drive, an empty application folder and fake services.
-struct Form1Fixture : CatalogueFixture
+struct Form1Fixture : OpenerFixture
 {
     QTemporaryDir appDir;
     nubo::platform::AppFolder app{appDir.path()};
-    nubo::app::Options options;
-    nubo::platform::FakeShell shell;
-    nubo::catalogue::EntryPathResolver resolver{drives};
-    nubo::catalogue::EntryOpener opener{catalogue, resolver, shell, options};
     nubo::catalogue::RowDetails details{resolver};
     nubo::catalogue::DropHandler drops{catalogue, dialogs};
     FakeSearch search;

@@ -1,15 +1,9 @@
-#include "app/Options.h"
-#include "catalogue/EntryOpener.h"
-#include "catalogue/EntryPathResolver.h"
-#include "platform/fakes/FakeShell.h"
-
 #include <QTest>
 
 #include "CatalogueFixture.h"
 
 using namespace nubo::catalogue;
 using nubo::platform::DriveType;
-using nubo::platform::FakeShell;
 using Call = QPair<QString, QString>;
 
 namespace {
@@ -82,49 +76,42 @@ private slots:
 
     void playsTheFocusedRowAndQueuesTheSelected()
     {
-        CatalogueFixture f;
-        nubo::app::Options options;
-        FakeShell shell;
-        EntryPathResolver resolver(f.drives);
-        EntryOpener opener(f.catalogue, resolver, shell, options);
-        opener.PlaySelectedEntry(0);
-        opener.EnqueueSelectedEntries();
-        QVERIFY(shell.calls.isEmpty());
+        OpenerFixture f;
+        f.opener.PlaySelectedEntry(0);
+        f.opener.EnqueueSelectedEntries();
+        QVERIFY(f.shell.calls.isEmpty());
 
         for (const char* n : {"a", "b", "c"})
             f.catalogue.list().insertAtTop(row(QLatin1String(n), "/m/", "MP3", "/d"));
         f.catalogue.list().setSelected(0, true);
         f.catalogue.list().setSelected(2, true);
-        opener.PlaySelectedEntry(1);
-        QCOMPARE(shell.calls, QList<Call>({{"open", "/d/m/b.MP3"}}));
-        shell.calls.clear();
-        opener.EnqueueSelectedEntries();
-        QCOMPARE(shell.calls, QList<Call>({{"enqueue", "/d/m/c.MP3"}, {"enqueue", "/d/m/a.MP3"}}));
+        f.opener.PlaySelectedEntry(1);
+        QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/b.MP3"}}));
+        f.shell.calls.clear();
+        f.opener.EnqueueSelectedEntries();
+        QCOMPARE(f.shell.calls,
+                 QList<Call>({{"enqueue", "/d/m/c.MP3"}, {"enqueue", "/d/m/a.MP3"}}));
     }
 
     void doubleClickNeedsTheOptionAndFallsBackToOpenWith()
     {
-        CatalogueFixture f;
-        nubo::app::Options options;
-        FakeShell shell;
-        EntryPathResolver resolver(f.drives);
-        EntryOpener opener(f.catalogue, resolver, shell, options);
+        OpenerFixture f;
         f.catalogue.list().insertAtTop(row("a", "/m/", "XYZ", "/d"));
-        opener.ExecuteOnDoubleClick(0);
-        QVERIFY(shell.calls.isEmpty());
+        f.opener.ExecuteOnDoubleClick(0);
+        QVERIFY(f.shell.calls.isEmpty());
 
-        options.setValue(nubo::app::Option::DblClkExecute, 1);
-        opener.ExecuteOnDoubleClick(0);
-        QCOMPARE(shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}}));
+        f.options.setValue(nubo::app::Option::DblClkExecute, 1);
+        f.opener.ExecuteOnDoubleClick(0);
+        QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}}));
 
-        shell.calls.clear();
-        shell.openResult = nubo::platform::IShell::Result::NoAssociation;
-        opener.ExecuteOnDoubleClick(0);
-        QCOMPARE(shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}, {"openWith", "/d/m/a.XYZ"}}));
+        f.shell.calls.clear();
+        f.shell.openResult = nubo::platform::IShell::Result::NoAssociation;
+        f.opener.ExecuteOnDoubleClick(0);
+        QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}, {"openWith", "/d/m/a.XYZ"}}));
         QCOMPARE(f.catalogue.info().text(), QStringLiteral("Info Adicional"));
 
-        shell.openWithResult = false;
-        opener.ExecuteOnDoubleClick(0);
+        f.shell.openWithResult = false;
+        f.opener.ExecuteOnDoubleClick(0);
         QCOMPARE(f.catalogue.info().text(),
                  QStringLiteral(
                      "El archivo no existe o la extencion no esta asociada a ninguna aplicacion"));

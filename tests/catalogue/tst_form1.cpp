@@ -134,24 +134,17 @@ private slots:
         QCOMPARE(f.form.LblInfo->palette().color(QPalette::WindowText), QColor(Qt::red));
     }
 
-    void headerClicksFlipTheSortOrder()
+    // The order's flips are the catalogue's; here only that a header click reaches it.
+    void headerClickSortsTheList()
     {
         Form1Fixture f;
         for (const char* n : {"b", "c", "a"})
             f.add(f.file(QStringLiteral("M/%1.mp3").arg(QLatin1String(n))));
         f.catalogue.list().flush();
         QHeaderView* header = f.form.ListView1->header();
-        auto clickHeader = [&](int section) {
-            QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                              QPoint(header->sectionViewportPosition(section) + 5, 5));
-        };
-        auto shownTop = [&] { return f.form.ListView1->model()->index(0, 0).data().toString(); };
-        clickHeader(0);
-        QCOMPARE(shownTop(), QStringLiteral("c"));
-        clickHeader(0);
-        QCOMPARE(shownTop(), QStringLiteral("a"));
-        clickHeader(1);
-        QCOMPARE(f.catalogue.sortOrder(), Qt::DescendingOrder);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          QPoint(header->sectionViewportPosition(0) + 5, 5));
+        QCOMPARE(f.form.ListView1->model()->index(0, 0).data().toString(), QStringLiteral("c"));
     }
 
     void modesRuleThePopupAndTheDoubleClick()

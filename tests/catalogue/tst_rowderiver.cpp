@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
+
 using namespace nubo::catalogue;
 using nubo::platform::DriveType;
 using nubo::platform::FakeDrives;
@@ -21,41 +23,19 @@ private slots:
         QTest::addColumn<QString>("formato");
         QTest::addColumn<QString>("leftPath"); // relative to the drive
 
-        QTest::newRow("folder") << "/Musica/tema.mp3"
-                                << "tema"
-                                << "/Musica/"
-                                << "MP3"
-                                << "/Musica/";
-        QTest::newRow("root") << "/tema.mp3"
-                              << "tema"
-                              << "DIRECTORIO PRINCIPAL"
-                              << "MP3"
-                              << "/";
-        QTest::newRow("no extension") << "/Musica/LEAME"
-                                      << "LEAME"
-                                      << "/Musica/"
-                                      << "ARCHIVO"
-                                      << "/Musica/";
-        QTest::newRow("dot only in folder") << "/Musica.vieja/tema"
-                                            << "tema"
-                                            << "/Musica.vieja/"
-                                            << "ARCHIVO"
-                                            << "/Musica.vieja/";
-        QTest::newRow("only extension") << "/Musica/.mp3"
-                                        << ""
-                                        << "/Musica/"
-                                        << "MP3"
-                                        << "/Musica/";
-        QTest::newRow("last dot counts") << "/Musica/a.b.mp3"
-                                         << "a.b"
-                                         << "/Musica/"
-                                         << "MP3"
-                                         << "/Musica/";
-        QTest::newRow("lower-case extension") << "/x/y/Tema.Ogg"
-                                              << "Tema"
-                                              << "/x/y/"
-                                              << "OGG"
-                                              << "/x/y/";
+        const std::array<std::array<const char*, 6>, 7> rows{{
+            {"folder", "/Musica/tema.mp3", "tema", "/Musica/", "MP3", "/Musica/"},
+            {"root", "/tema.mp3", "tema", "DIRECTORIO PRINCIPAL", "MP3", "/"},
+            {"no extension", "/Musica/LEAME", "LEAME", "/Musica/", "ARCHIVO", "/Musica/"},
+            {"dot only in folder", "/Musica.vieja/tema", "tema", "/Musica.vieja/", "ARCHIVO",
+             "/Musica.vieja/"},
+            {"only extension", "/Musica/.mp3", "", "/Musica/", "MP3", "/Musica/"},
+            {"last dot counts", "/Musica/a.b.mp3", "a.b", "/Musica/", "MP3", "/Musica/"},
+            {"lower-case extension", "/x/y/Tema.Ogg", "Tema", "/x/y/", "OGG", "/x/y/"},
+        }};
+        for (const auto& r : rows)
+            QTest::newRow(r[0]) << QString(r[1]) << QString(r[2]) << QString(r[3]) << QString(r[4])
+                                << QString(r[5]);
     }
     void derivesColumns()
     {

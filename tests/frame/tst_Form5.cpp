@@ -1,6 +1,3 @@
-#include "app/ActivityLog.h"
-#include "app/Options.h"
-#include "app/OptionsStore.h"
 #include "frame/ui/Form5.h"
 
 #include <QCheckBox>
@@ -8,8 +5,10 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
+
+#include "TestFiles.h"
+#include "app/AppFixture.h"
 
 using namespace nubo;
 using app::Option;
@@ -17,13 +16,8 @@ using app::Option;
 namespace {
 
 // A fresh application folder with the options file and log prepared, and the window.
-struct Fixture
+struct Fixture : AppFixture
 {
-    QTemporaryDir dir;
-    platform::AppFolder app{dir.path()};
-    app::Options options;
-    app::ActivityLog log{app, [this] { return options.isOn(Option::EscribirLog); }};
-    app::OptionsStore store{app, options, log};
     std::unique_ptr<frame::Form5> form;
 
     Fixture()
@@ -34,8 +28,8 @@ struct Fixture
     }
     QString optionsFile() const
     {
-        QFile file(app.resolve(QStringLiteral("\\ini\\Config.nbo")));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        return QString::fromUtf8(
+            nubo::test::fileBytes(app.resolve(QStringLiteral("\\ini\\Config.nbo"))));
     }
     qint64 logSize() const { return QFileInfo(log.path()).size(); }
 };
@@ -87,6 +81,9 @@ private slots:
         QVERIFY(f.optionsFile().contains(QStringLiteral("MINSTANCES=0")));
         QVERIFY(!f.form->isVisible());
         QCOMPARE(closed.size(), 1);
+        f.form->show();
+        f.form->close(); // the window frame's close steps the face back too
+        QCOMPARE(closed.size(), 2);
     }
 
     void untickingTheLogStopsLinesAtOnce()
@@ -119,15 +116,6 @@ private slots:
         QCOMPARE(excel.size(), 1);
         QCOMPARE(excel.at(0).at(0).toBool(), true);
         QCOMPARE(properties.size(), 1);
-    }
-
-    void closingByTheWindowFrameStepsTheFaceBack()
-    {
-        Fixture f;
-        QSignalSpy closed(f.form.get(), &frame::Form5::closed);
-        f.form->show();
-        f.form->close();
-        QCOMPARE(closed.size(), 1);
     }
 };
 

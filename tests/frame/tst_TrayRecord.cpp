@@ -8,16 +8,6 @@ class TestTrayRecord final : public QObject
 {
     Q_OBJECT
 private slots:
-    void creation()
-    {
-        const TrayRecord record;
-        QCOMPARE(record.size, 88);
-        QCOMPARE(record.id, 2);
-        QCOMPARE(record.flags, 7);
-        QCOMPARE(record.callbackMessage, 512);
-        QCOMPARE(record.icon, quint64(0));
-    }
-
     void tipField_data()
     {
         QTest::addColumn<QString>("text");

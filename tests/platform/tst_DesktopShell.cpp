@@ -1,11 +1,11 @@
 #include "platform/ui/DesktopShell.h"
 #include "platform/ui/OpenWithDialog.h"
 
-#include <QDir>
-#include <QFile>
 #include <QListWidget>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include "TestFiles.h"
 
 using namespace nubo::platform;
 
@@ -26,11 +26,7 @@ private slots:
 private:
     void write(const QString& relative, const QByteArray& text)
     {
-        const QString path = m_root->filePath(relative);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        QVERIFY(nubo::test::writeFile(m_root->filePath(relative), text));
     }
     std::unique_ptr<DesktopShell> shell()
     {

@@ -1,10 +1,10 @@
 #include "platform/linux/ExecLine.h"
 #include "platform/linux/MimeAssociations.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include "TestFiles.h"
 
 using namespace nubo::platform;
 
@@ -34,11 +34,7 @@ private slots:
 private:
     void write(const QString& relative, const QByteArray& text)
     {
-        const QString path = m_root->filePath(relative);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        QVERIFY(nubo::test::writeFile(m_root->filePath(relative), text));
     }
     void app(const QString& relative, const QByteArray& exec, const QByteArray& extra = {})
     {

@@ -14,6 +14,15 @@ class TestFolderWalker final : public QObject
 {
     Q_OBJECT
 
+    // Starts a walk of root for mask, as a search does.
+    static void walk(search::FolderWalker& walker, const QString& root,
+                     const QString& mask = QStringLiteral("*.mp3"))
+    {
+        walker.SearchMask = mask;
+        walker.Searching = walker.CollectFiles = true;
+        walker.WalkFolder(root);
+    }
+
     struct Walk
     {
         test::FakeSearchHost host;
@@ -22,11 +31,20 @@ class TestFolderWalker final : public QObject
 
         QStringList run(const QString& root, const QString& mask = QStringLiteral("*.mp3"))
         {
-            walker.SearchMask = mask;
-            walker.Searching = true;
-            walker.CollectFiles = true;
-            walker.WalkFolder(root + QLatin1Char('/'));
+            walk(walker, root + QLatin1Char('/'), mask);
             return host.rows;
+        }
+    };
+
+    // A walk over listed folders, where every listed name is a file.
+    struct FakeWalk
+    {
+        platform::FakeDirectoryReader reader;
+        test::FakeSearchHost host;
+        search::FolderWalker walker{host, reader};
+        FakeWalk()
+        {
+            host.isFile = [](const QString&) { return true; };
         }
     };
 
@@ -126,37 +144,25 @@ private slots:
 
     void unreadableAndVanishedFoldersAreSkippedWithTheirTrees()
     {
-        platform::FakeDirectoryReader reader;
-        reader.addFolder("/r/", {"a.mp3", "gone/", "closed/", "ok/"});
-        reader.addFolder("/r/ok/", {"b.mp3"});
-        test::FakeSearchHost host;
-        host.isFile = [](const QString&) { return true; };
-        search::FolderWalker walker(host, reader);
-        walker.SearchMask = "*.mp3";
-        walker.Searching = walker.CollectFiles = true;
-        walker.WalkFolder("/r/");
-        QCOMPARE(host.rows, (QStringList{"/r/a.mp3", "/r/ok/b.mp3"}));
-        QCOMPARE(walker.FoldersSeen.value(), 3);
+        FakeWalk w;
+        w.reader.addFolder("/r/", {"a.mp3", "gone/", "closed/", "ok/"});
+        w.reader.addFolder("/r/ok/", {"b.mp3"});
+        walk(w.walker, "/r/");
+        QCOMPARE(w.host.rows, (QStringList{"/r/a.mp3", "/r/ok/b.mp3"}));
+        QCOMPARE(w.walker.FoldersSeen.value(), 3);
     }
 
     void eventsRunBeforeEachFolderAndMatchUnlessThrottled()
     {
-        platform::FakeDirectoryReader reader;
-        reader.addFolder("/r/", {"a.mp3", "b.mp3", "c.txt", "s/"});
-        reader.addFolder("/r/s/", {"d.mp3"});
-        test::FakeSearchHost host;
-        host.isFile = [](const QString&) { return true; };
-        search::FolderWalker walker(host, reader);
-        walker.SearchMask = "*.mp3";
-        walker.Searching = walker.CollectFiles = true;
-        walker.WalkFolder("/r/");
-        QCOMPARE(host.eventRuns, 2 + 3);
+        FakeWalk w;
+        w.reader.addFolder("/r/", {"a.mp3", "b.mp3", "c.txt", "s/"});
+        w.reader.addFolder("/r/s/", {"d.mp3"});
+        walk(w.walker, "/r/");
+        QCOMPARE(w.host.eventRuns, 2 + 3);
         test::FakeSearchHost throttledHost;
-        search::FolderWalker throttled(throttledHost, reader);
+        search::FolderWalker throttled(throttledHost, w.reader);
         throttled.setEventInterval(60000);
-        throttled.SearchMask = "*.mp3";
-        throttled.Searching = throttled.CollectFiles = true;
-        throttled.WalkFolder("/r/");
+        walk(throttled, "/r/");
         QCOMPARE(throttledHost.eventRuns, 1);
     }
 
@@ -173,9 +179,7 @@ private slots:
         };
         test::FakeSearchHost host;
         search::FolderWalker walker(host, reader);
-        walker.SearchMask = "*.mp3";
-        walker.Searching = walker.CollectFiles = true;
-        QVERIFY_THROWS_EXCEPTION(search::SearchOverflow, walker.WalkFolder("/r/"));
+        QVERIFY_THROWS_EXCEPTION(search::SearchOverflow, walk(walker, "/r/"));
         QCOMPARE(walker.FoldersSeen.value(), 32767);
         walker.setSixteenBitCounters(false);
         walker.FoldersSeen.reset();

@@ -1,6 +1,5 @@
-#include "SearchFakes.h"
 #include "TestFiles.h"
-#include "platform/linux/LinuxDirectoryReader.h"
+#include "WindowServices.h"
 #include "search/ui/Form3.h"
 #include "search/ui/ImageButton.h"
 #include "search/ui/SearchWindows.h"
@@ -9,7 +8,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
 
@@ -20,27 +18,16 @@ class TestForm3 final : public QObject
 {
     Q_OBJECT
 
-    struct Rig
+    struct Rig : test::WindowServices
     {
-        QTemporaryDir root;
-        platform::AppFolder app{qEnvironmentVariable("NUBO_APP_DIR")};
-        platform::FakeDrives drives;
-        platform::FakeVolumes volumes;
-        platform::FakeDialogs dialogs;
-        platform::FakeOpticalTray tray;
-        platform::LinuxDirectoryReader reader;
         test::FakeSearchHost host;
-        std::unique_ptr<search::SearchWindows> windows;
-        search::Form3* form = nullptr;
+        search::SearchWindows windows{{app, host, dialogs, drives, volumes, reader, tray}};
+        search::Form3* form = &windows.form3;
 
         Rig()
         {
-            drives.add(root.path(), platform::DriveType::Fixed);
             test::writeFile(root.path() + "/musica/tema.mp3");
             test::writeFile(root.path() + "/otra.mp3");
-            windows = std::make_unique<search::SearchWindows>(
-                search::SearchWindows::Services{app, host, dialogs, drives, volumes, reader, tray});
-            form = &windows->form3;
             dialogs.inputAnswers.enqueue(QStringLiteral("Grupo"));
         }
     };
@@ -134,11 +121,7 @@ private slots:
     void choosingADriveWithoutAMediumFails()
     {
         Rig rig;
-        platform::DriveInfo cd;
-        cd.device = "/dev/sr7";
-        cd.type = platform::DriveType::CdRom;
-        cd.hasMedium = false;
-        rig.drives.list.append(cd);
+        rig.drives.addEmptyCd("/dev/sr7");
         QCOMPARE(rig.form->selectDrive("/dev/sr7"), 68);
         QCOMPARE(rig.form->selectDrive("z:"), 68);
         QCOMPARE(rig.form->selectDrive(rig.root.path()), 0);

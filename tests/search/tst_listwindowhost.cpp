@@ -1,10 +1,9 @@
-#include "SearchFakes.h"
 #include "TestFiles.h"
+#include "WindowServices.h"
 #include "app/Options.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/ListWindow.h"
 #include "platform/fakes/FakeShell.h"
-#include "platform/linux/LinuxDirectoryReader.h"
 #include "search/ui/ListWindowHost.h"
 #include "search/ui/SearchWindows.h"
 
@@ -13,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace nubo;
@@ -23,16 +21,9 @@ class TestListWindowHost final : public QObject
 {
     Q_OBJECT
 
-    struct Rig
+    struct Rig : test::WindowServices
     {
-        QTemporaryDir root;
-        platform::AppFolder app{qEnvironmentVariable("NUBO_APP_DIR")};
-        platform::FakeDrives drives;
-        platform::FakeVolumes volumes;
-        platform::FakeDialogs dialogs;
-        platform::FakeOpticalTray tray;
         platform::FakeShell shell;
-        platform::LinuxDirectoryReader reader;
         app::Options options;
         catalogue::ListWindow list{{app, drives, dialogs, shell, options}};
         search::ListWindowHost host{list.catalogue, list.form};
@@ -40,7 +31,6 @@ class TestListWindowHost final : public QObject
 
         Rig()
         {
-            drives.add(root.path(), platform::DriveType::Fixed);
             for (int i = 0; i < 3; ++i)
                 test::writeFile(root.path() + QStringLiteral("/d%1/t%1.mp3").arg(i));
             test::writeFile(root.path() + "/otro.wav");

@@ -1,13 +1,13 @@
 #include "tags/GenreTable.h"
 #include "tags/TagReader.h"
 
-#include <QDir>
-#include <QFile>
 #include <QMimeDatabase>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include "TestFiles.h"
 
 using namespace nubo::tags;
 
@@ -51,19 +51,14 @@ private slots:
     void mpegAudioRule_data();
     void mpegAudioRule();
     void notMpegAudioHidesTheBox();
-    void tagWrittenById3v2();
-    void tagWrittenById3tool();
+    void tagWrittenByTool_data();
+    void tagWrittenByTool();
     void fileTypeName();
 
 private:
     QString write(const QString& name, const QByteArray& bytes)
     {
-        const QString path = m_dir.filePath(name);
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(path));
-        return path;
+        return nubo::test::writtenFile(m_dir.filePath(name), bytes);
     }
 
     QTemporaryDir m_dir;
@@ -204,35 +199,39 @@ void TestTagReader::notMpegAudioHidesTheBox()
     QCOMPARE(ShowTagText(m_dir.filePath("borrado.mp3"), "antes").isMpegAudio, false);
 }
 
-void TestTagReader::tagWrittenById3v2()
+void TestTagReader::tagWrittenByTool_data()
 {
-    const QString tool = QStandardPaths::findExecutable(QStringLiteral("id3v2"));
-    if (tool.isEmpty())
-        QSKIP("id3v2 is not installed");
-    const QString path = write("id3v2.mp3", QByteArray(400, '\x55'));
-    const QStringList args{"-1", "-t", "Tema", "-a", "Grupo", "-y", "1999", "-g", "147", path};
-    QCOMPARE(QProcess::execute(tool, args), 0);
-    QCOMPARE(ShowTagText(path, QString()).text,
-             "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("Grupo", 30) +
-                 "\r\nAlbum: " + withZeros("", 30) + QStringLiteral("\r\nAño: 1999") +
-                 "\r\nComentario: " + withZeros("", 30) + "\r\nGenero: Synth Pop\r\n");
-}
-
-void TestTagReader::tagWrittenById3tool()
-{
-    const QString tool = QStandardPaths::findExecutable(QStringLiteral("id3tool"));
-    if (tool.isEmpty())
-        QSKIP("id3tool is not installed");
-    const QString path = write("id3tool.mp3", QByteArray(300, '\0'));
+    QTest::addColumn<QString>("tool");
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<QString>("expected");
+    const QString head =
+        "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("Grupo", 30);
+    QTest::newRow("id3v2") << "id3v2" << QStringList{"-1", "-t",   "Tema", "-a", "Grupo",
+                                                     "-y", "1999", "-g",   "147"}
+                           << head + "\r\nAlbum: " + withZeros("", 30) +
+                                  QStringLiteral("\r\nAño: 1999") +
+                                  "\r\nComentario: " + withZeros("", 30) +
+                                  "\r\nGenero: Synth Pop\r\n";
     // No genre given: id3tool writes 255, so there is no genre line; the track number sits in
     // the comment's last byte and is shown as part of it.
-    const QStringList args{"-t", "Tema", "-r", "Grupo", "-a", "Disco",
-                           "-n", "nota", "-c", "3",     path};
-    QCOMPARE(QProcess::execute(tool, args), 0);
-    QCOMPARE(ShowTagText(path, QString()).text,
-             "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("Grupo", 30) +
-                 "\r\nAlbum: " + withZeros("Disco", 30) + QStringLiteral("\r\nAño: ") +
-                 withZeros("", 4) + "\r\nComentario: " + withZeros("nota", 29) + QChar(3));
+    QTest::newRow("id3tool") << "id3tool" << QStringList{"-t",    "Tema", "-r",   "Grupo", "-a",
+                                                         "Disco", "-n",   "nota", "-c",    "3"}
+                             << head + "\r\nAlbum: " + withZeros("Disco", 30) +
+                                    QStringLiteral("\r\nAño: ") + withZeros("", 4) +
+                                    "\r\nComentario: " + withZeros("nota", 29) + QChar(3);
+}
+
+void TestTagReader::tagWrittenByTool()
+{
+    QFETCH(QString, tool);
+    QFETCH(QStringList, args);
+    QFETCH(QString, expected);
+    const QString program = QStandardPaths::findExecutable(tool);
+    if (program.isEmpty())
+        QSKIP("the tool is not installed");
+    const QString path = write(tool + ".mp3", QByteArray(300, '\0'));
+    QCOMPARE(QProcess::execute(program, args << path), 0);
+    QCOMPARE(ShowTagText(path, QString()).text, expected);
 }
 
 void TestTagReader::fileTypeName()

@@ -159,6 +159,20 @@ void Form1::layOutControls()
     status->addWidget(Label2, 1);
     status->addWidget(LblInfo, 2);
 
+    QGridLayout* volume = volumeGrid();
+
+    auto* root = new QVBoxLayout(this);
+    root->setMenuBar(menuBar);
+    root->addLayout(buttons);
+    root->addLayout(list, 1);
+    root->addWidget(ProgressBar1);
+    root->addLayout(status);
+    root->addLayout(volume);
+}
+
+// The volume's captioned fields, two to a row below the volume picture.
+QGridLayout* Form1::volumeGrid()
+{
     auto* volume = new QGridLayout;
     volume->addWidget(Picture1, 0, 0, 1, 4);
     const std::initializer_list<std::pair<const char*, QWidget*>> fields = {
@@ -179,14 +193,7 @@ void Form1::layOutControls()
     }
     volume->setColumnStretch(1, 1);
     volume->setColumnStretch(3, 1);
-
-    auto* root = new QVBoxLayout(this);
-    root->setMenuBar(menuBar);
-    root->addLayout(buttons);
-    root->addLayout(list, 1);
-    root->addWidget(ProgressBar1);
-    root->addLayout(status);
-    root->addLayout(volume);
+    return volume;
 }
 
 void Form1::loadPictures()

@@ -10,6 +10,7 @@
 class QAction;
 class QActionGroup;
 class QCheckBox;
+class QGridLayout;
 class QItemSelection;
 class QLabel;
 class QLineEdit;
@@ -138,12 +139,14 @@ private:
     void createListMenu();
     void createFileOptionsMenu();
     void layOutControls();
+    QGridLayout* volumeGrid();
     void connectCatalogue();
     void connectList();
     void loadPictures();
     void installKeyPreview();
 
     bool handleWindowKey(int key, Qt::KeyboardModifiers modifiers);
+    bool handleControlKey(int key);
     bool handlePicturePress(QObject* watched);
     void chooseMode(ListMode mode);
     void applyMode(ListMode mode);

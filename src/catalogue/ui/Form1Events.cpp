@@ -63,24 +63,8 @@ bool Form1::eventFilter(QObject* watched, QEvent* event)
 
 bool Form1::handleWindowKey(int key, Qt::KeyboardModifiers modifiers)
 {
-    if (modifiers & Qt::ControlModifier) {
-        switch (key) {
-        case Qt::Key_A:
-            emit searchWindowRequested();
-            return true;
-        case Qt::Key_V:
-            m_catalogue.EmptyList();
-            return true;
-        case Qt::Key_O:
-            emit sheetConfigurationRequested();
-            return true;
-        case Qt::Key_T:
-            toggleOnTop();
-            return true;
-        default:
-            return false;
-        }
-    }
+    if (modifiers & Qt::ControlModifier)
+        return handleControlKey(key);
     switch (key) {
     case Qt::Key_F3:
         emit searchWindowRequested();
@@ -103,6 +87,26 @@ bool Form1::handleWindowKey(int key, Qt::KeyboardModifiers modifiers)
             update();
         }
         return false;
+    default:
+        return false;
+    }
+}
+
+bool Form1::handleControlKey(int key)
+{
+    switch (key) {
+    case Qt::Key_A:
+        emit searchWindowRequested();
+        return true;
+    case Qt::Key_V:
+        m_catalogue.EmptyList();
+        return true;
+    case Qt::Key_O:
+        emit sheetConfigurationRequested();
+        return true;
+    case Qt::Key_T:
+        toggleOnTop();
+        return true;
     default:
         return false;
     }

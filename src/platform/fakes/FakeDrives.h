@@ -20,6 +20,16 @@ public:
         list.append(info);
     }
 
+    // An optical drive with no disc in it: known only by its device.
+    void addEmptyCd(const QString& device)
+    {
+        DriveInfo info;
+        info.device = device;
+        info.type = DriveType::CdRom;
+        info.hasMedium = false;
+        list.append(info);
+    }
+
     QList<DriveInfo> drives() const override { return list; }
     FloppyPresence floppyPresence() const override { return floppies; }
 
@@ -28,9 +38,7 @@ public:
         QString best;
         bool found = false;
         for (const DriveInfo& d : list) {
-            QString prefix = d.mountPoint;
-            while (prefix.endsWith(QLatin1Char('/')))
-                prefix.chop(1);
+            const QString prefix = withoutTrailingSlashes(d.mountPoint);
             if ((absolutePath.startsWith(prefix + QLatin1Char('/')) || absolutePath == prefix) &&
                 (!found || prefix.size() > best.size())) {
                 best = prefix;
@@ -43,14 +51,20 @@ public:
     DriveType driveType(const QString& drive) const override
     {
         for (const DriveInfo& d : list) {
-            QString prefix = d.mountPoint;
-            while (prefix.endsWith(QLatin1Char('/')))
-                prefix.chop(1);
+            const QString prefix = withoutTrailingSlashes(d.mountPoint);
             if (drive == d.listText() || drive == d.mountPoint || drive == prefix ||
                 (!d.device.isEmpty() && drive == d.device))
                 return d.type;
         }
         return DriveType::NoRootDir;
+    }
+
+private:
+    static QString withoutTrailingSlashes(QString path)
+    {
+        while (path.endsWith(QLatin1Char('/')))
+            path.chop(1);
+        return path;
     }
 };
 
