@@ -85,9 +85,11 @@ bool fitsLatin1(const QString& text)
     return true;
 }
 
-void appendShortBiffString(ByteSink& sink, const QString& text)
+namespace {
+
+// The option byte and the characters, one byte each when every character fits Latin-1.
+void appendFlaggedChars(ByteSink& sink, const QString& text)
 {
-    sink.u8(quint32(text.size()));
     const bool wide = !fitsLatin1(text);
     sink.u8(wide ? 1 : 0);
     for (const QChar c : text) {
@@ -98,17 +100,18 @@ void appendShortBiffString(ByteSink& sink, const QString& text)
     }
 }
 
+} // namespace
+
+void appendShortBiffString(ByteSink& sink, const QString& text)
+{
+    sink.u8(quint32(text.size()));
+    appendFlaggedChars(sink, text);
+}
+
 void appendBiffString(ByteSink& sink, const QString& text)
 {
     sink.u16(quint32(text.size()));
-    const bool wide = !fitsLatin1(text);
-    sink.u8(wide ? 1 : 0);
-    for (const QChar c : text) {
-        if (wide)
-            sink.u16(c.unicode());
-        else
-            sink.u8(c.unicode());
-    }
+    appendFlaggedChars(sink, text);
 }
 
 void appendBiffRecord(QByteArray& stream, quint16 type, const QByteArray& data)
