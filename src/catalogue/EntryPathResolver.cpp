@@ -24,7 +24,7 @@ QString driveOfListText(const QString& text)
 }
 
 // The file at drive + rest, its names matched without regard to case when the exact spelling
-// does not exist: rows store the extension in capitals, as the original platform ignored case.
+// does not exist: rows store the extension in capitals, as Windows ignores case.
 QString existingSpelling(const QString& drive, const QString& rest)
 {
     const QString exact = drive + rest;
@@ -57,7 +57,7 @@ QString EntryPathResolver::ResolveEntryPath(const CatalogueList& list, int posit
         return {};
     const CatalogueRow& row = list.row(position);
     QString folder = row.direccion == rootFolderText() ? QStringLiteral("/") : row.direccion;
-    // Catalogues made on the original platform hold folders with backslashes.
+    // Catalogues written on Windows hold folders with backslashes.
     folder.replace(QLatin1Char('\\'), QLatin1Char('/'));
     const QString extension =
         row.formato == noExtensionText() ? QString() : QLatin1Char('.') + row.formato;

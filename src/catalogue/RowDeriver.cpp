@@ -29,7 +29,7 @@ QString takeFormat(QString& path)
 CatalogueRow RowDeriver::derive(QString& path)
 {
     CatalogueRow row;
-    // The drive prefix stands where the original drive letter and colon stood; the cuts below
+    // The drive prefix stands where a Windows drive letter and colon stand; the cuts below
     // never reach into it.
     const QString prefix = m_drives.drivePrefixOf(path);
     row.unidad = prefix;

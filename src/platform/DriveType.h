@@ -2,7 +2,7 @@
 
 namespace nubo::platform {
 
-// The drive type numbers that the program tests, as the original platform numbered them.
+// The drive type numbers that the program tests, as Windows numbers them.
 enum class DriveType : int {
     Unknown = 0,
     NoRootDir = 1,

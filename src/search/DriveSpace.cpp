@@ -6,7 +6,7 @@ namespace nubo::search {
 
 namespace {
 
-// Rounding to two decimals, half to even as the original runtime rounded.
+// Rounding to two decimals, half to even, as the Windows run-time library rounds.
 double round2(double value)
 {
     return std::nearbyint(value * 100.0) / 100.0;

@@ -10,7 +10,7 @@ struct SearchOverflow
 };
 
 // A counter of the walk. In the list window it is 16-bit signed: the increment past 32767
-// raises SearchOverflow, as the original counters did. The command line counts freely.
+// raises SearchOverflow, as 16-bit counters do. The command line counts freely.
 class SearchCounter final
 {
 public:

@@ -88,7 +88,7 @@ void SearchEngine::ShowVolumeDetails(const QString& root)
     if (!details)
         return;
     m_services.host.setVolumeName(details->label);
-    // Serials from 0x80000000 up read as negative numbers, as the original showed them.
+    // Serials from 0x80000000 up read as negative numbers, as a signed 32-bit number shows them.
     // The doubled ampersand is the caption's own: the label shows one.
     m_services.host.setVolumeDetails(
         QString::number(qint32(details->serial)), QString::number(details->maxComponentLength),

@@ -64,7 +64,7 @@ private slots:
         QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
     }
 
-    void deleteReportsAndCountsLikeTheOriginal_data()
+    void deleteReportsAndCountsDeliberately_data()
     {
         QTest::addColumn<int>("rows");
         QTest::addColumn<QList<int>>("selected");
@@ -80,7 +80,7 @@ private slots:
             << 2 << QList<int>{} << "Ha sido eliminado  archivo de la lista"
             << "La lista contiene 2 archivo actualmente";
     }
-    void deleteReportsAndCountsLikeTheOriginal()
+    void deleteReportsAndCountsDeliberately()
     {
         QFETCH(int, rows);
         QFETCH(QList<int>, selected);

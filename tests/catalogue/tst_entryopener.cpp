@@ -27,7 +27,7 @@ private slots:
         QTest::newRow("root, no such file")
             << row("tema", "DIRECTORIO PRINCIPAL", "MP3", "/d") << "/d/tema.MP3";
         QTest::newRow("no extension") << row("LEAME", "/doc/", "ARCHIVO", "") << "/doc/LEAME";
-        QTest::newRow("original platform")
+        QTest::newRow("written on Windows")
             << row("tema", "\\Musica\\Rock\\", "MP3", "D:") << "D:/Musica/Rock/tema.MP3";
     }
     void resolvesFixedRows()

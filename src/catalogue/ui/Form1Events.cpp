@@ -30,7 +30,7 @@ constexpr int kFlashTicks = 5; // the counter runs 0..5: six ticks
 
 } // namespace
 
-// The window sees keys before its controls, as the original key preview did.
+// The window sees keys before its controls, so its key shortcuts win over the focused control.
 void Form1::installKeyPreview()
 {
     installEventFilter(this);
@@ -268,7 +268,7 @@ void Form1::startFlashing()
     Timer1->start();
 }
 
-// The counter is never set back, so only the first run flashes, as the original did.
+// The counter is never set back, so only the first run flashes (kept on purpose).
 void Form1::flashTick()
 {
     if (m_flashCount > kFlashTicks) {

@@ -46,7 +46,7 @@ const ImageButtonRole kRoles[] = {
      "\\bitmap\\form3bot1off.jpg", "Cambiar a Ventana Lista", Command::ShowList},
 };
 
-// The character a key gives, as the original key filter saw it (Ctrl+B is 2, Enter is 13).
+// The character a key gives, as a Windows key filter sees it (Ctrl+B is 2, Enter is 13).
 int characterOf(const QKeyEvent* key)
 {
     if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
