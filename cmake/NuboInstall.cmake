@@ -7,6 +7,7 @@
 #   share/metainfo/                     the AppStream description
 #   share/icons/hicolor/NxN/apps/       the menu icon
 #   share/doc/nubo/                     copyright and changelog
+#   share/man/man1/                     nubo.1, nubo-cli.1
 set(NUBO_APPSTREAM_ID io.github.nubo.Nubo)
 set(NUBO_PACKAGING ${PROJECT_SOURCE_DIR}/packaging)
 
@@ -17,16 +18,22 @@ install(FILES ${NUBO_PACKAGING}/${NUBO_APPSTREAM_ID}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(DIRECTORY ${NUBO_PACKAGING}/icons/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 
-# Debian wants the changelog compressed with gzip -9n (no name, no time: reproducible).
-set(NUBO_CHANGELOG_GZ ${CMAKE_BINARY_DIR}/packaging/changelog.gz)
-add_custom_command(OUTPUT ${NUBO_CHANGELOG_GZ}
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packaging
-    COMMAND gzip -9n -c ${NUBO_PACKAGING}/changelog > ${NUBO_CHANGELOG_GZ}
-    DEPENDS ${NUBO_PACKAGING}/changelog
-    COMMENT "Compressing the changelog")
-add_custom_target(nubo_changelog ALL DEPENDS ${NUBO_CHANGELOG_GZ})
-install(FILES ${NUBO_PACKAGING}/copyright ${NUBO_CHANGELOG_GZ}
+# Debian wants the changelog and manual pages compressed with gzip -9n (no name, no time, so
+# the package is reproducible).
+set(NUBO_GZIPPED)
+foreach(file changelog nubo.1 nubo-cli.1)
+    set(gz ${CMAKE_BINARY_DIR}/packaging/${file}.gz)
+    add_custom_command(OUTPUT ${gz}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/packaging
+        COMMAND gzip -9n -c ${NUBO_PACKAGING}/${file} > ${gz}
+        DEPENDS ${NUBO_PACKAGING}/${file})
+    list(APPEND NUBO_GZIPPED ${gz})
+endforeach()
+add_custom_target(nubo_packaging_docs ALL DEPENDS ${NUBO_GZIPPED})
+install(FILES ${NUBO_PACKAGING}/copyright ${CMAKE_BINARY_DIR}/packaging/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/nubo)
+install(FILES ${CMAKE_BINARY_DIR}/packaging/nubo.1.gz ${CMAKE_BINARY_DIR}/packaging/nubo-cli.1.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 set(NUBO_MAINTAINER "Nubo developers <maintainers@users.noreply.c-seed-dc963c4e.example>"
     CACHE STRING "The Debian package's maintainer")
@@ -35,17 +42,17 @@ set(CPACK_PACKAGE_NAME nubo)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT ${NUBO_MAINTAINER})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "cataloguer of music files on CDs and disks")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Nubo walks a folder or a whole CD for music files that match a mask and lists them\n"
-    "with their name, folder, group and format. The list can be edited, sorted, played\n"
-    "in the desktop's player and saved as an Excel 97 workbook (.xls) or an Access\n"
-    "database (.mdb). The interface is in Spanish. nubo-cli catalogues, converts and\n"
-    "inspects from the command line.")
+set(CPACK_PACKAGE_DESCRIPTION "\
+Nubo walks a folder or a whole CD for music files that match a mask and
+lists them with their name, folder, group and format. The list can be
+edited, sorted, played in the desktop's player and saved as an Excel 97
+workbook (.xls) or an Access database (.mdb). The interface is in Spanish.
+nubo-cli catalogues, converts and inspects from the command line.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Players and the desktop opener are optional; the program runs without them.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
+# The desktop opener and Qt's Spanish texts are optional; the program runs without them.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qt6-translations-l10n")
 include(CPack)

@@ -90,7 +90,7 @@ private slots:
               "share/icons/hicolor/48x48/apps/nubo.png",
               "share/icons/hicolor/128x128/apps/nubo.png",
               "share/icons/hicolor/256x256/apps/nubo.png", "share/doc/nubo/copyright",
-              "share/doc/nubo/changelog.gz"})
+              "share/doc/nubo/changelog.gz", "share/man/man1/nubo.1.gz"})
             QTest::newRow(path) << QString::fromLatin1(path);
     }
     void installsItsFiles()
