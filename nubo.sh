@@ -2,12 +2,15 @@
 # Sets up, builds and runs Nubo, or builds it under the sanitizers and runs its tests.
 #   ./nubo.sh run    install what is missing, build a release, start the program
 #   ./nubo.sh test   install what is missing, build with ASan/UBSan, check format, run ctest
+#   ./nubo.sh package  build a release and the Debian package build/package/nubo_*.deb
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
 BUILD_PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev
     libgl-dev qt6-translations-l10n libfreexl-dev libgsf-1-dev libglib2.0-dev)
-TEST_PACKAGES=(clang-format mdbtools python3-xlrd xvfb xauth id3v2 id3tool clang libclang-rt-14-dev)
+TEST_PACKAGES=(clang-format mdbtools python3-xlrd xvfb xauth id3v2 id3tool clang libclang-rt-14-dev
+    desktop-file-utils appstream)
+PACKAGE_PACKAGES=(dpkg-dev file)
 
 install_missing() {
     local missing=()
@@ -31,13 +34,17 @@ check_format() {
     echo "nubo.sh: formato correcto"
 }
 
+build_release() {
+    cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DNUBO_BUILD_TESTS=OFF -DNUBO_BUILD_BENCH=OFF
+    cmake --build build/release
+}
+
 case "${1:-}" in
 run)
     shift
     install_missing "${BUILD_PACKAGES[@]}"
-    cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release \
-        -DNUBO_BUILD_TESTS=OFF -DNUBO_BUILD_BENCH=OFF
-    cmake --build build/release
+    build_release
     if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
         echo "nubo.sh: no hay pantalla gráfica (DISPLAY y WAYLAND_DISPLAY están vacías)." >&2
         echo "nubo.sh: inicie Nubo desde el escritorio, o con: xvfb-run build/release/app/nubo" >&2
@@ -60,8 +67,14 @@ test)
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
     ctest --test-dir build/asan --output-on-failure -j2
     ;;
+package)
+    install_missing "${BUILD_PACKAGES[@]}" "${PACKAGE_PACKAGES[@]}"
+    build_release
+    cpack -G DEB --config build/release/CPackConfig.cmake -B build/package
+    ls -l build/package/nubo_*.deb
+    ;;
 *)
-    echo "uso: ./nubo.sh run | ./nubo.sh test" >&2
+    echo "uso: ./nubo.sh run | ./nubo.sh test | ./nubo.sh package" >&2
     exit 1
     ;;
 esac

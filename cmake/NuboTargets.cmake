@@ -26,6 +26,8 @@ function(nubo_app_executable target)
     add_executable(${target} ${ARG_SOURCES})
     target_link_libraries(${target} PRIVATE ${ARG_DEPS})
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${NUBO_APP_DIR})
+    # Bind every symbol at start-up, so relocations can be made read-only (Debian's hardening).
+    target_link_options(${target} PRIVATE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
     nubo_defaults(${target})
 endfunction()
 

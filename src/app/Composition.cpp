@@ -1,6 +1,7 @@
 #include "app/Composition.h"
 
 #include "app/StartupSequence.h"
+#include "platform/AppFolderLocation.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/DesktopShell.h"
 
@@ -13,7 +14,7 @@ namespace nubo::app {
 using frame::FrameWindow;
 
 Composition::Composition()
-    : m_appFolder(QCoreApplication::applicationDirPath()),
+    : m_appFolder(platform::AppFolderLocation::ofRunningProgram().prepare()),
       m_services(platform::createLinuxPlatform()),
       m_log(m_appFolder, [this] { return m_options.isOn(Option::EscribirLog); }),
       m_store(m_appFolder, m_options, m_log),
@@ -39,6 +40,12 @@ bool Composition::start()
     connectSearch();
     m_mainWindow.show();
     return true;
+}
+
+void Composition::openAtStart(const QString& path)
+{
+    // Kept until the list window's "&Desde Archivo" load flow takes it.
+    m_pathAtStart = path;
 }
 
 void Composition::connectFrame()

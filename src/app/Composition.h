@@ -28,6 +28,8 @@ public:
 
     // Runs start-up; false when the program must end at once.
     bool start();
+    // The catalogue named on the command line, for the list to load as "&Desde Archivo" does.
+    void openAtStart(const QString& path);
 
 private:
     void connectFrame();
@@ -53,6 +55,7 @@ private:
     std::unique_ptr<catalogue::ListWindow> m_list;
     std::unique_ptr<search::ListWindowHost> m_searchHost;
     std::unique_ptr<search::SearchWindows> m_search;
+    QString m_pathAtStart;
 };
 
 } // namespace nubo::app

@@ -3,6 +3,8 @@
 #include "app/InstanceRegistration.h"
 #include "app/ResourceFolders.h"
 
+#include <QFileInfo>
+
 namespace nubo::app {
 
 using platform::MessageButtons;
@@ -40,7 +42,7 @@ StartupSequence::Outcome StartupSequence::run(IStartupView& view)
         m_deps.platform.instances->anotherInstanceRunning())
         return Outcome::EndProgram;
 
-    const QString drive = m_deps.platform.drives->drivePrefixOf(app.path());
+    const QString drive = m_deps.platform.drives->drivePrefixOf(startFolder());
     if (EsUnidadCDROM(drive)) {
         m_deps.dialogs.messageBox(cdromRefusalText(drive), QStringLiteral("Permiso Denegado"),
                                   MessageButtons::Ok, MessageIcon::None);
@@ -63,6 +65,14 @@ StartupSequence::Outcome StartupSequence::run(IStartupView& view)
     view.fitToSkin();
     view.applyRegion();
     return Outcome::Running;
+}
+
+QString StartupSequence::startFolder() const
+{
+    // The executable's folder, not a per-user application folder: a copy on a disc is refused.
+    if (m_deps.executablePath.isEmpty())
+        return m_deps.app.path();
+    return QFileInfo(m_deps.executablePath).path();
 }
 
 bool StartupSequence::runGuardedSteps(IStartupView& view)

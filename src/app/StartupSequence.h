@@ -38,6 +38,8 @@ public:
     static QString missingFilesText(const RuntimeError& error);
 
 private:
+    // The folder the program was started from, whose drive the CD-ROM refusal tests.
+    QString startFolder() const;
     // The cursor, tray icon and skin box steps: an error ends the handler after a report.
     bool runGuardedSteps(IStartupView& view);
     void reportError(const RuntimeError& error);

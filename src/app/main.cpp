@@ -36,5 +36,8 @@ int main(int argc, char** argv)
     nubo::app::Composition program;
     if (!program.start())
         return 0;
+    // "Abrir con Nubo" and the menu entry's %f pass one catalogue file.
+    if (application.arguments().size() > 1)
+        program.openAtStart(application.arguments().at(1));
     return application.exec();
 }

@@ -58,6 +58,7 @@ struct Fixture : AppFixture
     FakeRegistry* registry = new FakeRegistry;
     FakeDialogs dialogs;
     FakeView view;
+    QString executable = dir.filePath(QStringLiteral("nubo"));
 
     Fixture()
     {
@@ -69,8 +70,7 @@ struct Fixture : AppFixture
     }
     StartupSequence::Outcome run()
     {
-        StartupSequence sequence(
-            {app, options, store, log, services, dialogs, dir.filePath(QStringLiteral("nubo"))});
+        StartupSequence sequence({app, options, store, log, services, dialogs, executable});
         return sequence.run(view);
     }
     QByteArray logText() const
@@ -170,6 +170,18 @@ private slots:
         QCOMPARE(f.dialogs.asked[0].buttons, MessageButtons::Ok);
         QCOMPARE(f.dialogs.asked[0].icon, MessageIcon::None);
         QVERIFY(f.registry->keys.isEmpty());
+    }
+
+    // An installed copy keeps its folders in the user's data folder: the disc it was
+    // started from is what counts.
+    void aCopyStartedFromADiscIsRefused()
+    {
+        Fixture f;
+        f.executable = QStringLiteral("/media/cdrom/nubo");
+        f.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
+        QCOMPARE(f.run(), StartupSequence::Outcome::EndProgram);
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QVERIFY(f.dialogs.asked[0].text.contains(QStringLiteral("CD-ROM /media/cdrom, ")));
     }
 
     void otherDriveTypesProceed_data()

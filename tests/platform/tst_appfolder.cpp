@@ -1,11 +1,15 @@
 #include "platform/AppFolder.h"
+#include "platform/AppFolderLocation.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "TestFiles.h"
+
 using nubo::platform::AppFolder;
+using nubo::platform::AppFolderLocation;
 
 class TestAppFolder final : public QObject
 {
@@ -52,6 +56,50 @@ private slots:
         QStringList folders = QDir(dir.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         folders.sort();
         QCOMPARE(folders, QStringList({"Icons", "bitmap"}));
+    }
+
+    // A portable folder is used in place; an installed program (pictures in share/nubo) or
+    // a folder the user cannot write moves to $XDG_DATA_HOME/nubo with the pictures copied.
+    void choosesTheApplicationFolder_data()
+    {
+        QTest::addColumn<bool>("installed");
+        QTest::addColumn<bool>("writable");
+        QTest::addColumn<bool>("userFolder");
+        QTest::newRow("portable") << false << true << false;
+        QTest::newRow("read-only portable") << false << false << true;
+        QTest::newRow("installed") << true << false << true;
+        QTest::newRow("installed, root") << true << true << true;
+    }
+    void choosesTheApplicationFolder()
+    {
+        QFETCH(bool, installed);
+        QFETCH(bool, writable);
+        QFETCH(bool, userFolder);
+        QTemporaryDir dir;
+        const QString bin = dir.filePath(QStringLiteral("prefix/bin"));
+        const QString pictures =
+            installed ? dir.filePath(QStringLiteral("prefix/share/nubo")) : bin;
+        QVERIFY(nubo::test::writeFile(pictures + QStringLiteral("/Bitmap/conarrows.JPG"), "s"));
+        QVERIFY(nubo::test::writeFile(pictures + QStringLiteral("/Cursors/DEFAULT.CUR"), "c"));
+        QVERIFY(nubo::test::writeFile(bin + QStringLiteral("/nubo"), "exe"));
+        const QString data = dir.filePath(QStringLiteral("data"));
+        const AppFolderLocation location(bin, data, writable);
+
+        QCOMPARE(location.usesUserFolder(), userFolder);
+        QCOMPARE(location.prepare(), userFolder ? data + QStringLiteral("/nubo") : bin);
+        QCOMPARE(QFileInfo::exists(data), userFolder);
+        if (!userFolder)
+            return;
+        const QString user = data + QStringLiteral("/nubo/");
+        QCOMPARE(nubo::test::fileBytes(user + QStringLiteral("Bitmap/conarrows.JPG")), "s");
+        QVERIFY(!QFileInfo::exists(user + QStringLiteral("nubo")));
+
+        // Later starts keep the user's pictures and bring back what was deleted.
+        QVERIFY(nubo::test::writeFile(user + QStringLiteral("Bitmap/conarrows.JPG"), "mine"));
+        QVERIFY(QDir(user + QStringLiteral("Cursors")).removeRecursively());
+        location.prepare();
+        QCOMPARE(nubo::test::fileBytes(user + QStringLiteral("Bitmap/conarrows.JPG")), "mine");
+        QCOMPARE(nubo::test::fileBytes(user + QStringLiteral("Cursors/DEFAULT.CUR")), "c");
     }
 };
 

@@ -185,4 +185,14 @@ bool writeAll(const QString& root)
     return ok;
 }
 
+bool writeDesktopIcons(const QString& root)
+{
+    bool ok = true;
+    for (int size : {48, 128, 256}) {
+        const QString folder = QStringLiteral("%1/%2x%2/apps").arg(root).arg(size);
+        ok &= QDir().mkpath(folder) && logo(size).save(folder + QStringLiteral("/nubo.png"), "PNG");
+    }
+    return ok;
+}
+
 } // namespace nubo::artwork

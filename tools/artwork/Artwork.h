@@ -7,6 +7,8 @@ namespace nubo::artwork {
 
 // Writes every picture below root in the resource layout (Bitmap/, Icons/, Cursors/).
 bool writeAll(const QString& root);
+// Writes the desktop's icon below root in the hicolor layout (48x48/apps/nubo.png, ...).
+bool writeDesktopIcons(const QString& root);
 
 // The main window's skin. Its outline follows an 8-pixel grid and the band along it holds
 // only grey tones, so the JPEG keeps the key colour exact: every 8x8 block of key colour is

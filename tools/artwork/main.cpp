@@ -1,6 +1,7 @@
-// Draws the program's pictures (skins, button faces, cursor, icon) into a resource folder,
-// then checks the main skin as shipped. Usage: nubo-artwork OUTPUT_DIR. The output depends
-// only on this code and the installed fonts, so it is reproducible.
+// Draws the program's pictures (skins, button faces, cursor, icon) into a resource folder and
+// the desktop's icons into an icon folder, then checks the main skin as shipped.
+// Usage: nubo-artwork RESOURCE_DIR [ICON_DIR]. The output depends only on this code and the
+// installed fonts, so it is reproducible.
 #include "Artwork.h"
 #include "frame/RegionFromImage.h"
 
@@ -45,12 +46,14 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
-    if (argc != 2) {
-        std::fputs("uso: nubo-artwork CARPETA\n", stderr);
+    if (argc != 2 && argc != 3) {
+        std::fputs("uso: nubo-artwork CARPETA [CARPETA_DE_ICONOS]\n", stderr);
         return 1;
     }
     const QString root = QString::fromLocal8Bit(argv[1]);
     if (!nubo::artwork::writeAll(root))
+        return 2;
+    if (argc == 3 && !nubo::artwork::writeDesktopIcons(QString::fromLocal8Bit(argv[2])))
         return 2;
     return checkSkin(root) ? 0 : 3;
 }

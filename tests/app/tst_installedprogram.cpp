@@ -1,0 +1,149 @@
+// Installs the program into a temporary prefix, checks the desktop entry and AppStream data
+// with the desktop's own validators, and starts the program from the prefix made read-only.
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+// Runs program to its end: its exit code, or -1 when it does not start or does not end.
+int run(const QString& program, const QStringList& arguments, QByteArray* output = nullptr)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    const QByteArray text = process.readAll();
+    if (output)
+        *output = text;
+    if (process.exitCode() != 0)
+        qWarning("%s", text.constData());
+    return process.exitCode();
+}
+
+// Takes write permission from every file and folder below root, or gives it back.
+void setWritable(const QString& root, bool writable)
+{
+    QDirIterator it(root, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QStringList paths{root};
+    while (it.hasNext())
+        paths << it.next();
+    for (const QString& path : paths) {
+        QFile::Permissions permissions = QFile::permissions(path);
+        const QFile::Permissions write = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+        QFile::setPermissions(path,
+                              writable ? permissions | QFile::WriteOwner : permissions & ~write);
+    }
+}
+
+QStringList filesBelow(const QString& root)
+{
+    QStringList files;
+    QDirIterator it(root, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files << it.next();
+    files.sort();
+    return files;
+}
+
+} // namespace
+
+class TestInstalledProgram final : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QString m_prefix;
+
+    void validate(const char* validator, const QStringList& arguments)
+    {
+        const QString program = QStandardPaths::findExecutable(QLatin1String(validator));
+        if (program.isEmpty())
+            QSKIP(qPrintable(QStringLiteral("%1 is not installed").arg(QLatin1String(validator))));
+        QCOMPARE(run(program, arguments), 0);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_prefix = m_dir.filePath(QStringLiteral("prefix"));
+        QCOMPARE(run(qEnvironmentVariable("NUBO_CMAKE"),
+                     {QStringLiteral("--install"), qEnvironmentVariable("NUBO_BUILD_DIR"),
+                      QStringLiteral("--prefix"), m_prefix}),
+                 0);
+        setWritable(m_prefix, false);
+    }
+    void cleanupTestCase() { setWritable(m_prefix, true); }
+
+    void installsItsFiles_data()
+    {
+        QTest::addColumn<QString>("path");
+        for (const char* path :
+             {"bin/nubo", "bin/nubo-cli", "share/nubo/Bitmap/conarrows.JPG",
+              "share/nubo/Cursors/DEFAULT.CUR", "share/nubo/Icons/Nubologo.ico",
+              "share/applications/nubo.desktop", "share/metainfo/io.github.nubo.Nubo.metainfo.xml",
+              "share/icons/hicolor/48x48/apps/nubo.png",
+              "share/icons/hicolor/128x128/apps/nubo.png",
+              "share/icons/hicolor/256x256/apps/nubo.png", "share/doc/nubo/copyright",
+              "share/doc/nubo/changelog.gz", "share/man/man1/nubo.1.gz"})
+            QTest::newRow(path) << QString::fromLatin1(path);
+    }
+    void installsItsFiles()
+    {
+        QFETCH(QString, path);
+        QVERIFY(QFileInfo(m_prefix + QLatin1Char('/') + path).size() > 0);
+    }
+
+    void desktopEntryIsValid()
+    {
+        validate("desktop-file-validate",
+                 {m_prefix + QStringLiteral("/share/applications/nubo.desktop")});
+    }
+
+    void metainfoIsValid()
+    {
+        validate("appstreamcli",
+                 {QStringLiteral("validate"), QStringLiteral("--no-net"),
+                  m_prefix + QStringLiteral("/share/metainfo/io.github.nubo.Nubo.metainfo.xml")});
+    }
+
+    void cliAnswersHelp()
+    {
+        QByteArray help;
+        QCOMPARE(run(m_prefix + QStringLiteral("/bin/nubo-cli"), {QStringLiteral("--help")}, &help),
+                 0);
+        QVERIFY(help.contains("nubo-cli"));
+    }
+
+    // The installed program writes nothing beside itself: its folders go to the user's.
+    void startsFromTheReadOnlyPrefix()
+    {
+        const QStringList installed = filesBelow(m_prefix);
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        env.insert(QStringLiteral("XDG_DATA_HOME"), m_dir.filePath(QStringLiteral("data")));
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_dir.filePath(QStringLiteral("config")));
+        QProcess nubo;
+        nubo.setProcessEnvironment(env);
+        nubo.start(m_prefix + QStringLiteral("/bin/nubo"), {});
+        QVERIFY(nubo.waitForStarted());
+
+        const QString user = m_dir.filePath(QStringLiteral("data/nubo/"));
+        const QString config = user + QStringLiteral("Ini/Config.nbo");
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(config).size() > 0, 30000);
+        QTRY_VERIFY(QFileInfo::exists(user + QStringLiteral("Log/nubo.log")));
+        QVERIFY(QFileInfo::exists(user + QStringLiteral("Bitmap/conarrows.JPG")));
+        QCOMPARE(nubo.state(), QProcess::Running);
+        nubo.kill();
+        nubo.waitForFinished();
+        QCOMPARE(filesBelow(m_prefix), installed);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestInstalledProgram)
+#include "tst_installedprogram.moc"
