@@ -16,6 +16,8 @@
 #include "search/ui/ListWindowHost.h"
 #include "search/ui/SearchWindows.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 
 namespace nubo::app {
@@ -24,7 +26,8 @@ namespace nubo::app {
 class Composition final
 {
 public:
-    Composition();
+    // appFolder: the folder that holds the program's pictures, options and log.
+    explicit Composition(const QString& appFolder = QCoreApplication::applicationDirPath());
 
     // Runs start-up; false when the program must end at once.
     bool start();
@@ -33,6 +36,8 @@ private:
     void connectFrame();
     void connectList();
     void connectSearch();
+    void showAsNubo();
+    void endProgram();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;

@@ -1,3 +1,4 @@
+#include "app/DisplayPlatform.h"
 #include "app/InstanceRegistration.h"
 #include "app/StartupSequence.h"
 #include "platform/fakes/FakeDialogs.h"
@@ -234,6 +235,30 @@ private slots:
     {
         QCOMPARE(InstanceRegistration::handleBytes(1312458), QByteArray("1312"));
         QCOMPARE(InstanceRegistration::handleBytes(42), QByteArray("42\0\0", 4));
+    }
+
+    // A Wayland session with XWayland runs on X11; a platform the user chose is kept.
+    void platformForSession_data()
+    {
+        QTest::addColumn<QByteArray>("qpa");
+        QTest::addColumn<QByteArray>("wayland");
+        QTest::addColumn<QByteArray>("display");
+        QTest::addColumn<QByteArray>("chosen");
+        QTest::newRow("Wayland with XWayland") << QByteArray() << QByteArray("wayland-0")
+                                               << QByteArray(":0") << QByteArray("xcb;wayland");
+        QTest::newRow("Wayland alone")
+            << QByteArray() << QByteArray("wayland-0") << QByteArray() << QByteArray();
+        QTest::newRow("user's choice")
+            << QByteArray("wayland") << QByteArray("wayland-0") << QByteArray(":0") << QByteArray();
+        QTest::newRow("X11") << QByteArray() << QByteArray() << QByteArray(":0") << QByteArray();
+    }
+    void platformForSession()
+    {
+        QFETCH(QByteArray, qpa);
+        QFETCH(QByteArray, wayland);
+        QFETCH(QByteArray, display);
+        QFETCH(QByteArray, chosen);
+        QCOMPARE(nubo::app::platformForSession(qpa, wayland, display), chosen);
     }
 };
 

@@ -46,28 +46,6 @@ private slots:
         QCOMPARE(counters.counter(1), 0);
     }
 
-    void pauses_data()
-    {
-        QTest::addColumn<int>("button");
-        QTest::addColumn<int>("rising");
-        QTest::addColumn<int>("falling");
-        QTest::newRow("list") << 1 << 40 << 30;
-        QTest::newRow("options") << 2 << 15 << 20;
-        QTest::newRow("search") << 4 << 15 << 20;
-        QTest::newRow("author") << 5 << 15 << 20;
-    }
-
-    void pauses()
-    {
-        QFETCH(int, button);
-        QFETCH(int, rising);
-        QFETCH(int, falling);
-        SceneCounters counters;
-        QCOMPARE(counters.press(button, true).pauseMs, rising);
-        counters.frameShown(button, 6);
-        QCOMPARE(counters.press(button, true).pauseMs, falling);
-    }
-
     void withoutAnimationsTheFaceJumps()
     {
         SceneCounters counters;

@@ -1,5 +1,4 @@
 #include "frame/HotCircle.h"
-#include "frame/SkinKeys.h"
 #include "frame/SkinLayout.h"
 
 #include <QTest>
@@ -27,37 +26,6 @@ private slots:
         QFETCH(QPointF, point);
         QFETCH(bool, inside);
         QCOMPARE(kMinimizeCircle.contains(point), inside);
-    }
-
-    void keys_data()
-    {
-        QTest::addColumn<int>("character");
-        QTest::addColumn<int>("button");
-        QTest::addColumn<QPointF>("point");
-        QTest::newRow("Ctrl+A search") << 1 << 4 << QPointF(39, 42);
-        QTest::newRow("Ctrl+I author") << 9 << 5 << QPointF(18, 24);
-        QTest::newRow("Ctrl+L list") << 12 << 1 << QPointF(30, 33);
-        QTest::newRow("Ctrl+O options") << 15 << 2 << QPointF(39, 41);
-        QTest::newRow("Ctrl+S exit") << 19 << 3 << QPointF(19, 19);
-    }
-
-    // Each key presses its button at a point that the button's own circle accepts.
-    void keys()
-    {
-        QFETCH(int, character);
-        QFETCH(int, button);
-        QFETCH(QPointF, point);
-        const std::optional<SkinKeyPress> press = skinKeyPress(character);
-        QVERIFY(press);
-        QCOMPARE(press->button, button);
-        QCOMPARE(press->point, point);
-        QVERIFY(kButtonCircles[std::size_t(button - 1)].contains(point));
-    }
-
-    void otherKeysDoNothing()
-    {
-        for (int character : {0, 2, 3, 13, 27, int('a'), int('S'), int('l')})
-            QVERIFY2(!skinKeyPress(character), qPrintable(QString::number(character)));
     }
 
     // The picture boxes on the skin are large enough to hold their hot circles.

@@ -4,7 +4,6 @@
 #include "frame/ui/clsSystemTray.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
@@ -44,18 +43,6 @@ private slots:
         tray.AddIconToSystemTray();
         QVERIFY(!tray.lastResult());
         QVERIFY(tray.isShown());
-    }
-
-    void pictureBoxIsHidden()
-    {
-        FakeNotifyArea area;
-        clsSystemTray tray(area);
-        QWidget owner;
-        auto* box = new QLabel(&owner);
-        owner.show();
-        tray.setPPictureBox(box);
-        QCOMPARE(tray.PPictureBox(), box);
-        QVERIFY(!box->isVisible());
     }
 
     void mouseMessagesRaiseEvents()
