@@ -203,8 +203,8 @@ private slots:
         QLabel* button = f.form.Picture[0];
         const QPointF at(33, 33);
         QTest::mouseClick(button, Qt::LeftButton, {}, at.toPoint());
-        QMouseEvent second(QEvent::MouseButtonDblClick, at, button->mapToGlobal(at),
-                           Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent second(QEvent::MouseButtonDblClick, at, button->mapToGlobal(at), Qt::LeftButton,
+                           Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(button, &second);
         QTest::mouseRelease(button, Qt::LeftButton, {}, at.toPoint());
         QCOMPARE(f.windows.calls, QStringList{"show List"});
