@@ -204,6 +204,8 @@ void Form12::restoreFromTray()
 {
     if (isVisible() && !(windowState() & Qt::WindowMinimized))
         return;
+    if (!isVisible())
+        move(pos()); // where it was hidden, not where the window manager would place it anew
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();

@@ -15,11 +15,9 @@ QString Form6::aboutText()
         "programación que quería saber en qué CD estaba cada canción sin abrir caja por caja. "
         "Lo escribimos en nuestro tiempo libre, lo probamos con nuestras propias colecciones y "
         "lo seguimos mejorando con lo que nos cuentan quienes lo usan.\n\n"
-        "Nubo recorre una carpeta o un CD-ROM completo, reúne en una lista los archivos que "
-        "coinciden con la máscara elegida y la guarda como libro de Excel o como base de datos "
-        "de Access.\n\n"
-        "Es una versión beta: si algo no funciona como esperaba, el archivo .log cuenta qué "
-        "ocurrió.");
+        "Nubo reúne en una lista los archivos de música de una carpeta o de un CD-ROM y la "
+        "guarda como libro de Excel o como base de datos de Access.\n\n"
+        "Es una versión beta: si algo falla, el archivo .log cuenta qué ocurrió.");
 }
 
 Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
