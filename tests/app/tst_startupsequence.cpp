@@ -173,22 +173,6 @@ private slots:
         QVERIFY(f.registry->keys.isEmpty());
     }
 
-    void otherDriveTypesProceed_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::newRow("removable") << int(DriveType::Removable);
-        QTest::newRow("network") << int(DriveType::Remote);
-        QTest::newRow("ram") << int(DriveType::RamDisk);
-    }
-    void otherDriveTypesProceed()
-    {
-        QFETCH(int, type);
-        Fixture f;
-        f.drives->add(f.dir.path(), DriveType(type));
-        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QVERIFY(f.dialogs.asked.isEmpty());
-    }
-
     void missingCursorReportsFileNotFound()
     {
         Fixture f;
@@ -238,27 +222,12 @@ private slots:
     }
 
     // A Wayland session with XWayland runs on X11; a platform the user chose is kept.
-    void platformForSession_data()
-    {
-        QTest::addColumn<QByteArray>("qpa");
-        QTest::addColumn<QByteArray>("wayland");
-        QTest::addColumn<QByteArray>("display");
-        QTest::addColumn<QByteArray>("chosen");
-        QTest::newRow("Wayland with XWayland") << QByteArray() << QByteArray("wayland-0")
-                                               << QByteArray(":0") << QByteArray("xcb;wayland");
-        QTest::newRow("Wayland alone")
-            << QByteArray() << QByteArray("wayland-0") << QByteArray() << QByteArray();
-        QTest::newRow("user's choice")
-            << QByteArray("wayland") << QByteArray("wayland-0") << QByteArray(":0") << QByteArray();
-        QTest::newRow("X11") << QByteArray() << QByteArray() << QByteArray(":0") << QByteArray();
-    }
     void platformForSession()
     {
-        QFETCH(QByteArray, qpa);
-        QFETCH(QByteArray, wayland);
-        QFETCH(QByteArray, display);
-        QFETCH(QByteArray, chosen);
-        QCOMPARE(nubo::app::platformForSession(qpa, wayland, display), chosen);
+        QCOMPARE(nubo::app::platformForSession({}, "wayland-0", ":0"), QByteArray("xcb;wayland"));
+        QCOMPARE(nubo::app::platformForSession({}, "wayland-0", {}), QByteArray());
+        QCOMPARE(nubo::app::platformForSession("wayland", "wayland-0", ":0"), QByteArray());
+        QCOMPARE(nubo::app::platformForSession({}, {}, ":0"), QByteArray());
     }
 };
 

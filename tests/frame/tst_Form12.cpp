@@ -122,19 +122,6 @@ private slots:
         QVERIFY(!QIcon(app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))).isNull());
     }
 
-    void transparentSkinLeavesTheWindowUnshaped()
-    {
-        QTemporaryDir dir;
-        QImage flat(40, 30, QImage::Format_RGB32);
-        flat.fill(Qt::magenta);
-        QVERIFY(flat.save(dir.filePath(QStringLiteral("flat.png"))));
-        Fixture f(false);
-        f.form.loadSkin(dir.filePath(QStringLiteral("flat.png")));
-        f.form.applyRegion();
-        QVERIFY(f.form.region().isEmpty());
-        QVERIFY(f.form.mask().isEmpty());
-    }
-
     // Ctrl+S empties the list and ends the program at once, without a question.
     void ctrlSEnds()
     {

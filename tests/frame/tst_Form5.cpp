@@ -95,15 +95,6 @@ private slots:
         QCOMPARE(f.logSize(), before);
     }
 
-    void emptyingTheLogIgnoresTheOption()
-    {
-        Fixture f;
-        f.log.AnotarEnLog(QStringLiteral("linea"));
-        f.form->ChkErrorLog->setChecked(false);
-        f.form->CmdVaciarLog->click();
-        QCOMPARE(f.logSize(), 0);
-    }
-
     void clickSideEffects()
     {
         Fixture f;
