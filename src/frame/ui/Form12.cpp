@@ -259,7 +259,8 @@ bool Form12::eventFilter(QObject* watched, QEvent* event)
     for (std::size_t i = 0; i < Picture.size(); ++i) {
         if (watched != Picture[i])
             continue;
-        // A double click's second press arrives as MouseButtonDblClick: one press per click.
+        // A double click's second press arrives as MouseButtonDblClick and is not a press of
+        // its own, so a double click does not open and close a window at once.
         if (type == QEvent::MouseButtonPress)
             pictureMouseDown(int(i) + 1, static_cast<QMouseEvent*>(event)->position());
         return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
