@@ -18,13 +18,30 @@ QString ActivityLog::path() const
     return m_app.resolve(QStringLiteral("\\log\\nubo.log"));
 }
 
-QString ActivityLog::formatLine(const QString& texto, const QDateTime& when)
+namespace {
+
+// The locale's long time form without its time-zone field, and the brackets or blanks that
+// stood around it: "H:mm:ss (t)" gives "22:15:03", "h:mm:ss AP t" gives "10:15:03 PM".
+QString timeFormatWithoutZone(const QLocale& locale)
 {
-    const QLocale locale = QLocale::system();
-    // The long time form without a time-zone name: "22:15:03".
-    QString timeFormat = locale.timeFormat(QLocale::LongFormat);
-    timeFormat.remove(QLatin1Char('t'));
-    const QString time = locale.toString(when.time(), timeFormat.trimmed());
+    const QString format = locale.timeFormat(QLocale::LongFormat);
+    QString kept;
+    bool quoted = false;
+    for (const QChar c : format) {
+        if (c == QLatin1Char('\''))
+            quoted = !quoted;
+        if (quoted || c != QLatin1Char('t'))
+            kept += c;
+    }
+    kept.remove(QStringLiteral("()")).remove(QStringLiteral("[]"));
+    return kept.simplified();
+}
+
+} // namespace
+
+QString ActivityLog::formatLine(const QString& texto, const QDateTime& when, const QLocale& locale)
+{
+    const QString time = locale.toString(when.time(), timeFormatWithoutZone(locale));
     const QString date = locale.toString(when.date(), QLocale::ShortFormat);
     return texto + QLatin1Char(' ') + time + QLatin1Char(' ') + date + QStringLiteral("\r\n");
 }
@@ -50,7 +67,8 @@ void ActivityLog::AnotarEnLog(const QString& texto)
     // The whole file is read and rewritten; only blanks are trimmed, never line ends.
     const QString ruta = path();
     const QString previo = LeerArchivo(ruta);
-    const QString nuevo = trimSpaces(previo) + formatLine(texto, QDateTime::currentDateTime());
+    const QString nuevo =
+        trimSpaces(previo) + formatLine(texto, QDateTime::currentDateTime(), QLocale::system());
     EscribirArchivo(ruta, nuevo, false);
 }
 

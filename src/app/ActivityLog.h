@@ -3,6 +3,7 @@
 #include "platform/AppFolder.h"
 
 #include <QDateTime>
+#include <QLocale>
 
 #include <functional>
 
@@ -20,8 +21,9 @@ public:
     void AnotarEnLog(const QString& texto);
     void VaciarLog();
 
-    // "message time date": the message first, then the time, then the date.
-    static QString formatLine(const QString& texto, const QDateTime& when);
+    // "message time date": the message first, then the time, then the date, in the locale's
+    // long time form and short date form.
+    static QString formatLine(const QString& texto, const QDateTime& when, const QLocale& locale);
 
 private:
     platform::AppFolder m_app;

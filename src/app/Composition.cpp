@@ -1,21 +1,21 @@
 #include "app/Composition.h"
 
 #include "app/StartupSequence.h"
-#include "platform/AppFolderLocation.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/DesktopShell.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QPlainTextEdit>
 
 namespace nubo::app {
 
 using frame::FrameWindow;
 
-Composition::Composition()
-    : m_appFolder(platform::AppFolderLocation::ofRunningProgram().prepare()),
-      m_services(platform::createLinuxPlatform()),
+Composition::Composition(const QString& appFolder)
+    : m_appFolder(appFolder), m_services(platform::createLinuxPlatform()),
       m_log(m_appFolder, [this] { return m_options.isOn(Option::EscribirLog); }),
       m_store(m_appFolder, m_options, m_log),
       m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea}),
@@ -28,6 +28,7 @@ Composition::Composition()
 
 bool Composition::start()
 {
+    showAsNubo();
     StartupSequence startup(
         {m_appFolder, m_options, m_store, m_log, m_services, m_dialogs,
          QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()});
@@ -52,12 +53,30 @@ void Composition::connectFrame()
 {
     m_windows.connectWindow(FrameWindow::Options, &m_optionsWindow);
     m_windows.connectWindow(FrameWindow::Author, &m_authorWindow);
-    m_windows.setEndProgram([] { QCoreApplication::exit(0); });
+    m_windows.setEndProgram([this] { endProgram(); });
     m_mainWindow.setTrayMenu(&m_trayMenu);
     QObject::connect(&m_optionsWindow, &frame::Form5::closed, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(2); });
     QObject::connect(&m_authorWindow, &frame::Form6::closed, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(5); });
+}
+
+// Every window shows the program's logo, and taskbars group them under the program's
+// desktop entry.
+void Composition::showAsNubo()
+{
+    QGuiApplication::setDesktopFileName(QStringLiteral("nubo"));
+    QGuiApplication::setWindowIcon(
+        QIcon(m_appFolder.resolve(QStringLiteral("\\icons\\Nubologo.ico"))));
+}
+
+// A running search is stopped first: its walk lets events run from inside the event loop, so
+// the program could only end once the walk had finished.
+void Composition::endProgram()
+{
+    if (m_searchHost)
+        m_searchHost->stop();
+    QCoreApplication::exit(0);
 }
 
 void Composition::connectList()
@@ -67,7 +86,7 @@ void Composition::connectList()
     m_windows.setListExit([&form] { form.ExitProgram->trigger(); });
     // The exit button empties the list without the save question.
     m_windows.setEmptyList([this] { m_list->catalogue.list().clear(); });
-    QObject::connect(&form, &catalogue::Form1::endProgramRequested, qApp, &QCoreApplication::quit);
+    QObject::connect(&form, &catalogue::Form1::endProgramRequested, qApp, [this] { endProgram(); });
     QObject::connect(&form, &catalogue::Form1::sceneStepBackRequested, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(1); });
     QObject::connect(&form, &catalogue::Form1::optionsWindowRequested, &m_optionsWindow,

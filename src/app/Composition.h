@@ -24,7 +24,8 @@ namespace nubo::app {
 class Composition final
 {
 public:
-    Composition();
+    // appFolder: the folder that holds the program's pictures, options and log.
+    explicit Composition(const QString& appFolder);
 
     // Runs start-up; false when the program must end at once.
     bool start();
@@ -35,6 +36,8 @@ private:
     void connectFrame();
     void connectList();
     void connectSearch();
+    void showAsNubo();
+    void endProgram();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;

@@ -1,5 +1,7 @@
 // The composition root: creates the services and windows and connects them.
 #include "app/Composition.h"
+#include "app/DisplayPlatform.h"
+#include "platform/AppFolderLocation.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -16,6 +18,16 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
+// The skin's shape, the opening effect's overlay and the tray menu need X11: in a Wayland
+// session the program runs on XWayland when there is one.
+void preferX11InWaylandSessions()
+{
+    const QByteArray platform = nubo::app::platformForSession(
+        qgetenv("QT_QPA_PLATFORM"), qgetenv("WAYLAND_DISPLAY"), qgetenv("DISPLAY"));
+    if (!platform.isEmpty())
+        qputenv("QT_QPA_PLATFORM", platform);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -26,6 +38,7 @@ int main(int argc, char** argv)
                    stderr);
         return 1;
     }
+    preferX11InWaylandSessions();
     QApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);
     // The program speaks Spanish, so Qt's own buttons ("Sí", "Cancelar") do too.
@@ -33,7 +46,8 @@ int main(int argc, char** argv)
     if (qtTexts.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&qtTexts);
-    nubo::app::Composition program;
+    nubo::app::Composition program(
+        nubo::platform::AppFolderLocation::ofRunningProgram().prepare());
     if (!program.start())
         return 0;
     // "Abrir con Nubo" and the menu entry's %f pass one catalogue file.

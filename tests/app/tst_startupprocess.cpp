@@ -77,8 +77,6 @@ private slots:
         QVERIFY(copyTree(built, m_app));
         for (const QString& extra : QDir(m_app).entryList({"nubo-*", "*.log"}, QDir::Files))
             QFile::remove(m_app + QLatin1Char('/') + extra);
-        QVERIFY(QFile::copy(m_app + QStringLiteral("/Bitmap/minimizeon.jpg"),
-                            m_app + QStringLiteral("/foto.JPG")));
         m_env = QProcessEnvironment::systemEnvironment();
         m_env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         m_env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_dir.filePath(QStringLiteral("config")));
@@ -93,11 +91,6 @@ private slots:
         QVERIFY(waitFor(m_app + QStringLiteral("/Ini/Config.nbo"), 30000));
         QTest::qWait(500);
 
-        QVERIFY(QFile::exists(m_app + QStringLiteral("/Bitmap/foto.JPG")));
-        QVERIFY(!QFile::exists(m_app + QStringLiteral("/foto.JPG")));
-        for (const char* folder : {"Bitmap", "Icons", "Cursors", "Ini", "Log"})
-            QVERIFY2(QFileInfo(m_app + QLatin1Char('/') + folder).isDir(), folder);
-        QVERIFY(QFile::exists(m_app + QStringLiteral("/Log/nubo.log")));
         QFile ini(m_app + QStringLiteral("/Ini/Config.nbo"));
         QVERIFY(ini.open(QIODevice::ReadOnly));
         QCOMPARE(ini.readAll(), QByteArray("[OPCIONES]\r\nDBLCLKEXECUTE=1\r\nPERMITIRANIMS=1\r\n"

@@ -1,3 +1,4 @@
+#include "app/DisplayPlatform.h"
 #include "app/InstanceRegistration.h"
 #include "app/StartupSequence.h"
 #include "platform/fakes/FakeDialogs.h"
@@ -184,22 +185,6 @@ private slots:
         QVERIFY(f.dialogs.asked[0].text.contains(QStringLiteral("CD-ROM /media/cdrom, ")));
     }
 
-    void otherDriveTypesProceed_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::newRow("removable") << int(DriveType::Removable);
-        QTest::newRow("network") << int(DriveType::Remote);
-        QTest::newRow("ram") << int(DriveType::RamDisk);
-    }
-    void otherDriveTypesProceed()
-    {
-        QFETCH(int, type);
-        Fixture f;
-        f.drives->add(f.dir.path(), DriveType(type));
-        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QVERIFY(f.dialogs.asked.isEmpty());
-    }
-
     void missingCursorReportsFileNotFound()
     {
         Fixture f;
@@ -246,6 +231,15 @@ private slots:
     {
         QCOMPARE(InstanceRegistration::handleBytes(1312458), QByteArray("1312"));
         QCOMPARE(InstanceRegistration::handleBytes(42), QByteArray("42\0\0", 4));
+    }
+
+    // A Wayland session with XWayland runs on X11; a platform the user chose is kept.
+    void platformForSession()
+    {
+        QCOMPARE(nubo::app::platformForSession({}, "wayland-0", ":0"), QByteArray("xcb;wayland"));
+        QCOMPARE(nubo::app::platformForSession({}, "wayland-0", {}), QByteArray());
+        QCOMPARE(nubo::app::platformForSession("wayland", "wayland-0", ":0"), QByteArray());
+        QCOMPARE(nubo::app::platformForSession({}, {}, ":0"), QByteArray());
     }
 };
 

@@ -59,7 +59,11 @@ public:
     {
         messages << message;
         tips << record.shownTip();
+        if (message != nubo::frame::NotifyMessage::Modify)
+            shown = message == nubo::frame::NotifyMessage::Add;
         return available;
     }
     void setMouseHandler(std::function<void(int)> h) override { handler = std::move(h); }
+    bool isIconVisible() const override { return available && shown; }
+    bool shown = false;
 };

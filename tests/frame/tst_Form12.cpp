@@ -1,14 +1,18 @@
 #include "FakeFrameWindows.h"
 #include "app/Options.h"
 #include "frame/ui/Form12.h"
+#include "frame/ui/Form6.h"
 #include "frame/ui/Form8.h"
+#include "frame/ui/WindowDirectory.h"
 #include "frame/ui/clsSystemTray.h"
 
 #include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -31,12 +35,13 @@ struct Fixture
     FakeNotifyArea area;
     Form12 form{{app, options, windows, &area}};
 
-    explicit Fixture(bool animations)
+    explicit Fixture(bool animations, bool skin = true)
     {
         options.setValue(app::Option::PermitirAnims, animations ? 1 : 0);
         form.loadButtonFaces();
         form.addTrayIcon();
-        form.loadSkin(app.resolve(QStringLiteral("\\bitmap\\conarrows.JPG")));
+        if (skin)
+            form.loadSkin(app.resolve(QStringLiteral("\\bitmap\\conarrows.JPG")));
         form.fitToSkin();
         form.applyRegion();
     }
@@ -117,19 +122,6 @@ private slots:
         QVERIFY(!QIcon(app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))).isNull());
     }
 
-    void transparentSkinLeavesTheWindowUnshaped()
-    {
-        QTemporaryDir dir;
-        QImage flat(40, 30, QImage::Format_RGB32);
-        flat.fill(Qt::magenta);
-        QVERIFY(flat.save(dir.filePath(QStringLiteral("flat.png"))));
-        Fixture f(false);
-        f.form.loadSkin(dir.filePath(QStringLiteral("flat.png")));
-        f.form.applyRegion();
-        QVERIFY(f.form.region().isEmpty());
-        QVERIFY(f.form.mask().isEmpty());
-    }
-
     // Ctrl+S empties the list and ends the program at once, without a question.
     void ctrlSEnds()
     {
@@ -174,6 +166,99 @@ private slots:
         QCOMPARE(f.form.sceneCounters().counter(2), 0);
     }
 
+    // Without its skin the window keeps its size and its buttons show and answer presses.
+    void withoutTheSkinTheButtonsShow()
+    {
+        Fixture f(false, false);
+        f.form.show();
+        QVERIFY(f.form.mask().isEmpty());
+        for (int i = 0; i < 5; ++i) {
+            const QLabel* button = f.form.Picture[std::size_t(i)];
+            const QPoint centre = button->mapTo(&f.form, button->rect().center());
+            QCOMPARE(f.form.childAt(centre), button);
+        }
+        QCOMPARE(f.form.childAt(f.form.PicMinimize->geometry().center()), f.form.PicMinimize);
+        QTest::mouseClick(f.form.Picture[3], Qt::LeftButton, {}, QPoint(36, 42));
+        QCOMPARE(f.windows.calls, QStringList{"show Search"});
+    }
+
+    // A double click is one press: the window it opens stays open.
+    void doubleClickIsOnePress()
+    {
+        Fixture f(false);
+        // What a window system sends: press, release, double click, release.
+        QLabel* button = f.form.Picture[0];
+        const QPointF at(33, 33);
+        QTest::mouseClick(button, Qt::LeftButton, {}, at.toPoint());
+        QMouseEvent second(QEvent::MouseButtonDblClick, at, button->mapToGlobal(at), Qt::LeftButton,
+                           Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(button, &second);
+        QTest::mouseRelease(button, Qt::LeftButton, {}, at.toPoint());
+        QCOMPARE(f.windows.calls, QStringList{"show List"});
+    }
+
+    void onlyCtrlCombinationsPress_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("Tab") << int(Qt::Key_Tab) << int(Qt::NoModifier);
+        QTest::newRow("plain I") << int(Qt::Key_I) << int(Qt::NoModifier);
+        QTest::newRow("Ctrl+B") << int(Qt::Key_B) << int(Qt::ControlModifier);
+    }
+
+    void onlyCtrlCombinationsPress()
+    {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        Fixture f(false);
+        QTest::keyClick(f.form.picMainSkin, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        QVERIFY(f.windows.calls.isEmpty());
+    }
+
+    // A close request never leaves a process without a window or an icon.
+    void closeRequest_data()
+    {
+        QTest::addColumn<bool>("trayShown");
+        QTest::addColumn<QStringList>("calls");
+        QTest::newRow("icon in a tray: hidden") << true << QStringList{};
+        QTest::newRow("no tray: ended") << false << QStringList{"empty list", "end"};
+    }
+
+    void closeRequest()
+    {
+        QFETCH(bool, trayShown);
+        QFETCH(QStringList, calls);
+        Fixture f(false);
+        f.area.available = trayShown;
+        f.form.show();
+        f.form.close();
+        QCOMPARE(f.windows.calls, calls);
+        QCOMPARE(f.area.isIconVisible(), trayShown);
+        if (trayShown) {
+            QVERIFY(!f.form.isVisible());
+            f.area.handler(515);
+            QVERIFY(f.form.isVisible());
+        }
+    }
+
+    // Windows never shown are placed before the first opening effect reads their rectangle.
+    void windowsArePlacedBeforeTheirFirstEffect()
+    {
+        frame::WindowDirectory windows;
+        QWidget list;
+        list.resize(300, 200);
+        windows.connectWindow(frame::FrameWindow::List, &list);
+        QCOMPARE(windows.windowRect(frame::FrameWindow::List).center(),
+                 list.screen()->availableGeometry().center());
+    }
+
+    void authorWindowSpeaksOfTheAuthor()
+    {
+        const platform::AppFolder app(shippedResources());
+        frame::Form6 author(app);
+        QVERIFY(author.Label2->text().contains(QStringLiteral("autor")));
+    }
+
     void pressesOutsideTheCircleDoNothing()
     {
         Fixture f(false);
@@ -190,7 +275,8 @@ private slots:
         QVERIFY(!f.form.isMinimized());
         f.form.picMinimizeMouseDown(QPointF(18, 10));
         QVERIFY(f.form.isMinimized());
-        f.area.handler(515); // the tray icon's double click restores it
+        f.area.handler(513); // a single click on the icon restores it
+        f.area.handler(514);
         QVERIFY(!f.form.isMinimized());
     }
 

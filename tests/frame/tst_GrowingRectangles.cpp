@@ -30,12 +30,6 @@ private slots:
         QFETCH(QList<QRect>, expected);
         QCOMPARE(growingRectangles(window, qint16(steps)), expected);
     }
-
-    void lastStepCoversTheWindow()
-    {
-        const QRect window(37, 58, 333, 217);
-        QCOMPARE(growingRectangles(window, 12).constLast(), window);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestGrowingRectangles)

@@ -46,39 +46,6 @@ private slots:
         QCOMPARE(counters.counter(1), 0);
     }
 
-    void pauses_data()
-    {
-        QTest::addColumn<int>("button");
-        QTest::addColumn<int>("rising");
-        QTest::addColumn<int>("falling");
-        QTest::newRow("list") << 1 << 40 << 30;
-        QTest::newRow("options") << 2 << 15 << 20;
-        QTest::newRow("search") << 4 << 15 << 20;
-        QTest::newRow("author") << 5 << 15 << 20;
-    }
-
-    void pauses()
-    {
-        QFETCH(int, button);
-        QFETCH(int, rising);
-        QFETCH(int, falling);
-        SceneCounters counters;
-        QCOMPARE(counters.press(button, true).pauseMs, rising);
-        counters.frameShown(button, 6);
-        QCOMPARE(counters.press(button, true).pauseMs, falling);
-    }
-
-    void withoutAnimationsTheFaceJumps()
-    {
-        SceneCounters counters;
-        FramePlayer player(counters);
-        QSignalSpy finished(&player, &FramePlayer::finished);
-        QVERIFY(player.play(counters.press(2, false)));
-        QCOMPARE(finished.size(), 1); // no pause: finished before play() returned
-        QCOMPARE(counters.counter(2), 6);
-        QCOMPARE(counters.press(2, false).frames, QList<int>{0});
-    }
-
     // Picture3 and Picture4 share one counter: with the search window open, the exit button
     // plays nothing but still ends the program.
     void exitSharesTheSearchCounter()
@@ -92,15 +59,6 @@ private slots:
         exit = counters.press(3, true);
         QVERIFY(exit.frames.isEmpty());
         QCOMPARE(exit.action, FaceAction::Exit);
-    }
-
-    void closingElsewhere()
-    {
-        SceneCounters counters;
-        QVERIFY(counters.closing(2, true).frames.isEmpty());
-        counters.frameShown(2, 6);
-        QCOMPARE(counters.closing(2, true).frames, (QList<int>{5, 4, 3, 2, 1, 0}));
-        QCOMPARE(counters.closing(2, false).frames, QList<int>{0});
     }
 
     // While a run plays, the window keeps running and a second press of the same counter is

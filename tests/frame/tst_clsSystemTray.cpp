@@ -4,7 +4,6 @@
 #include "frame/ui/clsSystemTray.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
@@ -35,29 +34,6 @@ private slots:
         QCOMPARE(area.tips.at(1), QStringLiteral("dos"));
     }
 
-    // Without a notification area the answer is kept and the program goes on.
-    void noNotificationArea()
-    {
-        FakeNotifyArea area;
-        area.available = false;
-        clsSystemTray tray(area);
-        tray.AddIconToSystemTray();
-        QVERIFY(!tray.lastResult());
-        QVERIFY(tray.isShown());
-    }
-
-    void pictureBoxIsHidden()
-    {
-        FakeNotifyArea area;
-        clsSystemTray tray(area);
-        QWidget owner;
-        auto* box = new QLabel(&owner);
-        owner.show();
-        tray.setPPictureBox(box);
-        QCOMPARE(tray.PPictureBox(), box);
-        QVERIFY(!box->isVisible());
-    }
-
     void mouseMessagesRaiseEvents()
     {
         FakeNotifyArea area;
@@ -81,8 +57,6 @@ private slots:
         QTest::newRow("click") << int(QSystemTrayIcon::Trigger) << QList<int>{513, 514};
         QTest::newRow("double click") << int(QSystemTrayIcon::DoubleClick) << QList<int>{515};
         QTest::newRow("context") << int(QSystemTrayIcon::Context) << QList<int>{517};
-        QTest::newRow("middle") << int(QSystemTrayIcon::MiddleClick) << QList<int>{};
-        QTest::newRow("unknown") << int(QSystemTrayIcon::Unknown) << QList<int>{};
     }
 
     void activationReasons()

@@ -11,6 +11,7 @@
 #include "platform/ui/PictureFile.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -78,6 +79,7 @@ Form12::Form12(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_pl
 void Form12::buildControls()
 {
     picMainSkin = makeBox(this, QStringLiteral("picMainSkin"));
+    picMainSkin->setGeometry(QRect(QPoint(), SkinLayout::skinSize));
     picMainSkin->setFocusPolicy(Qt::StrongFocus);
     picMainSkin->installEventFilter(this);
     for (std::size_t i = 0; i < Picture.size(); ++i) {
@@ -180,18 +182,54 @@ void Form12::AddIcon()
     SystemTray->setToolTipText(QStringLiteral("Nubo Beta Version 1.5!!!"));
     SystemTray->AddIconToSystemTray();
     connect(SystemTray, &clsSystemTray::LButtonDblClk, this, &Form12::SystemTray_LButtonDblClk);
+    connect(SystemTray, &clsSystemTray::LButtonUp, this, &Form12::SystemTray_LButtonUp);
     connect(SystemTray, &clsSystemTray::RButtonUp, this, &Form12::SystemTray_RButtonUp);
     connect(SystemTray, &clsSystemTray::LButtonDown, this, &Form12::SystemTray_LButtonDown);
 }
 
 void Form12::SystemTray_LButtonDblClk()
 {
-    if (windowState() & Qt::WindowMinimized) {
-        setWindowState(windowState() & ~Qt::WindowMinimized);
-        show();
-        raise();
-        activateWindow();
+    restoreFromTray();
+}
+
+// Desktops that send no double click on the icon (KDE Plasma, GNOME's AppIndicator) restore
+// the window with a single click.
+void Form12::SystemTray_LButtonUp()
+{
+    restoreFromTray();
+}
+
+// A minimized or hidden main window comes back; a window already shown stays as it is.
+void Form12::restoreFromTray()
+{
+    if (isVisible() && !(windowState() & Qt::WindowMinimized))
+        return;
+    if (!isVisible())
+        move(pos()); // where it was hidden, not where the window manager would place it anew
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+// A close request from the window manager (Alt+F4, the taskbar) never leaves the program
+// running without a window or an icon: it hides to a visible tray icon, or else ends the
+// program as the exit button does.
+void Form12::closeEvent(QCloseEvent* event)
+{
+    if (SystemTray && SystemTray->isIconVisible()) {
+        QWidget::closeEvent(event);
+        return;
     }
+    event->ignore();
+    exitProgram();
+}
+
+// The skin box keeps the window's size, so the buttons show even without the skin picture.
+void Form12::resizeEvent(QResizeEvent* event)
+{
+    picMainSkin->setGeometry(rect());
+    QWidget::resizeEvent(event);
 }
 
 void Form12::SystemTray_RButtonUp()
@@ -221,7 +259,9 @@ bool Form12::eventFilter(QObject* watched, QEvent* event)
     for (std::size_t i = 0; i < Picture.size(); ++i) {
         if (watched != Picture[i])
             continue;
-        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick)
+        // A double click's second press arrives as MouseButtonDblClick and is not a press of
+        // its own, so a double click does not open and close a window at once.
+        if (type == QEvent::MouseButtonPress)
             pictureMouseDown(int(i) + 1, static_cast<QMouseEvent*>(event)->position());
         return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
     }
@@ -230,10 +270,9 @@ bool Form12::eventFilter(QObject* watched, QEvent* event)
             auto* key = static_cast<QKeyEvent*>(event);
             const bool control = key->modifiers() & Qt::ControlModifier;
             const int k = key->key();
+            // Only Ctrl combinations count: a plain Tab's text is character 9 too.
             if (control && k >= Qt::Key_A && k <= Qt::Key_Z)
                 skinKeyPress(k - Qt::Key_A + 1);
-            else if (!key->text().isEmpty())
-                skinKeyPress(key->text().at(0).unicode());
             return true;
         }
         return dragWindow(watched, event);

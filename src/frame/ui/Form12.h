@@ -54,6 +54,7 @@ public:
 
     void AddIcon();
     void SystemTray_LButtonDblClk();
+    void SystemTray_LButtonUp();
     void SystemTray_RButtonUp();
     void SystemTray_LButtonDown();
 
@@ -74,6 +75,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildControls();
@@ -81,6 +84,7 @@ private:
     void runAction(int button, FaceAction action);
     void openWindow(FrameWindow window);
     void exitProgram();
+    void restoreFromTray();
     bool dragWindow(QObject* watched, QEvent* event);
     bool animationsOn() const;
 

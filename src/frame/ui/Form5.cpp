@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShowEvent>
 
 namespace nubo::frame {
 
@@ -147,6 +148,14 @@ void Form5::VolverAPredeterminados()
     ChkExcConfg->setChecked(true);
     Chkpro->setChecked(true);
     ChkMInstances->setChecked(false);
+}
+
+// Every opening reads the options file again, so changes not accepted are forgotten.
+void Form5::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous())
+        m_store.LeerOpciones();
+    QWidget::showEvent(event);
 }
 
 void Form5::closeEvent(QCloseEvent* event)

@@ -11,20 +11,20 @@ namespace nubo::frame {
 QString Form6::aboutText()
 {
     return QStringLiteral(
-        "Nubo nació para poner orden en las colecciones de música guardadas en CD y en "
-        "discos. Recorre una carpeta o un CD-ROM completo, reúne en una lista cada archivo "
-        "que coincide con la máscara elegida y la guarda como libro de Excel o como base de "
-        "datos de Access, para encontrar cualquier canción sin tener que revisar disco por "
-        "disco.\n\n"
-        "Es una versión beta hecha por gusto y con paciencia: si algo no funciona como "
-        "esperaba, el archivo .log cuenta qué ocurrió.");
+        "El autor de Nubo es su equipo: un grupo pequeño de aficionados a la música y a la "
+        "programación que quería saber en qué CD estaba cada canción sin abrir caja por caja. "
+        "Lo escribimos en nuestro tiempo libre, lo probamos con nuestras propias colecciones y "
+        "lo seguimos mejorando con lo que nos cuentan quienes lo usan.\n\n"
+        "Nubo reúne en una lista los archivos de música de una carpeta o de un CD-ROM y la "
+        "guarda como libro de Excel o como base de datos de Access.\n\n"
+        "Es una versión beta: si algo falla, el archivo .log cuenta qué ocurrió.");
 }
 
 Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
 {
     setObjectName(QStringLiteral("Form6"));
     setWindowTitle(QStringLiteral("Sobre el autor"));
-    setFixedSize(440, 336);
+    setFixedSize(440, 360);
     const QIcon logo(app.resolve(QStringLiteral("\\icons\\Nubologo.ico")));
     setWindowIcon(logo);
 
@@ -42,12 +42,12 @@ Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
     Label2->setObjectName(QStringLiteral("Label2"));
     Label2->setWordWrap(true);
     Label2->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    Label2->setGeometry(24, 94, 392, 184);
+    Label2->setGeometry(24, 94, 392, 208);
     Label2->setStyleSheet(QStringLiteral("color: #1d2d52; font-size: 13px;"));
 
     Command1 = new QPushButton(QStringLiteral("&Cerrar"), this);
     Command1->setObjectName(QStringLiteral("Command1"));
-    Command1->setGeometry(324, 290, 92, 30);
+    Command1->setGeometry(324, 314, 92, 30);
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &QWidget::close);
 }

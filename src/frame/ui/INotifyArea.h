@@ -18,6 +18,8 @@ public:
     // True when the notification area took the request.
     virtual bool notify(NotifyMessage message, const TrayRecord& record, const QIcon& icon) = 0;
     virtual void setMouseHandler(std::function<void(int message)> handler) = 0;
+    // The icon is shown in a notification area that exists now.
+    virtual bool isIconVisible() const = 0;
 };
 
 } // namespace nubo::frame

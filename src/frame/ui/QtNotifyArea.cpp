@@ -46,6 +46,11 @@ bool QtNotifyArea::notify(NotifyMessage message, const TrayRecord& record, const
     return QSystemTrayIcon::isSystemTrayAvailable();
 }
 
+bool QtNotifyArea::isIconVisible() const
+{
+    return m_icon.isVisible() && QSystemTrayIcon::isSystemTrayAvailable();
+}
+
 void QtNotifyArea::setMouseHandler(std::function<void(int)> handler)
 {
     m_handler = std::move(handler);

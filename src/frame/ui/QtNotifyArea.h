@@ -22,6 +22,7 @@ public:
 
     bool notify(NotifyMessage message, const TrayRecord& record, const QIcon& icon) override;
     void setMouseHandler(std::function<void(int message)> handler) override;
+    bool isIconVisible() const override;
 
 private:
     QSystemTrayIcon m_icon;

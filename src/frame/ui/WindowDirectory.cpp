@@ -1,10 +1,26 @@
 #include "frame/ui/WindowDirectory.h"
 
+#include <QScreen>
+
 namespace nubo::frame {
 
 void WindowDirectory::connectWindow(FrameWindow window, QWidget* widget)
 {
     m_windows[std::size_t(window)] = widget;
+    placeUnplaced(widget);
+}
+
+// A window never moved yet is centred on its screen, so that its first opening effect grows
+// where it will appear; later effects find it where it was last.
+void WindowDirectory::placeUnplaced(QWidget* widget)
+{
+    if (!widget || widget->isVisible() || widget->testAttribute(Qt::WA_Moved))
+        return;
+    if (const QScreen* screen = widget->screen()) {
+        QRect placed(QPoint(), widget->frameGeometry().size());
+        placed.moveCenter(screen->availableGeometry().center());
+        widget->move(placed.topLeft());
+    }
 }
 
 void WindowDirectory::showWindow(FrameWindow window)

@@ -30,6 +30,7 @@ public:
     void endProgram() override;
 
 private:
+    static void placeUnplaced(QWidget* widget);
     QWidget* widget(FrameWindow window) const { return m_windows[std::size_t(window)]; }
 
     std::array<QPointer<QWidget>, 4> m_windows;

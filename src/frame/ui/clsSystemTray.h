@@ -32,6 +32,8 @@ public:
 
     const TrayRecord& record() const { return m_record; }
     bool isShown() const { return m_shown; }
+    // The icon stands in a notification area now, where the user can click it.
+    bool isIconVisible() const { return m_area.isIconVisible(); }
     bool lastResult() const { return m_lastResult; }
 
 signals:

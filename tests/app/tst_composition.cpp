@@ -1,0 +1,123 @@
+// The running program put together, over a copy of the shipped pictures.
+#include "app/Composition.h"
+#include "catalogue/ui/CatalogueView.h"
+#include "catalogue/ui/Form1.h"
+#include "frame/ui/Form12.h"
+#include "search/ui/Form3.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <filesystem>
+
+#include "TestFiles.h"
+
+using namespace nubo;
+
+namespace {
+
+template <typename Window> Window* window(const char* name)
+{
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->objectName() == QLatin1String(name))
+            return qobject_cast<Window*>(w);
+    return nullptr;
+}
+
+// The application folder: the shipped pictures, and options without animations or log.
+bool layOutApp(const QString& app)
+{
+    const QString shipped = qEnvironmentVariable("NUBO_SOURCE_DIR") + QStringLiteral("/resources");
+    QDirIterator it(shipped, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString source = it.next();
+        if (!test::writeFile(app + source.mid(shipped.size()), test::fileBytes(source)))
+            return false;
+    }
+    return test::writeFile(app + QStringLiteral("/Ini/Config.nbo"),
+                           "[OPCIONES]\r\nDBLCLKEXECUTE=1\r\nPERMITIRANIMS=0\r\nESCRIBIRLOG=0\r\n"
+                           "CONFIGEXCEL=0\r\nMOSTRARPRO=0\r\nMINSTANCES=1\r\n");
+}
+
+// 20,000 matching names in 100 folders: hard links to one empty file, which a disk makes
+// far faster than 20,000 new files.
+bool layOutTree(const QString& root)
+{
+    const QString song = root + QStringLiteral("/tema.mp3");
+    if (!test::writeFile(song, QByteArray()))
+        return false;
+    std::error_code error;
+    for (int folder = 0; folder < 100 && !error; ++folder) {
+        const QString path = QStringLiteral("%1/disco%2").arg(root).arg(folder);
+        QDir().mkpath(path);
+        for (int file = 0; file < 200 && !error; ++file)
+            std::filesystem::create_hard_link(
+                song.toStdString(),
+                QStringLiteral("%1/tema%2.mp3").arg(path).arg(file).toStdString(), error);
+    }
+    return !error;
+}
+
+} // namespace
+
+class TestComposition final : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Ctrl+S during a search stops the walk and ends the program at once; nothing is added
+    // to the emptied list.
+    void exitStopsARunningSearch()
+    {
+        QTemporaryDir dir;
+        qputenv("XDG_CONFIG_HOME", dir.filePath(QStringLiteral("config")).toUtf8());
+        const QString tree = dir.filePath(QStringLiteral("musica"));
+        QVERIFY(layOutApp(dir.filePath(QStringLiteral("app"))));
+        QVERIFY(layOutTree(tree));
+        app::Composition program(dir.filePath(QStringLiteral("app")));
+        QVERIFY(program.start());
+        auto* main = window<frame::Form12>("Form12");
+        auto* list = window<catalogue::Form1>("Form1");
+        auto* search = window<search::Form3>("Form3");
+        QVERIFY(main && list && search);
+        QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("nubo"));
+        for (QWidget* w : {static_cast<QWidget*>(main), static_cast<QWidget*>(list)})
+            QVERIFY(!w->windowIcon().isNull());
+        search->setFolderPath(tree);
+        search->setMaskText(QStringLiteral("*.mp3"));
+
+        const QAbstractItemModel* rows = list->ListView1->model();
+        QElapsedTimer sinceExit;
+        // Ctrl+S as soon as the walk shows its first rows.
+        QObject::connect(
+            rows, &QAbstractItemModel::rowsInserted, main,
+            [&] {
+                if (!sinceExit.isValid()) {
+                    sinceExit.start();
+                    QTest::keyClick(main->picMainSkin, Qt::Key_S, Qt::ControlModifier);
+                }
+            },
+            Qt::QueuedConnection);
+        QTimer::singleShot(0, list->Command1, &QPushButton::click);
+        QEventLoop running;
+        QTimer::singleShot(30000, &running, [&running] { running.exit(1); });
+        QCOMPARE(running.exec(), 0);
+        const qint64 ms = sinceExit.elapsed();
+        qInfo("the program ended %lld ms after Ctrl+S", ms);
+
+        QCOMPARE(list->windowTitle(),
+                 QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        QCOMPARE(list->mnuFindFiles->text(), QStringLiteral("&Buscar Archivo(s)..."));
+        QCOMPARE(rows->rowCount(), 0);
+    }
+};
+
+QTEST_MAIN(TestComposition)
+#include "tst_composition.moc"
