@@ -13,6 +13,7 @@
 #include "platform/IShell.h"
 #include "platform/PlatformServices.h"
 #include "platform/ui/QtDialogs.h"
+#include "print/ui/FormPrint1.h"
 #include "search/ui/ListWindowHost.h"
 #include "search/ui/SearchWindows.h"
 
@@ -33,6 +34,7 @@ private:
     void connectFrame();
     void connectList();
     void connectSearch();
+    void connectPrint();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
@@ -53,6 +55,7 @@ private:
     std::unique_ptr<catalogue::ListWindow> m_list;
     std::unique_ptr<search::ListWindowHost> m_searchHost;
     std::unique_ptr<search::SearchWindows> m_search;
+    std::unique_ptr<print::FormPrint1> m_cover; // created when first asked for
 };
 
 } // namespace nubo::app
