@@ -93,7 +93,7 @@ void Composition::connectPrint()
     QObject::connect(&m_list->form, &catalogue::Form1::printCoverRequested, &m_list->form, [this] {
         if (!m_cover)
             m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list());
-        m_cover->open();
+        m_cover->showCover();
     });
 }
 

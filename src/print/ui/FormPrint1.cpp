@@ -79,7 +79,7 @@ bool FormPrint1::Form_Load()
     return true;
 }
 
-void FormPrint1::open()
+void FormPrint1::showCover()
 {
     if (!Form_Load())
         return;

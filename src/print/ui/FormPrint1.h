@@ -30,7 +30,7 @@ public:
     // False, with the window left as it was, when the answer is refused or cancelled.
     bool Form_Load();
     // Form_Load, then shows the window when it succeeded.
-    void open();
+    void showCover();
 
     // Writes the laid-out cover as a PDF; false when the file cannot be written.
     bool saveAsPdf(const QString& path) const;
