@@ -4,6 +4,7 @@
 #include "platform/IDialogs.h"
 #include "print/paint/CoverPainter.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPrintDialog>
@@ -47,6 +48,8 @@ FormPrint1::FormPrint1(platform::IDialogs& dialogs, const catalogue::CatalogueLi
     ListView1->setObjectName(QStringLiteral("ListView1"));
     ListView1->setRootIsDecorated(false);
     ListView1->setColumnCount(0);
+    ListView1->header()->setStretchLastSection(false);
+    ListView1->viewport()->installEventFilter(this);
     cmdPreview = button(this, "cmdPreview", QStringLiteral("&Vista previa"));
     cmdPrint = button(this, "cmdPrint", QStringLiteral("&Imprimir"));
     cmdClose = button(this, "cmdClose", QStringLiteral("&Cerrar"));
@@ -93,10 +96,7 @@ void FormPrint1::fillList(const CoverGrid& grid)
     ListView1->clear();
     ListView1->setColumnCount(grid.n);
     ListView1->setHeaderLabels(grid.headers);
-    // W = width of the cover list / N, in single precision.
-    const float width = static_cast<float>(ListView1->viewport()->width()) / grid.n;
-    for (int c = 0; c < grid.n; ++c)
-        ListView1->setColumnWidth(c, static_cast<int>(width));
+    applyColumnWidths();
     qsizetype lines = 0;
     for (const QStringList& column : grid.columns)
         lines = std::max(lines, column.size());
@@ -108,6 +108,25 @@ void FormPrint1::fillList(const CoverGrid& grid)
         items.append(item);
     }
     ListView1->addTopLevelItems(items);
+}
+
+bool FormPrint1::eventFilter(QObject* watched, QEvent* event)
+{
+    // The columns share the list's visible width whenever it changes.
+    if (watched == ListView1->viewport() && event->type() == QEvent::Resize)
+        applyColumnWidths();
+    return QDialog::eventFilter(watched, event);
+}
+
+void FormPrint1::applyColumnWidths()
+{
+    const int n = ListView1->columnCount();
+    if (n == 0)
+        return;
+    // W = width of the cover list / N, in single precision.
+    const float width = static_cast<float>(ListView1->viewport()->width()) / n;
+    for (int c = 0; c < n; ++c)
+        ListView1->setColumnWidth(c, static_cast<int>(width));
 }
 
 bool FormPrint1::saveAsPdf(const QString& path) const

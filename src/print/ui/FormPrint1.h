@@ -40,8 +40,12 @@ public:
     QPushButton* cmdPrint = nullptr;
     QPushButton* cmdClose = nullptr;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void fillList(const CoverGrid& grid);
+    void applyColumnWidths();
     void preview();
     void print();
     void paintOn(QPrinter& printer) const;
