@@ -67,11 +67,22 @@ Grid gridFor(const QList<QStringList>& columns)
 void placeColumn(CoverPage& page, const QStringList& lines, double x, double width,
                  const Grid& grid, const ITextMeasure& measure)
 {
-    const double size = fittingSize(lines, grid.pointSize, width, false, measure);
+    // The column shrinks to its longest name, but not below a readable size: one name far
+    // too long shrinks on its own instead of taking the whole column down with it.
+    const double readable = std::min(kSmallestNamePt, grid.pointSize);
+    QStringList fitting;
+    for (const QString& text : lines) {
+        if (measure.widthMm(text, readable, false) <= width)
+            fitting << text;
+    }
+    const double size =
+        std::max(fittingSize(fitting, grid.pointSize, width, false, measure), readable);
     const double line = kBodyHeightMm / std::max(grid.linesPerPage, 1);
     const double step = std::min(line, lineHeightMm(kLargestNamePt));
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        page.texts.append({QRectF(x, kBodyTopMm + i * step, width, step), lines.at(i), size});
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const double own = fittingSize({lines.at(i)}, size, width, false, measure);
+        page.texts.append({QRectF(x, kBodyTopMm + i * step, width, step), lines.at(i), own});
+    }
 }
 
 } // namespace

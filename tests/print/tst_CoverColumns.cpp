@@ -168,6 +168,15 @@ private slots:
             }
         }
         QCOMPARE(placed.size(), names.size());
+        // The long name shrinks alone; its neighbours keep a readable size.
+        const auto sizeOf = [&](const QString& name) {
+            for (const PlacedText& text : pages.first().texts)
+                if (text.text == name)
+                    return text.pointSize;
+            return 0.0;
+        };
+        QVERIFY(sizeOf(names[7]) < 1.0);
+        QCOMPARE(sizeOf(names[6]), sizeOf(names[70])); // as large as the next column
         for (const QString& name : names)
             QVERIFY2(placed.contains(name), qPrintable(name));
     }
