@@ -18,6 +18,8 @@ constexpr double kLargestNamePt = 8.0;
 // The smallest font a column starts from; only a name too long for it shrinks further.
 constexpr double kSmallestNamePt = 4.5;
 constexpr double kLargestHeaderPt = 11.0;
+// A whole column shrinks no further than this for the sake of one long name.
+constexpr double kReadablePt = 3.0;
 
 double lineHeightMm(double pointSize)
 {
@@ -69,7 +71,7 @@ void placeColumn(CoverPage& page, const QStringList& lines, double x, double wid
 {
     // The column shrinks to its longest name, but not below a readable size: one name far
     // too long shrinks on its own instead of taking the whole column down with it.
-    const double readable = std::min(kSmallestNamePt, grid.pointSize);
+    const double readable = std::min(kReadablePt, grid.pointSize);
     QStringList fitting;
     for (const QString& text : lines) {
         if (measure.widthMm(text, readable, false) <= width)
