@@ -39,6 +39,7 @@ bool Composition::start()
         m_appFolder, *m_services.drives, m_dialogs, *m_shell, m_options});
     connectList();
     connectSearch();
+    connectPrint();
     m_mainWindow.show();
     return true;
 }
@@ -110,6 +111,16 @@ void Composition::connectSearch()
     m_windows.connectWindow(FrameWindow::Search, &m_search->form3);
     QObject::connect(&m_search->form3, &search::Form3::closed, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(4); });
+}
+
+void Composition::connectPrint()
+{
+    // Every "Imprimir tapa..." loads the cover window afresh from the list as it is now.
+    QObject::connect(&m_list->form, &catalogue::Form1::printCoverRequested, &m_list->form, [this] {
+        if (!m_cover)
+            m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list());
+        m_cover->showCover();
+    });
 }
 
 } // namespace nubo::app

@@ -13,6 +13,7 @@
 #include "platform/IShell.h"
 #include "platform/PlatformServices.h"
 #include "platform/ui/QtDialogs.h"
+#include "print/ui/FormPrint1.h"
 #include "search/ui/ListWindowHost.h"
 #include "search/ui/SearchWindows.h"
 
@@ -38,6 +39,7 @@ private:
     void connectSearch();
     void showAsNubo();
     void endProgram();
+    void connectPrint();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
@@ -59,6 +61,7 @@ private:
     std::unique_ptr<search::ListWindowHost> m_searchHost;
     std::unique_ptr<search::SearchWindows> m_search;
     QString m_pathAtStart;
+    std::unique_ptr<print::FormPrint1> m_cover; // created when first asked for
 };
 
 } // namespace nubo::app

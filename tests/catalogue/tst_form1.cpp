@@ -267,7 +267,9 @@ private slots:
         QSignalSpy search(&f.form, &Form1::searchWindowRequested);
         QSignalSpy options(&f.form, &Form1::optionsWindowRequested);
         QSignalSpy sheet(&f.form, &Form1::sheetConfigurationRequested);
+        QSignalSpy cover(&f.form, &Form1::printCoverRequested);
         QTest::keyClick(f.form.ListView1, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(f.form.ListView1, Qt::Key_P, Qt::ControlModifier);
         QTest::keyClick(&f.form, Qt::Key_F3);
         f.form.Command7->click();
         QTest::keyClick(&f.form, Qt::Key_F4);
@@ -277,6 +279,10 @@ private slots:
         QCOMPARE(search.count(), 3);
         QCOMPARE(options.count(), 1);
         QCOMPARE(sheet.count(), 2);
+        QCOMPARE(cover.count(), 1);
+        const QList<QAction*> list = f.form.Arch1->actions();
+        QCOMPARE(list.at(list.indexOf(f.form.guardarc) + 1)->text(),
+                 QStringLiteral("&Imprimir tapa..."));
     }
 
     void closingEmptiesFirstAndHides()

@@ -88,6 +88,7 @@ public:
     QAction* DesdeA = nullptr;
     QAction* guardarb = nullptr;
     QAction* guardarc = nullptr;
+    QAction* mnuImprimirTapa = nullptr; // "&Imprimir tapa..." (Ctrl+P): opens FormPrint1
     QAction* vaciarl = nullptr;
     QAction* ExitProgram = nullptr;
     QAction* mnuFindFiles = nullptr;
@@ -118,6 +119,7 @@ signals:
     void loadCatalogueRequested();
     void saveRequested();
     void saveAsRequested();
+    void printCoverRequested();
     void cancelRequested(); // Escape: the module-level cancel flag of long loops
     void sceneStepBackRequested();
     void endProgramRequested(); // F12

@@ -58,6 +58,9 @@ void Form1::createListMenu()
     Arch1->addMenu(New1);
     guardarb = item(Arch1, "guardarb", QStringLiteral("&Guardar"));
     guardarc = item(Arch1, "guardarc", QStringLiteral("Guardar &Como"));
+    // Our own entry: the cover window has no other way in.
+    mnuImprimirTapa = item(Arch1, "mnuImprimirTapa", QStringLiteral("&Imprimir tapa..."));
+    mnuImprimirTapa->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
     vaciarl = item(Arch1, "vaciarl", QStringLiteral("&Vaciar"));
     Arch1->addSeparator();
     ExitProgram = item(Arch1, "ExitProgram", QStringLiteral("&Salir"));
@@ -67,6 +70,7 @@ void Form1::createListMenu()
     connect(DesdeA, &QAction::triggered, this, &Form1::loadCatalogueRequested);
     connect(guardarb, &QAction::triggered, this, &Form1::saveRequested);
     connect(guardarc, &QAction::triggered, this, &Form1::saveAsRequested);
+    connect(mnuImprimirTapa, &QAction::triggered, this, &Form1::printCoverRequested);
     connect(vaciarl, &QAction::triggered, &m_catalogue, &Catalogue::EmptyList);
     connect(ExitProgram, &QAction::triggered, this, &Form1::exitProgram);
 }

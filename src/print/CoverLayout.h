@@ -1,0 +1,46 @@
+#pragma once
+
+#include "print/ITextMeasure.h"
+
+#include <QList>
+#include <QRectF>
+#include <QStringList>
+
+namespace nubo::print {
+
+// One catalogue row as the cover needs it.
+struct CoverRow
+{
+    QString name;  // NOMBRE
+    QString group; // ORIGEN
+};
+
+// A text placed on the cover, in millimetres from the cover's top-left corner.
+struct PlacedText
+{
+    QRectF box;
+    QString text;
+    double pointSize = 0;
+    bool bold = false;
+};
+
+// One printed cover: its cut frame and its texts.
+struct CoverPage
+{
+    QRectF frame;
+    QList<PlacedText> texts;
+};
+
+// The size of the cover: the front insert of a CD jewel case, 120 x 120 mm.
+inline constexpr double kCoverSizeMm = 120.0;
+
+// Lays the columns out on covers: a header line with the rows' group names, then the
+// columns side by side. Each column's font shrinks until its longest name fits; lines too
+// many for one cover at the smallest font go on to further covers.
+QList<CoverPage> layoutCover(const QList<CoverRow>& rows, const QList<QStringList>& columns,
+                             const ITextMeasure& measure);
+
+// The rows' group names, each once, in list order, joined by " - ".
+QString groupLine(const QList<CoverRow>& rows);
+
+} // namespace nubo::print

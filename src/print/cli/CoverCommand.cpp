@@ -1,0 +1,133 @@
+#include "print/cli/CoverCommand.h"
+
+#include "database/CatalogueFiles.h"
+#include "print/CoverQuestion.h"
+#include "print/paint/CoverPainter.h"
+
+#include <QFile>
+#include <QGuiApplication>
+
+#include <cstring>
+#include <variant>
+
+namespace nubo::print::cli {
+
+namespace {
+
+using nubo::cli::CliIo;
+
+const char* const kUsage = "uso: nubo-cli cover CATALOGO [--columns N] --output ARCHIVO.pdf\n";
+
+struct CoverArguments
+{
+    QString catalogue;
+    QString columns = QStringLiteral("6");
+    QString output;
+};
+
+std::variant<CoverArguments, int> parse(const QStringList& args, CliIo& io)
+{
+    CoverArguments parsed;
+    for (qsizetype i = 0; i < args.size(); ++i) {
+        const QString& arg = args[i];
+        if (arg == QLatin1String("--columns") || arg == QLatin1String("--output")) {
+            if (i + 1 >= args.size()) {
+                io.err << "nubo-cli cover: falta el valor de " << arg << '\n' << kUsage;
+                return nubo::cli::kUsageError;
+            }
+            (arg == QLatin1String("--columns") ? parsed.columns : parsed.output) = args[++i];
+        } else if (arg.startsWith(QLatin1String("--")) || !parsed.catalogue.isEmpty()) {
+            io.err << "nubo-cli cover: argumento de más: " << arg << '\n' << kUsage;
+            return nubo::cli::kUsageError;
+        } else {
+            parsed.catalogue = arg;
+        }
+    }
+    if (parsed.catalogue.isEmpty() || parsed.output.isEmpty()) {
+        io.err << kUsage;
+        return nubo::cli::kUsageError;
+    }
+    return parsed;
+}
+
+// The rows of a scan TSV: NOMBRE, DIRECCION, ORIGEN, FORMATO, UNIDAD on each line.
+std::optional<QList<CoverRow>> readTsv(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = file.errorString();
+        return std::nullopt;
+    }
+    QList<CoverRow> rows;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QString text = QString::fromUtf8(line).remove(QLatin1Char('\r'));
+        if (text.isEmpty())
+            continue;
+        const QStringList fields = text.split(QLatin1Char('\t'));
+        rows.append({fields.at(0), fields.value(2)});
+    }
+    return rows;
+}
+
+std::optional<QList<CoverRow>> readRows(const QString& path, QString* error)
+{
+    if (!database::catalogueFormatOf(path))
+        return readTsv(path, error);
+    const auto loaded = database::loadCatalogue(path, error);
+    if (!loaded)
+        return std::nullopt;
+    QList<CoverRow> rows;
+    for (const database::CatalogueRecord& record : loaded->rows)
+        rows.append({record.nombre, record.origen});
+    return rows;
+}
+
+int cover(const QStringList& args, CliIo& io)
+{
+    const auto parsed = parse(args, io);
+    if (const int* status = std::get_if<int>(&parsed))
+        return *status;
+    const CoverArguments& a = std::get<CoverArguments>(parsed);
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
+        io.err << "nubo-cli cover: dibujar la tapa necesita QGuiApplication\n";
+        return nubo::cli::kUsageError;
+    }
+    QString error;
+    const auto rows = readRows(a.catalogue, &error);
+    if (!rows) {
+        io.err << "nubo-cli: " << error << '\n';
+        return nubo::cli::kFileError;
+    }
+    QStringList names;
+    for (const CoverRow& row : *rows)
+        names << row.name;
+    const auto grid = coverGridFor(a.columns, names, &error);
+    if (!grid) {
+        io.err << "nubo-cli cover: " << error.replace(QLatin1String("\n\n"), QLatin1String(" "))
+               << '\n';
+        return nubo::cli::kUsageError;
+    }
+    if (!writeCoverPdf(a.output, *rows, grid->columns)) {
+        io.err << "nubo-cli cover: no se pudo escribir " << a.output << '\n';
+        return nubo::cli::kFileError;
+    }
+    return nubo::cli::kOk;
+}
+
+} // namespace
+
+nubo::cli::CliCommand coverCommand()
+{
+    return {QStringLiteral("cover"),
+            QStringLiteral("cover CATALOGO [--columns N] --output ARCHIVO.pdf"),
+            QStringLiteral("dibuja la lista de un catálogo (.xls, .mdb o TSV de scan) como tapa "
+                           "de CD de 12 x 12 cm en un PDF"),
+            cover};
+}
+
+bool coverNeedsGui(int argc, char** argv)
+{
+    return argc > 1 && std::strcmp(argv[1], "cover") == 0;
+}
+
+} // namespace nubo::print::cli

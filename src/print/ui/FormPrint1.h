@@ -1,0 +1,59 @@
+#pragma once
+
+#include "print/CoverLayout.h"
+#include "print/CoverQuestion.h"
+
+#include <QDialog>
+
+class QPrinter;
+class QPushButton;
+class QTreeWidget;
+
+namespace nubo::platform {
+class IDialogs;
+}
+namespace nubo::catalogue {
+class CatalogueList;
+}
+
+namespace nubo::print {
+
+// The cover window: the list laid out in COLUMNA1..N, previewed, printed or saved as PDF.
+class FormPrint1 final : public QDialog
+{
+    Q_OBJECT
+public:
+    FormPrint1(platform::IDialogs& dialogs, const catalogue::CatalogueList& list,
+               QWidget* parent = nullptr);
+
+    // Loading the window starts everything: the column question, the headers and the names.
+    // False, with the window left as it was, when the answer is refused or cancelled.
+    bool Form_Load();
+    // Form_Load, then shows the window when it succeeded.
+    void showCover();
+
+    // Writes the laid-out cover as a PDF; false when the file cannot be written.
+    bool saveAsPdf(const QString& path) const;
+
+    QTreeWidget* ListView1 = nullptr;
+    QPushButton* cmdPreview = nullptr;
+    QPushButton* cmdPrint = nullptr;
+    QPushButton* cmdClose = nullptr;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void fillList(const CoverGrid& grid);
+    void applyColumnWidths();
+    void preview();
+    void print();
+    void paintOn(QPrinter& printer) const;
+
+    platform::IDialogs& m_dialogs;
+    const catalogue::CatalogueList& m_list;
+    QList<CoverRow> m_rows;
+    QList<QStringList> m_columns;
+};
+
+} // namespace nubo::print

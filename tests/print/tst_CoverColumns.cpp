@@ -1,0 +1,186 @@
+#include "print/CoverColumns.h"
+#include "print/CoverLayout.h"
+#include "print/CoverQuestion.h"
+
+#include "platform/fakes/FakeDialogs.h"
+
+#include <QtTest>
+
+using namespace nubo::print;
+
+namespace {
+
+// Every character 0.2 mm wide per point, so a width is easy to work out.
+class LinearMeasure final : public ITextMeasure
+{
+public:
+    double widthMm(const QString& text, double pointSize, bool) const override
+    {
+        return text.size() * 0.2 * pointSize;
+    }
+};
+
+QStringList namesOf(int count)
+{
+    QStringList names;
+    for (int i = 1; i <= count; ++i)
+        names << QStringLiteral("tema %1").arg(i);
+    return names;
+}
+
+QStringList flattened(const QList<QStringList>& columns)
+{
+    QStringList all;
+    for (const QStringList& column : columns)
+        all += column;
+    return all;
+}
+
+} // namespace
+
+class CoverColumnsTest final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void answersBecomeColumnCountsOrErrors_data()
+    {
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<int>("columns"); // 0: refused
+        QTest::addColumn<int>("error");
+        QTest::newRow("default") << "6" << 6 << 0;
+        QTest::newRow("blanks") << " 4 " << 4 << 0;
+        QTest::newRow("half to even") << "2.5" << 2 << 0;
+        QTest::newRow("largest") << "20" << 20 << 0;
+        QTest::newRow("empty") << "" << 0 << 13;
+        QTest::newRow("letters") << "seis" << 0 << 13;
+        QTest::newRow("zero") << "0" << 0 << 11;
+        QTest::newRow("negative") << "-3" << 0 << 5;
+        QTest::newRow("too many to fit") << "21" << 0 << 6;
+        QTest::newRow("beyond 16 bits") << "40000" << 0 << 6;
+    }
+    void answersBecomeColumnCountsOrErrors()
+    {
+        QFETCH(QString, answer);
+        QFETCH(int, columns);
+        QFETCH(int, error);
+        QString text;
+        const auto grid = coverGridFor(answer, namesOf(10), &text);
+        QCOMPARE(grid ? grid->n : 0, columns);
+        if (error != 0)
+            QVERIFY2(text.startsWith(QStringLiteral("Ha ocurrido el Error : %1: ").arg(error)),
+                     qPrintable(text));
+    }
+
+    void namesPerColumnRoundHalfToEven_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("n");
+        QTest::addColumn<int>("r");
+        QTest::addColumn<int>("error");
+        QTest::newRow("2.5 -> 2") << 10 << 4 << 2 << 0;
+        QTest::newRow("3.5 -> 4") << 14 << 4 << 4 << 0;
+        QTest::newRow("empty list") << 0 << 6 << 0 << 0;
+        QTest::newRow("0.5 -> 0") << 3 << 6 << 0 << 0;
+        QTest::newRow("division by zero") << 5 << 0 << 0 << 11;
+        QTest::newRow("R beyond 16 bits") << 100000 << 2 << 0 << 6;
+    }
+    void namesPerColumnRoundHalfToEven()
+    {
+        QFETCH(int, rows);
+        QFETCH(int, n);
+        QFETCH(int, r);
+        QFETCH(int, error);
+        const NamesPerColumn result = namesPerColumn(rows, static_cast<qint16>(n));
+        QCOMPARE(result.r, r);
+        QCOMPARE(result.error ? result.error->number : 0, error);
+    }
+
+    void theDefaultAnswerGivesSixHeaders()
+    {
+        nubo::platform::FakeDialogs dialogs; // answers with the default text
+        const auto grid = askCoverGrid(dialogs, namesOf(12));
+        QVERIFY(grid);
+        QCOMPARE(grid->headers, (QStringList{"COLUMNA1", "COLUMNA2", "COLUMNA3", "COLUMNA4",
+                                             "COLUMNA5", "COLUMNA6"}));
+        QCOMPARE(dialogs.asked.at(0).text,
+                 QStringLiteral("Ingrese la cantidad de columnas por tapa!"));
+        QCOMPARE(dialogs.asked.at(0).title, QStringLiteral("defina un numero entre 2 y 8"));
+    }
+
+    void badAnswersAreReportedAndCancelIsNot()
+    {
+        nubo::platform::FakeDialogs dialogs;
+        dialogs.inputAnswers << QStringLiteral("x") << std::nullopt;
+        QVERIFY(!askCoverGrid(dialogs, namesOf(3)));
+        QCOMPARE(dialogs.asked.size(), 2);
+        QVERIFY(dialogs.asked.at(1).text.contains(QStringLiteral("No coinciden los tipos")));
+        QVERIFY(!askCoverGrid(dialogs, namesOf(3)));
+        QCOMPARE(dialogs.asked.size(), 3); // the question only
+    }
+
+    void columnsFillInListOrderWithNoNameLost_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("n");
+        QTest::addColumn<QList<int>>("sizes");
+        QTest::newRow("none") << 0 << 4 << QList<int>{0, 0, 0, 0};
+        QTest::newRow("one, R = 0") << 1 << 4 << QList<int>{1, 0, 0, 0};
+        QTest::newRow("N - 1") << 3 << 4 << QList<int>{1, 1, 1, 0};
+        QTest::newRow("R rounds down: two more") << 10 << 4 << QList<int>{3, 3, 2, 2};
+        QTest::newRow("R rounds up: last short") << 14 << 4 << QList<int>{4, 4, 4, 2};
+        QTest::newRow("N x R + 3") << 27 << 6 << QList<int>{5, 5, 5, 4, 4, 4};
+    }
+    void columnsFillInListOrderWithNoNameLost()
+    {
+        QFETCH(int, rows);
+        QFETCH(int, n);
+        QFETCH(QList<int>, sizes);
+        const QStringList names = namesOf(rows);
+        const auto grid = coverGridFor(QString::number(n), names, nullptr);
+        QVERIFY(grid);
+        QList<int> got;
+        for (const QStringList& column : grid->columns)
+            got << static_cast<int>(column.size());
+        QCOMPARE(got, sizes);
+        QCOMPARE(flattened(grid->columns), names); // column by column, in list order
+    }
+
+    void theLayoutKeepsEveryNameAndFitsLongOnes()
+    {
+        const LinearMeasure measure;
+        QStringList names = namesOf(400);
+        names[7] = QString(200, QLatin1Char('x')); // far too long for a sixth of 12 cm
+        QList<CoverRow> rows;
+        for (const QString& name : names)
+            rows.append({name, name == names.first() ? "Rock" : "Pop"});
+        const auto grid = coverGridFor(QStringLiteral("6"), names, nullptr);
+        const QList<CoverPage> pages = layoutCover(rows, grid->columns, measure);
+        QVERIFY(pages.size() > 1); // 67 lines a column do not fit one cover
+        QStringList placed;
+        for (const CoverPage& page : pages) {
+            QCOMPARE(page.frame, QRectF(0, 0, 120, 120));
+            QVERIFY(page.texts.first().text.startsWith(QStringLiteral("Rock - Pop (")));
+            for (const PlacedText& text : page.texts.mid(1)) {
+                placed << text.text;
+                QVERIFY(page.frame.contains(text.box));
+                QVERIFY2(measure.widthMm(text.text, text.pointSize, false) <= text.box.width(),
+                         qPrintable(text.text));
+            }
+        }
+        QCOMPARE(placed.size(), names.size());
+        // The long name shrinks alone; its neighbours keep a readable size.
+        const auto sizeOf = [&](const QString& name) {
+            for (const PlacedText& text : pages.first().texts)
+                if (text.text == name)
+                    return text.pointSize;
+            return 0.0;
+        };
+        QVERIFY(sizeOf(names[7]) < 1.0);
+        QCOMPARE(sizeOf(names[6]), sizeOf(names[70])); // as large as the next column
+        for (const QString& name : names)
+            QVERIFY2(placed.contains(name), qPrintable(name));
+    }
+};
+
+QTEST_GUILESS_MAIN(CoverColumnsTest)
+#include "tst_CoverColumns.moc"

@@ -1,0 +1,114 @@
+#include "print/cli/CoverCommand.h"
+#include "print/ui/FormPrint1.h"
+
+#include "app/cli/Cli.h"
+#include "catalogue/CatalogueList.h"
+#include "database/CatalogueFiles.h"
+#include "platform/fakes/FakeDialogs.h"
+
+#include "TestFiles.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+#include <QtTest>
+
+using namespace nubo::print;
+
+namespace {
+
+// The text pdftotext reads from a PDF, blanks folded.
+QString pdfText(const QString& path)
+{
+    QProcess process;
+    process.start(QStringLiteral("pdftotext"), {path, QStringLiteral("-")});
+    if (!process.waitForFinished(10000) || process.exitCode() != 0)
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput()).simplified();
+}
+
+int runCli(const QStringList& args, QString* err)
+{
+    QString out;
+    QTextStream outStream(&out);
+    QTextStream errStream(err);
+    nubo::cli::CliIo io{outStream, errStream};
+    const int status = nubo::cli::Cli({nubo::print::cli::coverCommand()}).run(args, io);
+    errStream.flush();
+    return status;
+}
+
+} // namespace
+
+class FormPrint1Test final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void loadingLaysTheListOutInColumns()
+    {
+        nubo::catalogue::CatalogueList list;
+        for (int i = 10; i >= 1; --i) // the last inserted is the top row
+            list.insertAtTop(
+                {QStringLiteral("tema %1").arg(i), {}, QStringLiteral("Rock"), {}, {}});
+        nubo::platform::FakeDialogs dialogs;
+        dialogs.inputAnswers << QStringLiteral("4") << QStringLiteral("cero");
+        FormPrint1 form(dialogs, list);
+        QVERIFY(form.Form_Load());
+        QCOMPARE(form.ListView1->objectName(), QStringLiteral("ListView1"));
+        QCOMPARE(form.ListView1->columnCount(), 4);
+        QCOMPARE(form.ListView1->headerItem()->text(3), QStringLiteral("COLUMNA4"));
+        QCOMPARE(form.ListView1->topLevelItemCount(), 3); // R = 2, and two names more
+        QCOMPARE(form.ListView1->topLevelItem(0)->text(0), QStringLiteral("tema 1"));
+        QCOMPARE(form.ListView1->topLevelItem(0)->text(1), QStringLiteral("tema 4"));
+        QCOMPARE(form.ListView1->topLevelItem(2)->text(1), QStringLiteral("tema 6"));
+
+        QVERIFY(!form.Form_Load()); // a refused answer leaves the columns as they were
+        QCOMPARE(dialogs.asked.last().kind, QStringLiteral("message"));
+        QCOMPARE(form.ListView1->columnCount(), 4);
+
+        QTemporaryDir dir;
+        const QString pdf = dir.filePath(QStringLiteral("tapa.pdf"));
+        QVERIFY(form.saveAsPdf(pdf));
+        QVERIFY(nubo::test::fileBytes(pdf).startsWith("%PDF"));
+    }
+
+    void cliDrawsTheCoverOfAWorkbookAndATsv()
+    {
+        QTemporaryDir dir;
+        const QString xls = dir.filePath(QStringLiteral("cat.xls"));
+        const QList<nubo::database::CatalogueRecord> records{
+            {QStringLiteral("Canción de cuna"), QStringLiteral("\\a\\"), QStringLiteral("Boleros"),
+             QStringLiteral("MP3")},
+            {QStringLiteral("Otra"), QStringLiteral("\\a\\"), QStringLiteral("Boleros"),
+             QStringLiteral("MP3")}};
+        QVERIFY(nubo::database::saveCatalogue(
+                    xls, {}, {records.size(), [&](qsizetype i) { return records.at(i); }})
+                    .ok);
+        const QString tsv = nubo::test::writtenFile(
+            dir.filePath(QStringLiteral("scan.tsv")),
+            "Primera\t\\m\\\tTangos\tMP3\tD:\nSegunda\t\\m\\\tTangos\tMP3\tD:\n");
+        for (const QString& input : {xls, tsv}) {
+            const QString pdf = dir.filePath(QStringLiteral("tapa.pdf"));
+            QString err;
+            QCOMPARE(runCli({QStringLiteral("cover"), input, QStringLiteral("--columns"),
+                             QStringLiteral("2"), QStringLiteral("--output"), pdf},
+                            &err),
+                     0);
+            const QString text = pdfText(pdf);
+            QVERIFY2(text.contains(input == xls ? QStringLiteral("Canción de cuna")
+                                                : QStringLiteral("Segunda")),
+                     qPrintable(text));
+        }
+        QString err;
+        QCOMPARE(
+            runCli({QStringLiteral("cover"), tsv, QStringLiteral("--columns"), QStringLiteral("0"),
+                    QStringLiteral("--output"), dir.filePath(QStringLiteral("x.pdf"))},
+                   &err),
+            1);
+        QVERIFY(err.contains(QStringLiteral("División por cero")));
+        QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("x.pdf"))));
+    }
+};
+
+QTEST_MAIN(FormPrint1Test)
+#include "tst_FormPrint1.moc"
