@@ -37,6 +37,7 @@ bool Composition::start()
         m_appFolder, *m_services.drives, m_dialogs, *m_shell, m_options});
     connectList();
     connectSearch();
+    connectCatalogueFiles();
     m_mainWindow.show();
     return true;
 }
@@ -84,6 +85,25 @@ void Composition::connectSearch()
     m_windows.connectWindow(FrameWindow::Search, &m_search->form3);
     QObject::connect(&m_search->form3, &search::Form3::closed, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(4); });
+}
+
+// "&Guardar", "Guardar &Como", "&Desde Archivo" and the save step of emptying the list.
+void Composition::connectCatalogueFiles()
+{
+    catalogue::Form1& form = m_list->form;
+    m_fileView = std::make_unique<database::ListWindowFileView>(form);
+    m_files = std::make_unique<database::CatalogueFileFlow>(database::TransferServices{
+        m_list->catalogue, *m_fileView, m_dialogs, m_log, m_options, m_sheetSettings});
+    m_list->catalogue.setSaveFlow(m_files.get());
+    database::CatalogueFileFlow* files = m_files.get();
+    QObject::connect(&form, &catalogue::Form1::saveRequested, &form, [files] { files->save(); });
+    QObject::connect(&form, &catalogue::Form1::saveAsRequested, &form,
+                     [files] { files->saveAs(); });
+    QObject::connect(&form, &catalogue::Form1::loadCatalogueRequested, &form,
+                     [files] { files->loadFromFile(); });
+    QObject::connect(&form, &catalogue::Form1::cancelRequested, &files->transfer(),
+                     &database::CatalogueTransfer::raiseCancelFlag);
+    // The sheet configuration window refreshes its name field from sheetNameChanged.
 }
 
 } // namespace nubo::app
