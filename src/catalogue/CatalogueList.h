@@ -73,12 +73,16 @@ private:
     // Rows are stored bottom first, so adding at the top is an append.
     std::size_t storageIndex(int position) const { return m_rows.size() - 1 - position; }
     // The stored row a view row shows.
-    std::size_t shownIndex(int viewRow) const { return std::size_t(m_pendingBottom + m_shown - 1 - viewRow); }
+    std::size_t shownIndex(int viewRow) const
+    {
+        return std::size_t(m_pendingBottom + m_shown - 1 - viewRow);
+    }
     void removeStorageRange(std::size_t first, std::size_t last);
     void scheduleFlush();
 
     std::deque<CatalogueRow> m_rows;
-    int m_pendingBottom = 0; // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
+    int m_pendingBottom =
+        0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)
     QTimer m_flushTimer;
 };

@@ -59,7 +59,8 @@ void CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
     const QString name = reader.sheetName();
     m_s.sheet.sheetName = name;
     emit sheetNameChanged(name);
-    showStatus(QStringLiteral("Comprobando formato ") + name + QStringLiteral("..."), 10000, kWhite);
+    showStatus(QStringLiteral("Comprobando formato ") + name + QStringLiteral("..."), 10000,
+               kWhite);
     // No blank after the point, kept as the program has always written it.
     showStatus(QStringLiteral("El formato de la base es correcto, buscando el final de ") + name +
                    QStringLiteral(".Por favor Espere..."),
