@@ -216,6 +216,8 @@ private slots:
         f.dialogs.fileAnswers.enqueue(f.path(typed));
         f.flow.save();
         QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Guardar como..."));
+        QCOMPARE(f.dialogs.fileStartPaths.last(), QStringLiteral("c:"));
+        QCOMPARE(f.dialogs.asked.last().text, database::CatalogueFileFlow::saveFilter());
         QCOMPARE(f.catalogue.currentFile(), f.path(saved));
         QCOMPARE(storedNames(f.path(saved)), (QStringList{"r0", "r1"}));
         // The second "&Guardar" writes again without asking.
@@ -223,6 +225,25 @@ private slots:
         f.flow.save();
         QCOMPARE(f.dialogs.asked.size(), 1);
         QCOMPARE(storedNames(f.path(saved)).size(), 3);
+        f.flow.saveAs(); // starts at the current file; cancelled
+        QCOMPARE(f.dialogs.fileStartPaths.last(), f.path(saved));
+    }
+
+    // The style is applied only with CONFIGEXCEL on.
+    void sheetStyleFollowsTheOption()
+    {
+        Flow f;
+        f.fill(2);
+        const auto saved = [&f](bool on, quint32 fill) {
+            f.options.setValue(app::Option::ConfigExcel, on ? 1 : 0);
+            f.sheet.style.fillColor = fill;
+            const QString path = f.path(QStringLiteral("s.xls"));
+            f.flow.SaveByExtension(path);
+            return test::fileBytes(path);
+        };
+        const QByteArray plain = saved(false, 0xFFFFFF);
+        QCOMPARE(saved(false, 0x123456), plain);
+        QVERIFY(saved(true, 0x123456) != plain);
     }
 
     void cancelledDialogsChangeNothing()
@@ -232,6 +253,7 @@ private slots:
         f.catalogue.setCurrentFile(f.path(QStringLiteral("x.mdb")));
         f.flow.saveAs();
         QCOMPARE(f.status(), QStringLiteral("La lista no se guardará"));
+        QCOMPARE(f.dialogs.fileStartPaths.first(), f.path(QStringLiteral("x.mdb")));
         f.flow.loadFromFile();
         QCOMPARE(f.status(), QStringLiteral("No se abrira ninguna base de datos"));
         QCOMPARE(f.catalogue.currentFile(), f.path(QStringLiteral("x.mdb")));
