@@ -130,7 +130,8 @@ private slots:
         QCOMPARE(f.status(), QStringLiteral("Agregados 4 archivos a la base de datos."));
         QCOMPARE(f.view.maximum, 4);
         f.catalogue.list().clear();
-        f.flow.LoadByExtension(path);
+        f.flow.openFile(path);
+        QCOMPARE(f.catalogue.currentFile(), path);
         const bool workbook = name.endsWith(QLatin1String("xls"));
         // A database loads its last record first.
         const QStringList expected =

@@ -119,8 +119,12 @@ void CatalogueFileFlow::saveAs()
 void CatalogueFileFlow::loadFromFile()
 {
     const QString path = AskOpenFile();
-    if (path.isEmpty())
-        return;
+    if (!path.isEmpty())
+        openFile(path);
+}
+
+void CatalogueFileFlow::openFile(const QString& path)
+{
     m_catalogue.setCurrentFile(path);
     LoadByExtension(path);
 }

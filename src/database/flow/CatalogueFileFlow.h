@@ -23,8 +23,10 @@ public:
     QString AskOpenFile();
     QString AskSaveFile(const QString& title, const QString& startFolder);
     void SaveByExtension(const QString& path);
-    // What "&Desde Archivo" does with the chosen file; also opens a file named at start-up.
     void LoadByExtension(const QString& path);
+    // What "&Desde Archivo" does with the chosen file (it becomes the current file, its rows
+    // are appended); also for a file named when the program starts.
+    void openFile(const QString& path);
 
     // ICatalogueSaveFlow
     void saveToCurrentFile(const QString& currentFile) override;

@@ -15,6 +15,7 @@ void ListWindowFileView::beginProgress(int maximum)
     m_form.ProgressBar1->show();
     m_form.ListView1->setEnabled(false);
     m_sinceRepaint.start();
+    m_sinceEvents.start();
 }
 
 void ListWindowFileView::setProgress(int value)
@@ -33,7 +34,10 @@ void ListWindowFileView::endProgress()
 
 void ListWindowFileView::processEvents()
 {
+    if (m_sinceEvents.isValid() && m_sinceEvents.nsecsElapsed() < kEventsNs)
+        return;
     QCoreApplication::processEvents();
+    m_sinceEvents.start();
 }
 
 } // namespace nubo::database

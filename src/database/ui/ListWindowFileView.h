@@ -11,11 +11,14 @@ class Form1;
 namespace nubo::database {
 
 // A catalogue save or load as the list window shows it: the list disabled, ProgressBar1
-// moving. The bar is repainted at most every kRepaintMs, so a fast loop is not slowed by it.
+// moving. The loops offer to let events run once per row; they run at most every kEventsMs
+// (Escape still arrives within a few milliseconds), and the bar is repainted at most every
+// kRepaintMs, so neither slows a fast loop down.
 class ListWindowFileView final : public ITransferView
 {
 public:
     static constexpr int kRepaintMs = 40;
+    static constexpr qint64 kEventsNs = 2'000'000;
 
     explicit ListWindowFileView(catalogue::Form1& form) : m_form(form) {}
 
@@ -27,6 +30,7 @@ public:
 private:
     catalogue::Form1& m_form;
     QElapsedTimer m_sinceRepaint;
+    QElapsedTimer m_sinceEvents;
 };
 
 } // namespace nubo::database
