@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 namespace nubo::app {
 
@@ -40,14 +41,18 @@ bool Composition::start()
     connectList();
     connectSearch();
     connectPrint();
+    connectCatalogueFiles();
     m_mainWindow.show();
     return true;
 }
 
 void Composition::openAtStart(const QString& path)
 {
-    // Kept until the list window's "&Desde Archivo" load flow takes it.
-    m_pathAtStart = path;
+    // Once the event loop runs, so the list window is on screen while the rows come in.
+    QTimer::singleShot(0, &m_mainWindow, [this, path] {
+        m_windows.showWindow(FrameWindow::List);
+        m_files->openFile(QFileInfo(path).absoluteFilePath());
+    });
 }
 
 void Composition::connectFrame()
@@ -121,6 +126,25 @@ void Composition::connectPrint()
             m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list());
         m_cover->showCover();
     });
+}
+
+// "&Guardar", "Guardar &Como", "&Desde Archivo" and the save step of emptying the list.
+void Composition::connectCatalogueFiles()
+{
+    catalogue::Form1& form = m_list->form;
+    m_fileView = std::make_unique<database::ListWindowFileView>(form);
+    m_files = std::make_unique<database::CatalogueFileFlow>(database::TransferServices{
+        m_list->catalogue, *m_fileView, m_dialogs, m_log, m_options, m_sheetSettings});
+    m_list->catalogue.setSaveFlow(m_files.get());
+    database::CatalogueFileFlow* files = m_files.get();
+    QObject::connect(&form, &catalogue::Form1::saveRequested, &form, [files] { files->save(); });
+    QObject::connect(&form, &catalogue::Form1::saveAsRequested, &form,
+                     [files] { files->saveAs(); });
+    QObject::connect(&form, &catalogue::Form1::loadCatalogueRequested, &form,
+                     [files] { files->loadFromFile(); });
+    QObject::connect(&form, &catalogue::Form1::cancelRequested, &files->transfer(),
+                     &database::CatalogueTransfer::raiseCancelFlag);
+    // The sheet configuration window refreshes its name field from sheetNameChanged.
 }
 
 } // namespace nubo::app

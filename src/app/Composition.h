@@ -4,6 +4,9 @@
 #include "app/Options.h"
 #include "app/OptionsStore.h"
 #include "catalogue/ui/ListWindow.h"
+#include "database/SheetSettings.h"
+#include "database/flow/CatalogueFileFlow.h"
+#include "database/ui/ListWindowFileView.h"
 #include "frame/ui/Form12.h"
 #include "frame/ui/Form5.h"
 #include "frame/ui/Form6.h"
@@ -40,6 +43,7 @@ private:
     void showAsNubo();
     void endProgram();
     void connectPrint();
+    void connectCatalogueFiles();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
@@ -47,6 +51,7 @@ private:
     Options m_options;
     ActivityLog m_log;
     OptionsStore m_store;
+    database::SheetSettings m_sheetSettings;
 
     frame::WindowDirectory m_windows;
     frame::QtNotifyArea m_notifyArea;
@@ -60,8 +65,9 @@ private:
     std::unique_ptr<catalogue::ListWindow> m_list;
     std::unique_ptr<search::ListWindowHost> m_searchHost;
     std::unique_ptr<search::SearchWindows> m_search;
-    QString m_pathAtStart;
     std::unique_ptr<print::FormPrint1> m_cover; // created when first asked for
+    std::unique_ptr<database::ListWindowFileView> m_fileView;
+    std::unique_ptr<database::CatalogueFileFlow> m_files;
 };
 
 } // namespace nubo::app

@@ -23,6 +23,18 @@ CatalogueList::CatalogueList(QObject* parent) : QAbstractTableModel(parent)
 void CatalogueList::insertAtTop(CatalogueRow row)
 {
     m_rows.push_back(std::move(row));
+    scheduleFlush();
+}
+
+void CatalogueList::appendAtBottom(CatalogueRow row)
+{
+    m_rows.push_front(std::move(row));
+    ++m_pendingBottom;
+    scheduleFlush();
+}
+
+void CatalogueList::scheduleFlush()
+{
     if (!m_flushTimer.isActive())
         m_flushTimer.start();
 }
@@ -30,12 +42,17 @@ void CatalogueList::insertAtTop(CatalogueRow row)
 void CatalogueList::flush()
 {
     m_flushTimer.stop();
-    const int pending = pendingCount();
-    if (pending == 0)
-        return;
-    beginInsertRows({}, 0, pending - 1);
-    m_shown = count();
-    endInsertRows();
+    if (const int top = pendingTop(); top > 0) {
+        beginInsertRows({}, 0, top - 1);
+        m_shown += top;
+        endInsertRows();
+    }
+    if (m_pendingBottom > 0) {
+        beginInsertRows({}, m_shown, m_shown + m_pendingBottom - 1);
+        m_shown += m_pendingBottom;
+        m_pendingBottom = 0;
+        endInsertRows();
+    }
 }
 
 void CatalogueList::removeAt(int position)
@@ -52,7 +69,8 @@ void CatalogueList::removeStorageRange(std::size_t first, std::size_t last)
 {
     m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(first),
                  m_rows.begin() + static_cast<std::ptrdiff_t>(last) + 1);
-    m_shown = count();
+    m_shown = count(); // callers flush first, so nothing is pending
+    m_pendingBottom = 0;
 }
 
 void CatalogueList::clear()
@@ -61,6 +79,7 @@ void CatalogueList::clear()
     beginResetModel();
     m_rows.clear();
     m_shown = 0;
+    m_pendingBottom = 0;
     endResetModel();
 }
 
@@ -122,7 +141,7 @@ void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
             QString::compare(row(a).text(column), row(b).text(column), Qt::CaseInsensitive);
         return order == Qt::AscendingOrder ? c < 0 : c > 0;
     });
-    std::vector<CatalogueRow> sorted(m_rows.size());
+    std::deque<CatalogueRow> sorted(m_rows.size());
     std::vector<int> newPositionOf(m_rows.size());
     for (int p = 0; p < count(); ++p) {
         sorted[storageIndex(p)] = std::move(m_rows[storageIndex(byNewPosition[p])]);
@@ -142,12 +161,12 @@ int CatalogueList::positionOf(const QModelIndex& index) const
 {
     if (!index.isValid() || index.row() >= m_shown)
         return -1;
-    return index.row() + pendingCount();
+    return index.row() + pendingTop();
 }
 
 QModelIndex CatalogueList::indexAt(int position, Column column) const
 {
-    const int viewRow = position - pendingCount();
+    const int viewRow = position - pendingTop();
     if (viewRow < 0 || viewRow >= m_shown)
         return {};
     return index(viewRow, static_cast<int>(column));
@@ -168,7 +187,7 @@ QVariant CatalogueList::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) ||
         (role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
-    const CatalogueRow& r = m_rows[static_cast<std::size_t>(m_shown - 1 - index.row())];
+    const CatalogueRow& r = m_rows[shownIndex(index.row())];
     return r.text(static_cast<Column>(index.column()));
 }
 
@@ -177,7 +196,7 @@ bool CatalogueList::setData(const QModelIndex& index, const QVariant& value, int
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::EditRole ||
         index.column() != static_cast<int>(Column::Nombre))
         return false;
-    m_rows[static_cast<std::size_t>(m_shown - 1 - index.row())].nombre = value.toString();
+    m_rows[shownIndex(index.row())].nombre = value.toString();
     emit dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
     return true;
 }

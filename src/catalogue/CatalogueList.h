@@ -7,6 +7,7 @@
 //   int count() const                       number of rows
 //   const CatalogueRow& row(int p) const    the row at position p
 //   void insertAtTop(CatalogueRow)          O(1): the new row becomes position 0
+//   void appendAtBottom(CatalogueRow)       O(1): the new row becomes the last position
 //   void removeAt(int p), void clear()
 //   bool isSelected(int p), void setSelected(int p, bool)
 //   int removeSelected()                    removes every selected row; returns how many
@@ -16,16 +17,17 @@
 // Rows are derived from paths by Catalogue::AddFileToList (Catalogue.h), the one way in
 // which a found or dropped file becomes a row.
 //
-// As a Qt model it is a five-column table. Rows added at the top are announced to views in
-// batches (at most every kFlushIntervalMs, and before any other change), so a long search
-// costs one view update per batch rather than one per row: rowCount() may lag count().
+// As a Qt model it is a five-column table. Rows added at the top or the bottom are announced
+// to views in batches (at most every kFlushIntervalMs, and before any other change), so a long
+// search or load costs one view update per batch rather than one per row: rowCount() may lag
+// count().
 
 #include "catalogue/CatalogueRow.h"
 
 #include <QAbstractTableModel>
 #include <QTimer>
 
-#include <vector>
+#include <deque>
 
 namespace nubo::catalogue {
 
@@ -42,6 +44,7 @@ public:
     const CatalogueRow& row(int position) const { return m_rows[storageIndex(position)]; }
 
     void insertAtTop(CatalogueRow row);
+    void appendAtBottom(CatalogueRow row);
     void removeAt(int position);
     void clear();
     bool isSelected(int position) const { return row(position).selected; }
@@ -52,6 +55,8 @@ public:
 
     void flush();
     int pendingCount() const { return count() - m_shown; }
+    // Rows added at the top and not yet shown: the shift between positions and view rows.
+    int pendingTop() const { return count() - m_shown - m_pendingBottom; }
     int positionOf(const QModelIndex& index) const;
     QModelIndex indexAt(int position, Column column = Column::Nombre) const;
 
@@ -65,12 +70,20 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    // Rows are stored oldest first, so adding at the top is an append.
+    // Rows are stored bottom first, so adding at the top is an append.
     std::size_t storageIndex(int position) const { return m_rows.size() - 1 - position; }
+    // The stored row a view row shows.
+    std::size_t shownIndex(int viewRow) const
+    {
+        return std::size_t(m_pendingBottom + m_shown - 1 - viewRow);
+    }
     void removeStorageRange(std::size_t first, std::size_t last);
+    void scheduleFlush();
 
-    std::vector<CatalogueRow> m_rows;
-    int m_shown = 0; // rows announced to views: m_rows[0, m_shown)
+    std::deque<CatalogueRow> m_rows;
+    int m_pendingBottom =
+        0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
+    int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)
     QTimer m_flushTimer;
 };
 

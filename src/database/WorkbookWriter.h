@@ -30,6 +30,8 @@ public:
     // Checks the layout and that expectedRows fit on one sheet; nothing is written yet.
     bool begin(const QString& path, WorkbookLayout layout, qsizetype expectedRows);
     bool addRow(const CatalogueRecord& record);
+    // Leaves the sheet unstyled after all, as a cancelled save does.
+    void dropStyle() { m_layout.style.reset(); }
     // Writes the workbook; the previous file at the path is replaced only when all went well.
     bool finish();
 

@@ -71,6 +71,25 @@ private slots:
         QCOMPARE(list.indexAt(100).data().toString(), QStringLiteral("old"));
     }
 
+    // Loaded rows go below the others; both ends may be pending at once.
+    void rowsAppendedAtTheBottom()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        fill(list, {"mid"});
+        list.appendAtBottom(rowNamed(QStringLiteral("b1")));
+        list.insertAtTop(rowNamed(QStringLiteral("top")));
+        list.appendAtBottom(rowNamed(QStringLiteral("b2")));
+        QCOMPARE(names(list), QStringList({"top", "mid", "b1", "b2"}));
+        QCOMPARE(list.positionOf(list.index(0, 0)), 1);
+        QCOMPARE(list.indexAt(1).data().toString(), QStringLiteral("mid"));
+        list.flush();
+        QCOMPARE(shownNames(list), names(list));
+        list.appendAtBottom(rowNamed(QStringLiteral("b3")));
+        list.sortByColumn(Column::Nombre, Qt::AscendingOrder); // flushes first
+        QCOMPARE(shownNames(list), QStringList({"b1", "b2", "b3", "mid", "top"}));
+    }
+
     void removesSelectedRuns_data()
     {
         QTest::addColumn<QList<int>>("selected");

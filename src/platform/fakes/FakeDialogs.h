@@ -25,6 +25,7 @@ public:
     QQueue<MessageAnswer> messageAnswers;        // empty: the first button (Ok or Yes)
     QQueue<std::optional<QString>> inputAnswers; // empty: the default text
     QQueue<QString> fileAnswers;                 // empty: cancelled
+    QStringList fileStartPaths;                  // where each file dialog was to open
 
     MessageAnswer messageBox(const QString& text, const QString& title, MessageButtons buttons,
                              MessageIcon icon) override
@@ -43,14 +44,18 @@ public:
         return inputAnswers.isEmpty() ? std::optional<QString>(defaultText)
                                       : inputAnswers.dequeue();
     }
-    QString saveFileName(const QString& title, const QString& filter, const QString&) override
+    QString saveFileName(const QString& title, const QString& filter,
+                         const QString& startPath) override
     {
         asked.append({QStringLiteral("save"), filter, title});
+        fileStartPaths.append(startPath);
         return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
     }
-    QString openFileName(const QString& title, const QString& filter, const QString&) override
+    QString openFileName(const QString& title, const QString& filter,
+                         const QString& startPath) override
     {
         asked.append({QStringLiteral("open"), filter, title});
+        fileStartPaths.append(startPath);
         return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
     }
 };

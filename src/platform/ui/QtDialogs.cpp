@@ -1,6 +1,10 @@
 #include "platform/ui/QtDialogs.h"
 
+#include "platform/FileDialogRules.h"
+
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -77,13 +81,30 @@ std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString&
 QString QtDialogs::saveFileName(const QString& title, const QString& filter,
                                 const QString& startPath)
 {
-    return QFileDialog::getSaveFileName(m_parent, title, startPath, filter);
+    return askFileName(title, filter, startPath, QFileDialog::AcceptSave);
 }
 
 QString QtDialogs::openFileName(const QString& title, const QString& filter,
                                 const QString& startPath)
 {
-    return QFileDialog::getOpenFileName(m_parent, title, startPath, filter);
+    return askFileName(title, filter, startPath, QFileDialog::AcceptOpen);
+}
+
+// The filter's patterns stay out of sight, as the descriptions already name them.
+QString QtDialogs::askFileName(const QString& title, const QString& filter,
+                               const QString& startPath, int mode)
+{
+    QFileDialog dialog(m_parent, title, dialogStartPath(startPath, m_lastFolder, QDir::homePath()),
+                       qtNameFilters(filter));
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setAcceptMode(static_cast<QFileDialog::AcceptMode>(mode));
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                       : QFileDialog::AnyFile);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QString chosen = dialog.selectedFiles().constFirst();
+    m_lastFolder = QFileInfo(chosen).absolutePath();
+    return chosen;
 }
 
 } // namespace nubo::platform

@@ -24,7 +24,11 @@ public:
                          const QString& startPath) override;
 
 private:
+    QString askFileName(const QString& title, const QString& filter, const QString& startPath,
+                        int mode);
+
     QPointer<QWidget> m_parent;
+    QString m_lastFolder; // where the last file dialog ended
 };
 
 } // namespace nubo::platform

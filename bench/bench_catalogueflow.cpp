@@ -1,0 +1,149 @@
+// Saves and loads 30,000 rows through the list window's flow (shown offscreen), in each format,
+// against the bare writer and reader; and how long Escape waits to stop a running save.
+#include "app/ActivityLog.h"
+#include "app/Options.h"
+#include "catalogue/ui/ListWindow.h"
+#include "database/CatalogueFiles.h"
+#include "database/flow/CatalogueFileFlow.h"
+#include "database/ui/ListWindowFileView.h"
+#include "platform/fakes/FakeDialogs.h"
+#include "platform/fakes/FakeDrives.h"
+#include "platform/fakes/FakeShell.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QTimer>
+
+namespace {
+
+using namespace nubo;
+
+constexpr int kRows = 30000;
+
+void fill(catalogue::CatalogueList& list)
+{
+    list.clear();
+    for (int i = 0; i < kRows; ++i)
+        list.insertAtTop({QStringLiteral("tema %1").arg(i),
+                          QStringLiteral("/Disco%1/").arg(i / 500),
+                          QStringLiteral("Discos de prueba"), QStringLiteral("MP3"),
+                          QStringLiteral("/media/cd")});
+    list.flush();
+}
+
+double seconds(const QElapsedTimer& clock)
+{
+    return double(clock.nsecsElapsed()) / 1e9;
+}
+
+// Everything the flow needs around one shown list window.
+struct Bench
+{
+    QTemporaryDir dir;
+    platform::AppFolder app{dir.path()};
+    platform::FakeDrives drives;
+    platform::FakeDialogs dialogs;
+    platform::FakeShell shell;
+    app::Options options;
+    app::ActivityLog log{app, [] { return false; }};
+    database::SheetSettings sheet;
+    catalogue::ListWindow list{{app, drives, dialogs, shell, options}};
+    database::ListWindowFileView view{list.form};
+    database::CatalogueFileFlow flow{{list.catalogue, view, dialogs, log, options, sheet}};
+
+    Bench()
+    {
+        QObject::connect(&list.form, &catalogue::Form1::cancelRequested, &flow.transfer(),
+                         &database::CatalogueTransfer::raiseCancelFlag);
+        list.form.show();
+        QCoreApplication::processEvents();
+    }
+
+    double timeSave(const QString& path)
+    {
+        fill(list.catalogue.list());
+        QCoreApplication::processEvents(); // the rows are on screen before the user saves
+        QElapsedTimer clock;
+        clock.start();
+        flow.SaveByExtension(path);
+        return seconds(clock);
+    }
+    double timeLoad(const QString& path)
+    {
+        list.catalogue.list().clear();
+        QElapsedTimer clock;
+        clock.start();
+        flow.LoadByExtension(path);
+        list.catalogue.list().flush();
+        QCoreApplication::processEvents(); // the last layout and repaint
+        return seconds(clock);
+    }
+    // Escape pressed 10 ms into a save: how long until the save has ended (the rows written so
+    // far are still saved).
+    double escapeWait(const QString& path)
+    {
+        fill(list.catalogue.list());
+        QElapsedTimer pressed;
+        QTimer::singleShot(10, &list.form, [&] {
+            pressed.start();
+            QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            QCoreApplication::sendEvent(&list.form, &escape);
+        });
+        flow.SaveByExtension(path);
+        return pressed.isValid() ? double(pressed.nsecsElapsed()) / 1e6 : -1;
+    }
+};
+
+double bareSave(const catalogue::CatalogueList& list, const QString& path)
+{
+    database::CatalogueRowSource rows{
+        list.count(), [&list](qsizetype i) {
+            const auto& r = list.row(int(i));
+            return database::CatalogueRecord{r.nombre, r.direccion, r.origen, r.formato};
+        }};
+    QElapsedTimer clock;
+    clock.start();
+    database::saveCatalogue(path, {}, rows);
+    return seconds(clock);
+}
+
+double bareLoad(const QString& path)
+{
+    QElapsedTimer clock;
+    clock.start();
+    QString error;
+    database::loadCatalogue(path, &error);
+    return seconds(clock);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    Bench bench;
+    QTextStream out(stdout);
+    out << kRows << " rows through the list window's flow (bare writer / reader beside):\n";
+    // Two rounds: the first also pays for the window's first repaint with the list disabled.
+    const QStringList rounds{QStringLiteral("lista.mdb"), QStringLiteral("lista.xls"),
+                             QStringLiteral("lista.mdb"), QStringLiteral("lista.xls")};
+    for (const QString& name : rounds) {
+        const QString path = bench.dir.filePath(name);
+        const QString barePath = bench.dir.filePath(QStringLiteral("bare_") + name);
+        const double save = bench.timeSave(path);
+        const double bareW = bareSave(bench.list.catalogue.list(), barePath);
+        const double load = bench.timeLoad(path);
+        const double bareR = bareLoad(path);
+        out << "  " << name << ": save " << save << " s (bare " << bareW << " s, x" << save / bareW
+            << "), load " << load << " s (bare " << bareR << " s, x" << load / bareR
+            << "), rows loaded " << bench.list.catalogue.list().count() << "\n";
+        out << "    Escape during the save stopped it after " << bench.escapeWait(path) << " ms; "
+            << bench.list.catalogue.info().text() << "\n";
+    }
+    return 0;
+}

@@ -1,0 +1,91 @@
+// The workbook's save and load loops.
+#include "app/Options.h"
+#include "catalogue/Catalogue.h"
+#include "catalogue/Colours.h"
+#include "database/WorkbookReader.h"
+#include "database/WorkbookWriter.h"
+#include "database/flow/CatalogueTransfer.h"
+#include "database/flow/TransferRun.h"
+
+#include <cstdlib>
+
+namespace nubo::database {
+
+using catalogue::colours::kWhite;
+
+void CatalogueTransfer::SaveListToWorkbook(const QString& path)
+{
+    TransferRun run(*this);
+    if (!run)
+        return;
+    if (!targetWritable(path))
+        return fileFailed(path);
+    const int n = m_s.catalogue.list().count();
+    std::optional<SheetStyle> style;
+    if (m_s.options.isOn(app::Option::ConfigExcel))
+        style = m_s.sheet.style;
+    WorkbookWriter writer;
+    if (!writer.begin(path, {m_s.sheet.sheetName, header(), style}, n))
+        return workbookSaveFailed(path);
+    run.showProgress(n);
+    int r = 3; // the sheet row; list row r - 2
+    bool cancelled = false;
+    for (; r <= n + 2; ++r) {
+        if (cancelSeen()) {
+            cancelled = true;
+            break;
+        }
+        m_s.view.setProgress(r - 2);
+        if (!writer.addRow(record(r - 3)))
+            return workbookSaveFailed(path);
+    }
+    if (cancelled)
+        writer.dropStyle(); // a cancelled save is still written, unstyled
+    if (!writer.finish())
+        return fileFailed(path);
+    run.hideProgress();
+    // The count is the row counter at loop exit minus 3: the rows written.
+    reportAdded(QString::number(r - 3), cancelled);
+}
+
+void CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
+{
+    TransferRun run(*this);
+    if (!run)
+        return;
+    WorkbookReader reader;
+    if (!reader.open(path))
+        return workbookLoadFailed(path);
+    const QString name = reader.sheetName();
+    m_s.sheet.sheetName = name;
+    emit sheetNameChanged(name);
+    showStatus(QStringLiteral("Comprobando formato ") + name + QStringLiteral("..."), 10000,
+               kWhite);
+    // No blank after the point, kept as the program has always written it.
+    showStatus(QStringLiteral("El formato de la base es correcto, buscando el final de ") + name +
+                   QStringLiteral(".Por favor Espere..."),
+               10000, kWhite);
+    const qint64 lastRow = reader.lastRow();
+    showStatus(QStringLiteral("Se estan agregando ") + QString::number(lastRow - 2) +
+                   QStringLiteral(" archivos desde ") + path,
+               10000, kWhite);
+    run.showProgress(int(std::abs(lastRow - 2)));
+    qsizetype added = 0;
+    bool cancelled = false;
+    for (qint64 r = 3; r <= lastRow; ++r) {
+        if (cancelSeen()) {
+            cancelled = true;
+            break;
+        }
+        const CatalogueRecord row = reader.record(quint32(r));
+        if (!row.nombre.isEmpty()) { // rows without a name are skipped silently
+            appendRow(row);
+            ++added;
+        }
+        m_s.view.setProgress(int(r - 2));
+    }
+    run.hideProgress();
+    showLoaded(added, path, cancelled);
+}
+
+} // namespace nubo::database

@@ -1,0 +1,44 @@
+#include "platform/FileDialogRules.h"
+
+#include <QTest>
+
+using namespace nubo::platform;
+
+class TestFileDialogRules final : public QObject
+{
+    Q_OBJECT
+private slots:
+    void filtersMatchAnyCase()
+    {
+        const QString filters =
+            qtNameFilters(QStringLiteral("Todos (*.xls:*.mdb)|*.xls;*.mdb|Excel (*.xls)|*.xls"));
+        QCOMPARE(filters, QStringLiteral("Todos (*.xls:*.mdb) (*.[xX][lL][sS] *.[mM][dD][bB]);;"
+                                         "Excel (*.xls) (*.[xX][lL][sS])"));
+    }
+
+    void driveRootsMeanTheLastFolderOrHome_data()
+    {
+        QTest::addColumn<QString>("requested");
+        QTest::addColumn<QString>("last");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("c: first time") << "c:"
+                                       << ""
+                                       << "/home/ana";
+        QTest::newRow("c:\\ after a dialog") << "C:\\"
+                                             << "/tmp/discos"
+                                             << "/tmp/discos";
+        QTest::newRow("a file's path") << "/tmp/a.mdb"
+                                       << "/tmp/discos"
+                                       << "/tmp/a.mdb";
+    }
+    void driveRootsMeanTheLastFolderOrHome()
+    {
+        QFETCH(QString, requested);
+        QFETCH(QString, last);
+        QFETCH(QString, expected);
+        QCOMPARE(dialogStartPath(requested, last, QStringLiteral("/home/ana")), expected);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFileDialogRules)
+#include "tst_filedialogrules.moc"
