@@ -1,5 +1,8 @@
 #include "platform/ui/QtDialogs.h"
 
+#include "platform/ui/FontDialog.h"
+
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -84,6 +87,22 @@ QString QtDialogs::openFileName(const QString& title, const QString& filter,
                                 const QString& startPath)
 {
     return QFileDialog::getOpenFileName(m_parent, title, startPath, filter);
+}
+
+std::optional<quint32> QtDialogs::chooseColor(quint32 initial)
+{
+    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(initial & 0xFFFFFF), m_parent);
+    if (!chosen.isValid())
+        return std::nullopt;
+    return chosen.rgb() & 0xFFFFFF;
+}
+
+std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& initial)
+{
+    FontDialog dialog(initial, m_parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.choice();
 }
 
 } // namespace nubo::platform
