@@ -30,6 +30,8 @@ public:
     // Checks the layout and that expectedRows fit on one sheet; nothing is written yet.
     bool begin(const QString& path, WorkbookLayout layout, qsizetype expectedRows);
     bool addRow(const CatalogueRecord& record);
+    // The sheet is finished without the layout's style (a stopped save is never styled).
+    void leaveUnstyled() { m_layout.style.reset(); }
     // Writes the workbook; the previous file at the path is replaced only when all went well.
     bool finish();
 
