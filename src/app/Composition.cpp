@@ -16,8 +16,9 @@ Composition::Composition()
     : m_appFolder(QCoreApplication::applicationDirPath()),
       m_services(platform::createLinuxPlatform()),
       m_log(m_appFolder, [this] { return m_options.isOn(Option::EscribirLog); }),
-      m_store(m_appFolder, m_options, m_log),
-      m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea}),
+      m_store(m_appFolder, m_options, m_log), m_sheetStore(m_appFolder),
+      m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea,
+                    [this] { return sheetWindow().windowIcon(); }}),
       m_optionsWindow(m_appFolder, m_options, m_store, m_log), m_authorWindow(m_appFolder),
       m_trayMenu(m_windows)
 {
@@ -65,6 +66,12 @@ void Composition::connectList()
                      [this] { m_mainWindow.playClosingFrames(1); });
     QObject::connect(&form, &catalogue::Form1::optionsWindowRequested, &m_optionsWindow,
                      [this] { m_windows.showWindow(FrameWindow::Options); });
+    QObject::connect(&form, &catalogue::Form1::sheetConfigurationRequested, &form, [this] {
+        database::Form7& window = sheetWindow();
+        window.show();
+        window.raise();
+        window.activateWindow();
+    });
     QObject::connect(&m_optionsWindow, &frame::Form5::ChkproClicked, &form,
                      [&form] { form.txtMp3Info->clear(); });
 }
@@ -84,6 +91,15 @@ void Composition::connectSearch()
     m_windows.connectWindow(FrameWindow::Search, &m_search->form3);
     QObject::connect(&m_search->form3, &search::Form3::closed, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(4); });
+}
+
+database::Form7& Composition::sheetWindow()
+{
+    if (!m_sheetWindow) {
+        m_sheetWindow = std::make_unique<database::Form7>(database::Form7::Deps{
+            m_appFolder, m_sheetSettings, m_sheetStore, m_dialogs, m_options, m_store, m_log});
+    }
+    return *m_sheetWindow;
 }
 
 } // namespace nubo::app

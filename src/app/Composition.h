@@ -4,6 +4,9 @@
 #include "app/Options.h"
 #include "app/OptionsStore.h"
 #include "catalogue/ui/ListWindow.h"
+#include "database/SheetSettings.h"
+#include "database/SheetSettingsStore.h"
+#include "database/ui/Form7.h"
 #include "frame/ui/Form12.h"
 #include "frame/ui/Form5.h"
 #include "frame/ui/Form6.h"
@@ -33,6 +36,8 @@ private:
     void connectFrame();
     void connectList();
     void connectSearch();
+    // The sheet configuration window, created on first use (the tray icon takes its icon).
+    database::Form7& sheetWindow();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
@@ -40,6 +45,8 @@ private:
     Options m_options;
     ActivityLog m_log;
     OptionsStore m_store;
+    database::SheetSettings m_sheetSettings;
+    database::SheetSettingsStore m_sheetStore;
 
     frame::WindowDirectory m_windows;
     frame::QtNotifyArea m_notifyArea;
@@ -53,6 +60,7 @@ private:
     std::unique_ptr<catalogue::ListWindow> m_list;
     std::unique_ptr<search::ListWindowHost> m_searchHost;
     std::unique_ptr<search::SearchWindows> m_search;
+    std::unique_ptr<database::Form7> m_sheetWindow;
 };
 
 } // namespace nubo::app

@@ -57,12 +57,12 @@ public:
     }
     std::optional<quint32> chooseColor(quint32 initial) override
     {
-        asked.append({QStringLiteral("color"), QString::number(initial, 16)});
+        asked.append({QStringLiteral("color"), QString::number(initial, 16), {}});
         return colorAnswers.isEmpty() ? std::nullopt : std::optional(colorAnswers.dequeue());
     }
     std::optional<FontChoice> chooseFont(const FontChoice& initial) override
     {
-        asked.append({QStringLiteral("font"), initial.name});
+        asked.append({QStringLiteral("font"), initial.name, {}});
         return fontAnswers.isEmpty() ? std::nullopt : std::optional(fontAnswers.dequeue());
     }
 };
