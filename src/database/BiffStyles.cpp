@@ -86,6 +86,16 @@ BiffStyles::BiffStyles(std::optional<SheetStyle> style) : m_style(std::move(styl
     }
 }
 
+// Styled rows are as tall as the spreadsheet makes a row for the style's font (1.275 times
+// its size), never lower than the default 12.75 points nor higher than 409.
+BiffCellLook BiffStyles::cellLook() const
+{
+    if (!m_style)
+        return {};
+    const auto height = std::lround(m_style->fontSize * 20 * 1.275);
+    return {16, true, quint16(std::clamp<long>(height, 255, 8180))};
+}
+
 quint8 BiffStyles::paletteIndex(quint32 rgb) const
 {
     const auto found = std::find(m_palette.begin(), m_palette.end(), rgb & 0xFFFFFF);

@@ -26,6 +26,7 @@ s = b.sheet_by_index(0)
 out = {"sheets": b.sheet_names(), "rows": [s.row_values(r) for r in range(s.nrows)],
        "cellFormats": sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))}),
        "row2Cells": s.row_len(1) if s.nrows > 1 else 0,
+       "rowHeights": sorted({i.height for i in s.rowinfo_map.values()}),
        "formats": len(b.xf_list), "fonts": len(b.font_list), "palette": len(b.palette_record)}
 if s.nrows > 0:
     xf = b.xf_list[out["cellFormats"][-1]]
@@ -177,6 +178,7 @@ private slots:
             QSKIP("python3-xlrd is not installed");
         QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{16}); // one format for all
         QCOMPARE(seen.value("row2Cells").toInt(), 4); // the empty row lies in the styled range
+        QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{319}); // 12.5 points of font
         const QJsonObject s = seen.value("style").toObject();
         QCOMPARE(s.value("font").toString(), QStringLiteral("Times New Roman"));
         QCOMPARE(s.value("height").toInt(), 250);
@@ -247,6 +249,7 @@ private slots:
             QSKIP("python3-xlrd is not installed");
         QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{15});
         QCOMPARE(seen.value("row2Cells").toInt(), 0);
+        QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{255});
         QCOMPARE(seen.value("formats").toInt(), 16);
         QCOMPARE(seen.value("fonts").toInt(), 4);
         QCOMPARE(seen.value("palette").toInt(), 0);
