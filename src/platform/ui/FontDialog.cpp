@@ -23,6 +23,8 @@ FontDialog::FontDialog(const FontChoice& initial, QWidget* parent)
     m_fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
     m_fonts->setWindowFlags(Qt::Widget);
     setWindowTitle(m_fonts->windowTitle());
+    m_initialName = initial.name;
+    m_shownFamily = m_fonts->currentFont().family();
 
     auto* colorLabel = new QLabel(QStringLiteral("&Color:"), this);
     m_colorButton = new QPushButton(this);
@@ -61,8 +63,9 @@ void FontDialog::showColor()
 FontChoice FontDialog::choice() const
 {
     const QFont font = m_fonts->currentFont();
-    return {font.family(), font.pointSizeF(), font.bold(),
-            font.italic(), font.underline(),  m_color};
+    // A face this machine lacks shows as its substitute; left unchanged, the name stays.
+    const QString name = font.family() == m_shownFamily ? m_initialName : font.family();
+    return {name, font.pointSizeF(), font.bold(), font.italic(), font.underline(), m_color};
 }
 
 } // namespace nubo::platform

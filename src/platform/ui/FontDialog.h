@@ -24,6 +24,8 @@ private:
     QFontDialog* m_fonts = nullptr;
     QPushButton* m_colorButton = nullptr;
     quint32 m_color = 0;
+    QString m_initialName;
+    QString m_shownFamily;
 };
 
 } // namespace nubo::platform
