@@ -23,8 +23,8 @@ FontDialog::FontDialog(const FontChoice& initial, QWidget* parent)
     m_fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
     m_fonts->setWindowFlags(Qt::Widget);
     setWindowTitle(m_fonts->windowTitle());
-    m_initialName = initial.name;
-    m_shownFamily = m_fonts->currentFont().family();
+    m_initial = initial;
+    m_shown = m_fonts->currentFont();
 
     auto* colorLabel = new QLabel(QStringLiteral("&Color:"), this);
     m_colorButton = new QPushButton(this);
@@ -63,9 +63,18 @@ void FontDialog::showColor()
 FontChoice FontDialog::choice() const
 {
     const QFont font = m_fonts->currentFont();
-    // A face this machine lacks shows as its substitute; left unchanged, the name stays.
-    const QString name = font.family() == m_shownFamily ? m_initialName : font.family();
-    return {name, font.pointSizeF(), font.bold(), font.italic(), font.underline(), m_color};
+    FontChoice chosen{font.family(), font.pointSizeF(), font.bold(),
+                      font.italic(), font.underline(),  m_color};
+    // A face this machine lacks shows as a substitute, perhaps without the style asked for:
+    // while the user leaves them as shown, the face and style asked for stay.
+    if (font.family() == m_shown.family()) {
+        chosen.name = m_initial.name;
+        if (font.bold() == m_shown.bold() && font.italic() == m_shown.italic()) {
+            chosen.bold = m_initial.bold;
+            chosen.italic = m_initial.italic;
+        }
+    }
+    return chosen;
 }
 
 } // namespace nubo::platform

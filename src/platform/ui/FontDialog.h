@@ -3,6 +3,7 @@
 #include "platform/FontChoice.h"
 
 #include <QDialog>
+#include <QFont>
 
 class QFontDialog;
 class QPushButton;
@@ -24,8 +25,8 @@ private:
     QFontDialog* m_fonts = nullptr;
     QPushButton* m_colorButton = nullptr;
     quint32 m_color = 0;
-    QString m_initialName;
-    QString m_shownFamily;
+    FontChoice m_initial;
+    QFont m_shown; // what the dialog first showed of m_initial
 };
 
 } // namespace nubo::platform
