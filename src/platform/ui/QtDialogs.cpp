@@ -2,6 +2,7 @@
 
 #include "platform/ui/FontDialog.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -89,9 +90,17 @@ QString QtDialogs::openFileName(const QString& title, const QString& filter,
     return QFileDialog::getOpenFileName(m_parent, title, startPath, filter);
 }
 
+// The colour and font dialogs open over the window that asks for them, so closing them
+// leaves that window in front.
+QWidget* QtDialogs::owner() const
+{
+    QWidget* active = QApplication::activeWindow();
+    return active ? active : m_parent.data();
+}
+
 std::optional<quint32> QtDialogs::chooseColor(quint32 initial)
 {
-    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(initial & 0xFFFFFF), m_parent);
+    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(initial & 0xFFFFFF), owner());
     if (!chosen.isValid())
         return std::nullopt;
     return chosen.rgb() & 0xFFFFFF;
@@ -99,7 +108,7 @@ std::optional<quint32> QtDialogs::chooseColor(quint32 initial)
 
 std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& initial)
 {
-    FontDialog dialog(initial, m_parent);
+    FontDialog dialog(initial, owner());
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.choice();

@@ -26,6 +26,8 @@ public:
     std::optional<FontChoice> chooseFont(const FontChoice& initial) override;
 
 private:
+    QWidget* owner() const;
+
     QPointer<QWidget> m_parent;
 };
 
