@@ -18,8 +18,9 @@ using frame::FrameWindow;
 Composition::Composition(const QString& appFolder)
     : m_appFolder(appFolder), m_services(platform::createLinuxPlatform()),
       m_log(m_appFolder, [this] { return m_options.isOn(Option::EscribirLog); }),
-      m_store(m_appFolder, m_options, m_log),
-      m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea}),
+      m_store(m_appFolder, m_options, m_log), m_sheetStore(m_appFolder),
+      m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea,
+                    [this] { return sheetWindow().windowIcon(); }}),
       m_optionsWindow(m_appFolder, m_options, m_store, m_log), m_authorWindow(m_appFolder),
       m_trayMenu(m_windows)
 {
@@ -97,6 +98,12 @@ void Composition::connectList()
                      [this] { m_mainWindow.playClosingFrames(1); });
     QObject::connect(&form, &catalogue::Form1::optionsWindowRequested, &m_optionsWindow,
                      [this] { m_windows.showWindow(FrameWindow::Options); });
+    QObject::connect(&form, &catalogue::Form1::sheetConfigurationRequested, &form, [this] {
+        database::Form7& window = sheetWindow();
+        window.show();
+        window.raise();
+        window.activateWindow();
+    });
     QObject::connect(&m_optionsWindow, &frame::Form5::ChkproClicked, &form,
                      [&form] { form.txtMp3Info->clear(); });
 }
@@ -144,7 +151,21 @@ void Composition::connectCatalogueFiles()
                      [files] { files->loadFromFile(); });
     QObject::connect(&form, &catalogue::Form1::cancelRequested, &files->transfer(),
                      &database::CatalogueTransfer::raiseCancelFlag);
-    // The sheet configuration window refreshes its name field from sheetNameChanged.
+    // A loaded workbook's sheet name shows in the sheet window if it is open.
+    QObject::connect(&files->transfer(), &database::CatalogueTransfer::sheetNameChanged, &form,
+                     [this] {
+                         if (m_sheetWindow)
+                             m_sheetWindow->refresh();
+                     });
+}
+
+database::Form7& Composition::sheetWindow()
+{
+    if (!m_sheetWindow) {
+        m_sheetWindow = std::make_unique<database::Form7>(database::Form7::Deps{
+            m_appFolder, m_sheetSettings, m_sheetStore, m_dialogs, m_options, m_store, m_log});
+    }
+    return *m_sheetWindow;
 }
 
 } // namespace nubo::app

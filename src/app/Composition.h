@@ -7,6 +7,8 @@
 #include "database/SheetSettings.h"
 #include "database/flow/CatalogueFileFlow.h"
 #include "database/ui/ListWindowFileView.h"
+#include "database/SheetSettingsStore.h"
+#include "database/ui/Form7.h"
 #include "frame/ui/Form12.h"
 #include "frame/ui/Form5.h"
 #include "frame/ui/Form6.h"
@@ -44,6 +46,8 @@ private:
     void endProgram();
     void connectPrint();
     void connectCatalogueFiles();
+    // The sheet configuration window, created on first use (the tray icon takes its icon).
+    database::Form7& sheetWindow();
 
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
@@ -52,6 +56,7 @@ private:
     ActivityLog m_log;
     OptionsStore m_store;
     database::SheetSettings m_sheetSettings;
+    database::SheetSettingsStore m_sheetStore;
 
     frame::WindowDirectory m_windows;
     frame::QtNotifyArea m_notifyArea;
@@ -68,6 +73,7 @@ private:
     std::unique_ptr<print::FormPrint1> m_cover; // created when first asked for
     std::unique_ptr<database::ListWindowFileView> m_fileView;
     std::unique_ptr<database::CatalogueFileFlow> m_files;
+    std::unique_ptr<database::Form7> m_sheetWindow;
 };
 
 } // namespace nubo::app

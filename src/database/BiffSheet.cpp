@@ -27,8 +27,9 @@ struct RowSpan
 class SheetBuilder final
 {
 public:
-    SheetBuilder(quint32 base, const QList<BiffRowCells>& rows, quint16 format, bool blanks)
-        : m_base(base), m_rows(rows), m_format(format), m_blanks(blanks)
+    SheetBuilder(quint32 base, const QList<BiffRowCells>& rows, const BiffCellLook& look)
+        : m_base(base), m_rows(rows), m_format(look.format), m_blanks(look.blankCells),
+          m_rowHeight(look.rowHeight)
     {
     }
 
@@ -135,7 +136,7 @@ private:
                 s.u16(quint32(r));
                 s.u16(quint32(rs.first));
                 s.u16(quint32(rs.last + 1));
-                s.u16(0x00FF); // default height
+                s.u16(m_rowHeight); // not a custom height: it follows the cells' font
                 s.u16(0);
                 s.u16(0);
                 s.u16(0x0100);
@@ -182,15 +183,16 @@ private:
     const QList<BiffRowCells>& m_rows;
     quint16 m_format;
     bool m_blanks;
+    quint16 m_rowHeight;
     QByteArray m_out;
 };
 
 } // namespace
 
-QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows, quint16 cellFormat,
-                          bool blankCells)
+QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows,
+                          const BiffCellLook& look)
 {
-    return SheetBuilder(streamOffset, rows, cellFormat, blankCells).build();
+    return SheetBuilder(streamOffset, rows, look).build();
 }
 
 } // namespace nubo::database

@@ -11,9 +11,17 @@ namespace nubo::database {
 using BiffRowCells = std::array<quint32, 4>;
 inline constexpr quint32 kNoText = 0xFFFFFFFF;
 
+// How every cell of the sheet looks: its cell format, whether empty cells are still written
+// (with the format, so styling covers them) and the rows' height in twentieths of a point.
+struct BiffCellLook
+{
+    quint16 format = 15;
+    bool blankCells = false;
+    quint16 rowHeight = 255;
+};
+
 // Builds the worksheet substream: row blocks with their lookup records, then the window.
-// With blankCells, empty cells are still written (with the cell format) so styling covers them.
-QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows, quint16 cellFormat,
-                          bool blankCells);
+QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows,
+                          const BiffCellLook& look);
 
 } // namespace nubo::database

@@ -4,6 +4,7 @@
 #include "database/BorderStyles.h"
 #include "database/ByteSink.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace nubo::database {
@@ -70,13 +71,29 @@ BiffStyles::BiffStyles(std::optional<SheetStyle> style) : m_style(std::move(styl
     m_palette = kDefaultPalette;
     if (!m_style)
         return;
-    // Colours the palette lacks take the last slots, so the sheet shows them exactly.
-    int nextFree = int(m_palette.size()) - 1;
-    for (const quint32 rgb : {m_style->fillColor, m_style->borderColor, m_style->fontColor}) {
-        const quint32 color = rgb & 0xFFFFFF;
-        if (std::find(m_palette.begin(), m_palette.end(), color) == m_palette.end())
-            m_palette[nextFree--] = color;
+    // Colours the palette lacks take the last slots, so the sheet shows them exactly; a slot
+    // that holds one of the style's own colours is never given away.
+    const std::array<quint32, 3> used = {m_style->fillColor & 0xFFFFFF,
+                                         m_style->borderColor & 0xFFFFFF,
+                                         m_style->fontColor & 0xFFFFFF};
+    auto slot = m_palette.rbegin();
+    for (const quint32 color : used) {
+        if (std::find(m_palette.begin(), m_palette.end(), color) != m_palette.end())
+            continue;
+        while (std::find(used.begin(), used.end(), *slot) != used.end())
+            ++slot;
+        *slot++ = color;
     }
+}
+
+// Styled rows are as tall as the spreadsheet makes a row for the style's font (1.275 times
+// its size), never lower than the default 12.75 points nor higher than 409.
+BiffCellLook BiffStyles::cellLook() const
+{
+    if (!m_style)
+        return {};
+    const auto height = std::lround(m_style->fontSize * 20 * 1.275);
+    return {16, true, quint16(std::clamp<long>(height, 255, 8180))};
 }
 
 quint8 BiffStyles::paletteIndex(quint32 rgb) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/BiffSheet.h"
 #include "database/SheetStyle.h"
 
 #include <QByteArray>
@@ -15,8 +16,7 @@ public:
     explicit BiffStyles(std::optional<SheetStyle> style);
 
     void appendRecords(QByteArray& stream) const;
-    quint16 cellFormat() const { return m_style ? 16 : 15; }
-    bool styled() const { return m_style.has_value(); }
+    BiffCellLook cellLook() const;
 
 private:
     void appendFonts(QByteArray& stream) const;

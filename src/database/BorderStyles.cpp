@@ -2,10 +2,13 @@
 
 #include "database/SheetStyle.h"
 
+#include <algorithm>
+#include <array>
+
 namespace nubo::database {
 namespace {
 
-enum BiffBorder : int {
+enum BiffBorder : quint8 {
     kNone = 0,
     kThin = 1,
     kMedium = 2,
@@ -22,67 +25,59 @@ enum BiffBorder : int {
     kSlantedDashDot = 13,
 };
 
-enum class Weight { Hair, Thin, Medium, Thick };
+// The weight columns of the table below.
+enum WeightColumn { kHairColumn, kThinColumn, kMediumColumn, kThickColumn };
 
-Weight weightOf(int weight)
+struct LineStyleRow
+{
+    int lineStyle;
+    std::array<quint8, 4> byWeight; // hairline, thin, medium, thick
+};
+
+// The spreadsheet's line style and weight on the workbook format's border styles. The format
+// draws fewer lines than the spreadsheet names, so some pairs share a code:
+// - dashed, dash-dot and dash-dot-dot come thin or medium only: hairline draws thin, thick
+//   draws medium;
+// - dotted comes in one weight: hairline draws the hair line, medium and thick draw dotted;
+// - slanted dash-dot and double come in one weight each, whatever the weight asked;
+// - 0 and none draw no line; any other number is not a line style and draws continuous.
+constexpr std::array<LineStyleRow, 8> kBiffBorderStyles = {{
+    {excel::kContinuous, {kHair, kThin, kMedium, kThick}},
+    {excel::kDash, {kDashed, kDashed, kMediumDashed, kMediumDashed}},
+    {excel::kDot, {kHair, kDotted, kDotted, kDotted}},
+    {excel::kDashDot, {kDashDot, kDashDot, kMediumDashDot, kMediumDashDot}},
+    {excel::kDashDotDot, {kDashDotDot, kDashDotDot, kMediumDashDotDot, kMediumDashDotDot}},
+    {excel::kSlantDashDot, {kSlantedDashDot, kSlantedDashDot, kSlantedDashDot, kSlantedDashDot}},
+    {excel::kDouble, {kDouble, kDouble, kDouble, kDouble}},
+    {excel::kLineStyleNone, {kNone, kNone, kNone, kNone}},
+}};
+
+// Weight 3 lies between thin and thick and is no spreadsheet weight: it draws medium. Any
+// other number that is no weight draws thin.
+WeightColumn weightColumn(int weight)
 {
     switch (weight) {
     case excel::kHairline:
-        return Weight::Hair;
-    case 3: // between thin and thick: the spreadsheet has no such weight; drawn medium
+        return kHairColumn;
+    case 3:
     case excel::kMedium:
-        return Weight::Medium;
+        return kMediumColumn;
     case excel::kThick:
-        return Weight::Thick;
+        return kThickColumn;
     default:
-        return Weight::Thin;
+        return kThinColumn;
     }
-}
-
-int continuous(Weight weight)
-{
-    switch (weight) {
-    case Weight::Hair:
-        return kHair;
-    case Weight::Thin:
-        return kThin;
-    case Weight::Medium:
-        return kMedium;
-    case Weight::Thick:
-        return kThick;
-    }
-    return kThin;
-}
-
-bool heavy(Weight weight)
-{
-    return weight == Weight::Medium || weight == Weight::Thick;
 }
 
 } // namespace
 
-int biffBorderStyle(int lineStyle, int weightNumber)
+int biffBorderStyle(int lineStyle, int weight)
 {
-    const Weight weight = weightOf(weightNumber);
-    switch (lineStyle) {
-    case 0:
-    case excel::kLineStyleNone:
-        return kNone;
-    case excel::kDash:
-        return heavy(weight) ? kMediumDashed : kDashed;
-    case excel::kDot:
-        return weight == Weight::Hair ? kHair : kDotted;
-    case excel::kDashDot:
-        return heavy(weight) ? kMediumDashDot : kDashDot;
-    case excel::kDashDotDot:
-        return heavy(weight) ? kMediumDashDotDot : kDashDotDot;
-    case excel::kSlantDashDot:
-        return kSlantedDashDot;
-    case excel::kDouble:
-        return kDouble;
-    default: // continuous, and numbers the spreadsheet does not define
-        return continuous(weight);
-    }
+    const int style = lineStyle == 0 ? excel::kLineStyleNone : lineStyle;
+    const auto row = std::find_if(kBiffBorderStyles.begin(), kBiffBorderStyles.end(),
+                                  [style](const LineStyleRow& r) { return r.lineStyle == style; });
+    const LineStyleRow& found = row == kBiffBorderStyles.end() ? kBiffBorderStyles.front() : *row;
+    return found.byWeight[weightColumn(weight)];
 }
 
 } // namespace nubo::database

@@ -35,8 +35,11 @@ SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& option
     SaveOutcome outcome;
     WorkbookWriter writer;
     WorkbookLayout layout{options.sheetName, options.header, options.style};
-    if (!writer.begin(path, layout, rows.count) || !feedRows(writer, rows, progress, outcome) ||
-        !writer.finish()) {
+    const bool written =
+        writer.begin(path, layout, rows.count) && feedRows(writer, rows, progress, outcome);
+    if (written && outcome.stopped)
+        writer.dropStyle();
+    if (!written || !writer.finish()) {
         outcome.error = writer.errorString();
         return outcome;
     }

@@ -13,6 +13,8 @@ struct SheetSettings
 {
     QString sheetName = QStringLiteral("Colección");
     SheetStyle style;
+
+    bool operator==(const SheetSettings&) const = default;
 };
 
 } // namespace nubo::database

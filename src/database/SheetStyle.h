@@ -33,6 +33,8 @@ struct SheetStyle
     bool italic = false;
     bool underline = false;
     quint32 fontColor = 0x000000; // 0xRRGGBB
+
+    bool operator==(const SheetStyle&) const = default;
 };
 
 } // namespace nubo::database

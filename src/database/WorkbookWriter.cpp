@@ -178,9 +178,8 @@ bool WorkbookWriter::finish()
     qsizetype sheetOffsetAt = 0;
     QByteArray globals = buildGlobals(sheetOffsetAt);
     ByteSink::put32(globals, sheetOffsetAt, quint32(globals.size()));
-    const BiffStyles styles(m_layout.style);
     const QByteArray sheet =
-        buildWorksheet(quint32(globals.size()), m_rows, styles.cellFormat(), styles.styled());
+        buildWorksheet(quint32(globals.size()), m_rows, BiffStyles(m_layout.style).cellLook());
     return writeCompoundFile(globals, sheet);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FontChoice.h"
+
 #include <QString>
 
 #include <optional>
@@ -27,6 +29,12 @@ public:
                                  const QString& startPath) = 0;
     virtual QString openFileName(const QString& title, const QString& filter,
                                  const QString& startPath) = 0;
+    // The colour dialog opened on initial (0xRRGGBB): the chosen colour, or nothing when the
+    // user cancels.
+    virtual std::optional<quint32> chooseColor(quint32 initial) = 0;
+    // The font dialog with effects and colour opened on initial: the chosen font, or nothing
+    // when the user cancels.
+    virtual std::optional<FontChoice> chooseFont(const FontChoice& initial) = 0;
 };
 
 } // namespace nubo::platform

@@ -1,5 +1,6 @@
 #include "CatalogueSamples.h"
 
+#include "database/CatalogueFiles.h"
 #include "database/WorkbookReader.h"
 #include "database/WorkbookWriter.h"
 
@@ -16,20 +17,27 @@ using namespace nubo::database::test;
 
 namespace {
 
-// Reads a workbook with xlrd (formatting on) and returns what it saw as JSON.
+// Reads a workbook with xlrd (formatting on) and returns what it saw as JSON: the sheet's
+// rows, the cell formats its cells use, and the style of the last of them.
 const char* const kXlrdScript = R"(
 import json, sys, xlrd
-b = xlrd.open_workbook(sys.argv[1], formatting_info=True)
+b = xlrd.open_workbook(sys.argv[1], formatting_info=True, ragged_rows=True)
 s = b.sheet_by_index(0)
-out = {"sheets": b.sheet_names(), "rows": [s.row_values(r) for r in range(s.nrows)]}
+out = {"sheets": b.sheet_names(), "rows": [s.row_values(r) for r in range(s.nrows)],
+       "cellFormats": sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))}),
+       "row2Cells": s.row_len(1) if s.nrows > 1 else 0,
+       "rowHeights": sorted({i.height for i in s.rowinfo_map.values()}),
+       "formats": len(b.xf_list), "fonts": len(b.font_list), "palette": len(b.palette_record)}
 if s.nrows > 0:
-    xf = b.xf_list[s.cell_xf_index(min(2, s.nrows - 1), 0)]
+    xf = b.xf_list[out["cellFormats"][-1]]
     f = b.font_list[xf.font_index]
+    d = xf.border
+    rgb = lambda i: b.colour_map.get(i)
     out["style"] = {"font": f.name, "height": f.height, "bold": f.weight >= 700, "italic": bool(f.italic),
-        "underline": f.underline_type, "fontColor": b.colour_map.get(f.colour_index),
-        "fill": b.colour_map.get(xf.background.pattern_colour_index), "pattern": xf.background.fill_pattern,
-        "line": xf.border.top_line_style, "lineColor": b.colour_map.get(xf.border.top_colour_index)}
-    out["row2Styled"] = s.nrows > 2 and s.cell_xf_index(1, 3) == s.cell_xf_index(2, 0)
+        "underline": f.underline_type, "fontColor": rgb(f.colour_index),
+        "fill": rgb(xf.background.pattern_colour_index), "pattern": xf.background.fill_pattern,
+        "lines": [d.top_line_style, d.bottom_line_style, d.left_line_style, d.right_line_style],
+        "lineColors": [rgb(i) for i in (d.top_colour_index, d.bottom_colour_index, d.left_colour_index, d.right_colour_index)]}
 print(json.dumps(out))
 )";
 
@@ -149,43 +157,102 @@ private slots:
             return;
         }
         QCOMPARE(sheetRows.size(), count + 2);
-        QCOMPARE(sheetRows.at(1).toArray(), (QJsonArray{"", "", "", ""}));
+        QCOMPARE(sheetRows.at(1).toArray(), QJsonArray()); // row 2 holds no cells
         for (int i = 0; i < count; ++i)
             QCOMPARE(sheetRows.at(i + 2).toArray(), jsonRow(rows.at(i)));
     }
 
+    // The fill takes the palette's last default colour, which the other two colours must not
+    // push out.
     void stylesReachTheSheet()
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("estilo.xls"));
-        SheetStyle style;
-        style.fillColor = 0x12AB34;
-        style.borderColor = 0xC00001;
-        style.lineStyle = excel::kDash;
-        style.weight = excel::kMedium;
-        style.fontName = QStringLiteral("Times New Roman");
-        style.fontSize = 12.5;
-        style.bold = true;
-        style.italic = true;
-        style.underline = true;
-        style.fontColor = 0x0000FE;
+        SheetStyle style{
+            0x333333, 0x123456, excel::kDash, excel::kMedium, QStringLiteral("Times New Roman"),
+            12.5,     true,     true,         true,           0xC00001};
         QVERIFY(writeWorkbook(path, sampleRows(3),
                               {QStringLiteral("Hoja"), defaultCatalogueHeader(), style}));
         const QJsonObject seen = xlrd(path);
         if (seen.isEmpty())
             QSKIP("python3-xlrd is not installed");
+        QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{16}); // one format for all
+        QCOMPARE(seen.value("row2Cells").toInt(), 4); // the empty row lies in the styled range
+        QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{319}); // 12.5 points of font
         const QJsonObject s = seen.value("style").toObject();
         QCOMPARE(s.value("font").toString(), QStringLiteral("Times New Roman"));
         QCOMPARE(s.value("height").toInt(), 250);
         QVERIFY(s.value("bold").toBool());
         QVERIFY(s.value("italic").toBool());
         QCOMPARE(s.value("underline").toInt(), 1);
-        QCOMPARE(s.value("fontColor").toArray(), (QJsonArray{0, 0, 254}));
-        QCOMPARE(s.value("fill").toArray(), (QJsonArray{0x12, 0xAB, 0x34}));
+        QCOMPARE(s.value("fontColor").toArray(), (QJsonArray{0xC0, 0, 1}));
+        QCOMPARE(s.value("fill").toArray(), (QJsonArray{0x33, 0x33, 0x33}));
         QCOMPARE(s.value("pattern").toInt(), 1);
-        QCOMPARE(s.value("line").toInt(), 8); // medium dashed
-        QCOMPARE(s.value("lineColor").toArray(), (QJsonArray{0xC0, 0, 1}));
-        QVERIFY(seen.value("row2Styled").toBool()); // the empty row lies in the styled range
+        QCOMPARE(s.value("lines").toArray(), (QJsonArray{8, 8, 8, 8})); // medium dashed
+        const QJsonArray blue{0x12, 0x34, 0x56};
+        QCOMPARE(s.value("lineColors").toArray(), (QJsonArray{blue, blue, blue, blue}));
+    }
+
+    void bordersReachTheSheet_data()
+    {
+        QTest::addColumn<int>("lineStyle");
+        QTest::addColumn<int>("weight");
+        QTest::addColumn<int>("code");
+        QTest::newRow("continuous thick") << excel::kContinuous << excel::kThick << 5;
+        QTest::newRow("continuous hairline") << excel::kContinuous << excel::kHairline << 7;
+        QTest::newRow("dash-dot-dot medium") << excel::kDashDotDot << excel::kMedium << 12;
+        QTest::newRow("double") << excel::kDouble << excel::kThin << 6;
+        QTest::newRow("none") << 0 << excel::kThin << 0;
+    }
+    void bordersReachTheSheet()
+    {
+        QFETCH(int, lineStyle);
+        QFETCH(int, weight);
+        QFETCH(int, code);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("borde.xls"));
+        SheetStyle style;
+        style.lineStyle = lineStyle;
+        style.weight = weight;
+        QVERIFY(writeWorkbook(path, sampleRows(1), {QStringLiteral("Hoja"), {}, style}));
+        const QJsonObject seen = xlrd(path);
+        if (seen.isEmpty())
+            QSKIP("python3-xlrd is not installed");
+        QCOMPARE(seen.value("style").toObject().value("lines").toArray(),
+                 (QJsonArray{code, code, code, code}));
+    }
+
+    // Without a style, and when a save is stopped, the file holds the default fonts and cell
+    // formats only, and every cell uses the default cell format.
+    void unstyledSheetsKeepTheDefaults_data()
+    {
+        QTest::addColumn<bool>("stopped");
+        QTest::newRow("no style") << false;
+        QTest::newRow("stopped save") << true;
+    }
+    void unstyledSheetsKeepTheDefaults()
+    {
+        QFETCH(bool, stopped);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("llano.xls"));
+        const QList<CatalogueRecord> rows = sampleRows(3);
+        CatalogueSaveOptions options;
+        if (stopped)
+            options.style = SheetStyle{};
+        const SaveOutcome outcome =
+            saveCatalogue(path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }},
+                          [stopped](qsizetype written) { return !stopped || written < 2; });
+        QVERIFY(outcome.ok);
+        QCOMPARE(outcome.stopped, stopped);
+        const QJsonObject seen = xlrd(path);
+        if (seen.isEmpty())
+            QSKIP("python3-xlrd is not installed");
+        QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{15});
+        QCOMPARE(seen.value("row2Cells").toInt(), 0);
+        QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{255});
+        QCOMPARE(seen.value("formats").toInt(), 16);
+        QCOMPARE(seen.value("fonts").toInt(), 4);
+        QCOMPARE(seen.value("palette").toInt(), 0);
     }
 
     void refusesWhatDoesNotFit()

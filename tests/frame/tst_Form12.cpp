@@ -122,6 +122,30 @@ private slots:
         QVERIFY(!QIcon(app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))).isNull());
     }
 
+    // The tray shows the picture it is given (the sheet window's icon), asked for even where
+    // there is no notification area.
+    void trayIconFromItsSource()
+    {
+        const platform::AppFolder app{shippedResources()};
+        app::Options options;
+        FakeFrameWindows windows;
+        FakeNotifyArea area;
+        int asked = 0;
+        const auto source = [&asked] {
+            ++asked;
+            QPixmap red(16, 16);
+            red.fill(Qt::red);
+            return QIcon(red);
+        };
+        Form12 withTray({app, options, windows, &area, source});
+        withTray.AddIcon();
+        QCOMPARE(withTray.SystemTray->Icon().pixmap(16).toImage().pixelColor(8, 8),
+                 QColor(Qt::red));
+        Form12 withoutTray({app, options, windows, nullptr, source});
+        withoutTray.AddIcon();
+        QCOMPARE(asked, 2);
+    }
+
     // Ctrl+S empties the list and ends the program at once, without a question.
     void ctrlSEnds()
     {

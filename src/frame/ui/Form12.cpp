@@ -174,10 +174,14 @@ void Form12::exitProgram()
 
 void Form12::AddIcon()
 {
+    // Asked even without a notification area: taking the sheet window's icon creates it.
+    const QIcon icon = m_deps.trayIcon
+                           ? m_deps.trayIcon()
+                           : QIcon(m_deps.app.resolve(QStringLiteral("\\icons\\Nubologo.ico")));
     if (!m_deps.notifyArea)
         return;
     SystemTray = new clsSystemTray(*m_deps.notifyArea, this);
-    SystemTray->setIcon(QIcon(m_deps.app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))));
+    SystemTray->setIcon(icon);
     SystemTray->setPPictureBox(pikForSYSTRAY);
     SystemTray->setToolTipText(QStringLiteral("Nubo Beta Version 1.5!!!"));
     SystemTray->AddIconToSystemTray();

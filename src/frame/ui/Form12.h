@@ -7,10 +7,12 @@
 #include "frame/SceneCounters.h"
 #include "platform/AppFolder.h"
 
+#include <QIcon>
 #include <QRegion>
 #include <QWidget>
 
 #include <array>
+#include <functional>
 
 class QLabel;
 
@@ -32,6 +34,8 @@ public:
         const app::Options& options;
         IFrameWindows& windows;
         INotifyArea* notifyArea = nullptr; // none: the program runs without the icon
+        // The tray icon's picture: the sheet configuration window's icon. None: the logo file.
+        std::function<QIcon()> trayIcon = {};
     };
 
     explicit Form12(Deps deps, QWidget* parent = nullptr);

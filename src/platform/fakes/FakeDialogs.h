@@ -14,7 +14,7 @@ class FakeDialogs final : public IDialogs
 public:
     struct Asked
     {
-        QString kind; // "message", "input", "save", "open"
+        QString kind; // "message", "input", "save", "open", "color", "font"
         QString text;
         QString title;
         MessageButtons buttons = MessageButtons::Ok;
@@ -26,6 +26,8 @@ public:
     QQueue<std::optional<QString>> inputAnswers; // empty: the default text
     QQueue<QString> fileAnswers;                 // empty: cancelled
     QStringList fileStartPaths;                  // where each file dialog was to open
+    QQueue<quint32> colorAnswers;                // empty: cancelled
+    QQueue<FontChoice> fontAnswers;              // empty: cancelled
 
     MessageAnswer messageBox(const QString& text, const QString& title, MessageButtons buttons,
                              MessageIcon icon) override
@@ -57,6 +59,16 @@ public:
         asked.append({QStringLiteral("open"), filter, title});
         fileStartPaths.append(startPath);
         return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
+    }
+    std::optional<quint32> chooseColor(quint32 initial) override
+    {
+        asked.append({QStringLiteral("color"), QString::number(initial, 16), {}});
+        return colorAnswers.isEmpty() ? std::nullopt : std::optional(colorAnswers.dequeue());
+    }
+    std::optional<FontChoice> chooseFont(const FontChoice& initial) override
+    {
+        asked.append({QStringLiteral("font"), initial.name, {}});
+        return fontAnswers.isEmpty() ? std::nullopt : std::optional(fontAnswers.dequeue());
     }
 };
 

@@ -2,6 +2,10 @@
 
 #include "platform/FileDialogRules.h"
 
+#include "platform/ui/FontDialog.h"
+
+#include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -105,6 +109,30 @@ QString QtDialogs::askFileName(const QString& title, const QString& filter,
     const QString chosen = dialog.selectedFiles().constFirst();
     m_lastFolder = QFileInfo(chosen).absolutePath();
     return chosen;
+}
+
+// The colour and font dialogs open over the window that asks for them, so closing them
+// leaves that window in front.
+QWidget* QtDialogs::owner() const
+{
+    QWidget* active = QApplication::activeWindow();
+    return active ? active : m_parent.data();
+}
+
+std::optional<quint32> QtDialogs::chooseColor(quint32 initial)
+{
+    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(initial & 0xFFFFFF), owner());
+    if (!chosen.isValid())
+        return std::nullopt;
+    return chosen.rgb() & 0xFFFFFF;
+}
+
+std::optional<FontChoice> QtDialogs::chooseFont(const FontChoice& initial)
+{
+    FontDialog dialog(initial, owner());
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.choice();
 }
 
 } // namespace nubo::platform

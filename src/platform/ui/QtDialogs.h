@@ -8,7 +8,7 @@ class QWidget;
 
 namespace nubo::platform {
 
-// The real modal questions: Qt's message, input and file dialogs with the given texts.
+// The real modal questions: Qt's message, input, file, colour and font dialogs.
 class QtDialogs final : public IDialogs
 {
 public:
@@ -22,10 +22,13 @@ public:
                          const QString& startPath) override;
     QString openFileName(const QString& title, const QString& filter,
                          const QString& startPath) override;
+    std::optional<quint32> chooseColor(quint32 initial) override;
+    std::optional<FontChoice> chooseFont(const FontChoice& initial) override;
 
 private:
     QString askFileName(const QString& title, const QString& filter, const QString& startPath,
                         int mode);
+    QWidget* owner() const;
 
     QPointer<QWidget> m_parent;
     QString m_lastFolder; // where the last file dialog ended

@@ -19,6 +19,11 @@ public:
     }
     QString saveFileName(const QString&, const QString&, const QString&) override { return {}; }
     QString openFileName(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<quint32> chooseColor(quint32) override { return std::nullopt; }
+    std::optional<platform::FontChoice> chooseFont(const platform::FontChoice&) override
+    {
+        return std::nullopt;
+    }
 };
 
 } // namespace nubo::search::cli

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "app/ActivityLog.h"
+#include "app/Options.h"
+#include "app/OptionsStore.h"
+#include "database/SheetNumberField.h"
+#include "database/SheetSettings.h"
+#include "database/SheetSettingsStore.h"
+#include "platform/AppFolder.h"
+#include "platform/IDialogs.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace nubo::database {
+
+// The sheet configuration window: shows and edits the sheet settings record (name, colours,
+// font, border line style and weight), keeping the record up to date from its controls, and
+// shows the sheet-formatting option beside the options window's box for it.
+class Form7 final : public QWidget
+{
+    Q_OBJECT
+public:
+    struct Deps
+    {
+        const platform::AppFolder& app;
+        SheetSettings& settings;
+        const SheetSettingsStore& store;
+        platform::IDialogs& dialogs;
+        app::Options& options;
+        app::OptionsStore& optionsStore;
+        app::ActivityLog& log;
+    };
+
+    // Reads the stored settings into the record and shows them.
+    explicit Form7(Deps deps, QWidget* parent = nullptr);
+
+    QLineEdit* TxtNameXls = nullptr;
+    QLineEdit* TxtColorborder = nullptr;
+    QLineEdit* TxtcolorRelleno = nullptr;
+    QLineEdit* Text1 = nullptr; // the font sample
+    QLineEdit* TxtBorStyle = nullptr;
+    QLineEdit* TxtBorWidth = nullptr;
+    QCheckBox* ChkActivate = nullptr;
+    QPushButton* Command1 = nullptr; // line colour
+    QPushButton* Command2 = nullptr; // fill colour
+    QPushButton* Command3 = nullptr; // font
+    QPushButton* Command4 = nullptr; // "&Aceptar"
+    QPushButton* Command5 = nullptr; // line style up
+    QPushButton* Command6 = nullptr; // line style down
+    QPushButton* Command7 = nullptr; // weight down
+    QPushButton* Command8 = nullptr; // weight up
+    QLabel* PicAceptar = nullptr;
+    std::array<QLabel*, 6> Label{}; // the captions beside the fields, in the fields' order
+
+    // Shows the record again, after something else changed it (a loaded workbook's name).
+    void refresh();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    void createFields();
+    void createButtons();
+    void connectControls();
+    void setBackground();
+    void chooseColor(quint32 SheetStyle::*color);
+    void chooseFont();
+    void numberChanged(QLineEdit* field, const SheetNumberField& rules, int SheetStyle::*number);
+    void showPicAceptar(bool on);
+    void accept();
+
+    Deps m_deps;
+    bool m_refreshing = false;
+    bool m_picLit = false;
+};
+
+} // namespace nubo::database

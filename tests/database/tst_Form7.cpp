@@ -1,0 +1,260 @@
+#include "database/ui/Form7.h"
+#include "frame/ui/Form5.h"
+#include "platform/fakes/FakeDialogs.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include "TestFiles.h"
+#include "app/AppFixture.h"
+
+using namespace nubo;
+using database::Form7;
+using database::SheetSettings;
+
+namespace {
+
+// A prepared application folder, the sheet settings record and its window.
+struct Fixture : AppFixture
+{
+    SheetSettings settings;
+    database::SheetSettingsStore sheetStore{app};
+    platform::FakeDialogs dialogs;
+    std::unique_ptr<Form7> form;
+
+    Fixture()
+    {
+        store.PrepararCarpetas();
+        store.LeerOpciones();
+        open();
+    }
+    void open()
+    {
+        form = std::make_unique<Form7>(
+            Form7::Deps{app, settings, sheetStore, dialogs, options, store, log});
+    }
+    QPushButton* button(const char* name) const
+    {
+        return form->findChild<QPushButton*>(QLatin1String(name));
+    }
+    QLineEdit* field(const char* name) const
+    {
+        return form->findChild<QLineEdit*>(QLatin1String(name));
+    }
+};
+
+QColor base(const QLineEdit* field)
+{
+    return field->palette().color(QPalette::Base);
+}
+
+} // namespace
+
+class Form7Test final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initialState()
+    {
+        Fixture f;
+        QCOMPARE(f.form->windowTitle(), QStringLiteral("Configuracion de Hoja Excel"));
+        QCOMPARE(f.form->TxtNameXls->text(), QStringLiteral("Colección"));
+        QCOMPARE(f.form->Text1->text(), QStringLiteral("Nubo! 1.4 Beta"));
+        QCOMPARE(f.form->Label[3]->text(), QStringLiteral("Opciones de Fuente"));
+        QCOMPARE(f.form->Text1->toolTip(), QStringLiteral("Elija el tipo de fuente,tamaño,etc..."));
+        QCOMPARE(f.form->TxtNameXls->toolTip(),
+                 QStringLiteral("Determine el nombre de la hoja que se creará en Excel"));
+        QCOMPARE(f.button("Command4")->text(), QStringLiteral("&Aceptar"));
+        QCOMPARE(f.form->PicAceptar->toolTip(), QStringLiteral("Acepta la configuracion actual"));
+        QCOMPARE(f.form->TxtBorStyle->text(), QStringLiteral("1"));
+        QCOMPARE(f.form->TxtBorWidth->text(), QStringLiteral("2"));
+        QCOMPARE(base(f.form->TxtcolorRelleno), QColor(Qt::white));
+        QCOMPARE(f.settings, SheetSettings{});
+    }
+
+    void steppersStayWithinTheirLimits_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("style up") << "TxtBorStyle"
+                                  << "Command5"
+                                  << "12"
+                                  << "13";
+        QTest::newRow("style up at 13") << "TxtBorStyle"
+                                        << "Command5"
+                                        << "13"
+                                        << "13";
+        QTest::newRow("style down") << "TxtBorStyle"
+                                    << "Command6"
+                                    << "1"
+                                    << "0";
+        QTest::newRow("style down at 0") << "TxtBorStyle"
+                                         << "Command6"
+                                         << "0"
+                                         << "0";
+        QTest::newRow("weight down") << "TxtBorWidth"
+                                     << "Command7"
+                                     << "2"
+                                     << "1";
+        QTest::newRow("weight down at 1") << "TxtBorWidth"
+                                          << "Command7"
+                                          << "1"
+                                          << "1";
+        QTest::newRow("weight up") << "TxtBorWidth"
+                                   << "Command8"
+                                   << "3"
+                                   << "4";
+        QTest::newRow("weight up at 4") << "TxtBorWidth"
+                                        << "Command8"
+                                        << "4"
+                                        << "4";
+        QTest::newRow("empty weight up") << "TxtBorWidth"
+                                         << "Command8"
+                                         << ""
+                                         << "1";
+    }
+    void steppersStayWithinTheirLimits()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, button);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        Fixture f;
+        QLineEdit* edit = f.field(qPrintable(field));
+        edit->setText(before);
+        f.button(qPrintable(button))->click();
+        QCOMPARE(edit->text(), after);
+        const int recorded = field == QLatin1String("TxtBorStyle") ? f.settings.style.lineStyle
+                                                                   : f.settings.style.weight;
+        QCOMPARE(recorded, after.toInt());
+    }
+
+    void lettersBecomeZero_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("style letters") << "TxtBorStyle"
+                                       << "ab"
+                                       << "0";
+        QTest::newRow("weight letters") << "TxtBorWidth"
+                                        << "x"
+                                        << "0";
+        QTest::newRow("style number") << "TxtBorStyle"
+                                      << "12"
+                                      << "12";
+    }
+    void lettersBecomeZero()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        Fixture f;
+        QLineEdit* edit = f.field(qPrintable(field));
+        edit->selectAll();
+        QTest::keyClicks(edit, typed);
+        QCOMPARE(edit->text(), shown);
+        QCOMPARE(f.settings.style.lineStyle, field == QLatin1String("TxtBorStyle")
+                                                 ? shown.toInt()
+                                                 : database::excel::kContinuous);
+    }
+
+    // An emptied line style turns into "0"; an emptied weight stays empty and keeps its number.
+    void emptyFields()
+    {
+        Fixture f;
+        f.form->TxtBorStyle->clear();
+        f.form->TxtBorWidth->clear();
+        QCOMPARE(f.form->TxtBorStyle->text(), QStringLiteral("0"));
+        QCOMPARE(f.form->TxtBorWidth->text(), QString());
+        QCOMPARE(f.settings.style.weight, database::excel::kThin);
+    }
+
+    void cancelledDialogsChangeNothing()
+    {
+        Fixture f;
+        for (const char* name : {"Command1", "Command2", "Command3"})
+            f.button(name)->click();
+        QCOMPARE(f.dialogs.asked.size(), 3);
+        QCOMPARE(f.dialogs.asked.at(2).kind, QStringLiteral("font"));
+        QCOMPARE(f.settings, SheetSettings{});
+        QCOMPARE(base(f.form->TxtColorborder), QColor(Qt::black));
+    }
+
+    void chosenColoursAndFontShowAndReachTheRecord()
+    {
+        Fixture f;
+        f.dialogs.colorAnswers << 0xC00001 << 0x12AB34;
+        f.dialogs.fontAnswers.enqueue({QStringLiteral("DejaVu Serif"), 14, true, true, true, 0xFE});
+        for (const char* name : {"Command1", "Command2", "Command3"})
+            f.button(name)->click();
+        const database::SheetStyle& s = f.settings.style;
+        QCOMPARE(s.borderColor, 0xC00001u);
+        QCOMPARE(s.fillColor, 0x12AB34u);
+        QCOMPARE(base(f.form->TxtColorborder), QColor(0xC0, 0, 1));
+        QCOMPARE(base(f.form->TxtcolorRelleno), QColor(0x12, 0xAB, 0x34));
+        QCOMPARE(s.fontName, QStringLiteral("DejaVu Serif"));
+        QVERIFY(s.bold && s.italic && s.underline);
+        QCOMPARE(s.fontColor, 0xFEu);
+        QCOMPARE(f.form->Text1->font().pointSizeF(), 14.0);
+        QVERIFY(f.form->Text1->font().underline());
+        QCOMPARE(f.form->Text1->palette().color(QPalette::Text), QColor(0, 0, 0xFE));
+    }
+
+    // Both boxes show the sheet-formatting option; a click on ChkActivate also saves it.
+    void checkBoxesInStep()
+    {
+        Fixture f;
+        frame::Form5 options(f.app, f.options, f.store, f.log);
+        QVERIFY(!f.form->ChkActivate->isChecked());
+        f.form->ChkActivate->click();
+        QVERIFY(options.ChkExcConfg->isChecked());
+        QVERIFY(test::fileBytes(f.store.profile().path()).contains("CONFIGEXCEL=1"));
+        options.ChkExcConfg->click();
+        QVERIFY(!f.form->ChkActivate->isChecked());
+        options.Command2->click(); // the defaults button ticks the options window's box
+        QVERIFY(f.form->ChkActivate->isChecked());
+    }
+
+    // "&Aceptar" and PicAceptar keep the settings for the next window; refresh() shows a
+    // record changed elsewhere.
+    void acceptKeepsTheSettings_data()
+    {
+        QTest::addColumn<bool>("picture");
+        QTest::newRow("Command4") << false;
+        QTest::newRow("PicAceptar") << true;
+    }
+    void acceptKeepsTheSettings()
+    {
+        QFETCH(bool, picture);
+        Fixture f;
+        f.form->show();
+        f.form->TxtNameXls->setText(QStringLiteral("Discos"));
+        f.dialogs.colorAnswers << 0x123456;
+        f.button("Command2")->click();
+        f.button("Command5")->click();
+        if (picture)
+            QTest::mouseClick(f.form->PicAceptar, Qt::LeftButton);
+        else
+            f.button("Command4")->click();
+        QVERIFY(!f.form->isVisible());
+        const SheetSettings kept = f.settings;
+        f.settings = {};
+        f.open();
+        QCOMPARE(f.settings, kept);
+        QCOMPARE(f.form->TxtNameXls->text(), QStringLiteral("Discos"));
+        QCOMPARE(f.form->TxtBorStyle->text(), QStringLiteral("2"));
+        f.settings.sheetName = QStringLiteral("Cargada");
+        f.form->refresh();
+        QCOMPARE(f.form->TxtNameXls->text(), QStringLiteral("Cargada"));
+    }
+};
+
+QTEST_MAIN(Form7Test)
+#include "tst_Form7.moc"
