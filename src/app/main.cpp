@@ -46,8 +46,7 @@ int main(int argc, char** argv)
     if (qtTexts.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&qtTexts);
-    nubo::app::Composition program(
-        nubo::platform::AppFolderLocation::ofRunningProgram().prepare());
+    nubo::app::Composition program(nubo::platform::AppFolderLocation::ofRunningProgram().prepare());
     if (!program.start())
         return 0;
     // "Abrir con Nubo" and the menu entry's %f pass one catalogue file.
