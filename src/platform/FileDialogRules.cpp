@@ -38,7 +38,7 @@ QString qtNameFilters(const QString& windowsFilter)
 QString dialogStartPath(const QString& requested, const QString& lastFolder, const QString& home)
 {
     const QString drive = requested.trimmed().toLower();
-    if (drive == QLatin1String("c:") || drive == QLatin1String("c:\\"))
+    if (drive.isEmpty() || drive == QLatin1String("c:") || drive == QLatin1String("c:\\"))
         return lastFolder.isEmpty() ? home : lastFolder;
     return requested;
 }

@@ -27,6 +27,9 @@ private slots:
         QTest::newRow("c:\\ after a dialog") << "C:\\"
                                              << "/tmp/discos"
                                              << "/tmp/discos";
+        QTest::newRow("no folder after a dialog") << ""
+                                                  << "/tmp/discos"
+                                                  << "/tmp/discos";
         QTest::newRow("a file's path") << "/tmp/a.mdb"
                                        << "/tmp/discos"
                                        << "/tmp/a.mdb";

@@ -55,7 +55,7 @@ QMessageBox::Icon standardIcon(MessageIcon icon)
 MessageAnswer QtDialogs::messageBox(const QString& text, const QString& title,
                                     MessageButtons buttons, MessageIcon icon)
 {
-    QMessageBox box(standardIcon(icon), title, text, standardButtons(buttons), m_parent);
+    QMessageBox box(standardIcon(icon), title, text, standardButtons(buttons), owner());
     switch (box.exec()) {
     case QMessageBox::Yes:
         return MessageAnswer::Yes;
@@ -98,7 +98,7 @@ QString QtDialogs::openFileName(const QString& title, const QString& filter,
 QString QtDialogs::askFileName(const QString& title, const QString& filter,
                                const QString& startPath, int mode)
 {
-    QFileDialog dialog(m_parent, title, dialogStartPath(startPath, m_lastFolder, QDir::homePath()),
+    QFileDialog dialog(owner(), title, dialogStartPath(startPath, m_lastFolder, QDir::homePath()),
                        qtNameFilters(filter));
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(static_cast<QFileDialog::AcceptMode>(mode));
@@ -111,8 +111,8 @@ QString QtDialogs::askFileName(const QString& title, const QString& filter,
     return chosen;
 }
 
-// The colour and font dialogs open over the window that asks for them, so closing them
-// leaves that window in front.
+// Message boxes and the file, colour and font dialogs open over the window that asks for them,
+// so closing them leaves that window in front (not the main window over it).
 QWidget* QtDialogs::owner() const
 {
     QWidget* active = QApplication::activeWindow();
