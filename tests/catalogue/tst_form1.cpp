@@ -306,6 +306,23 @@ private slots:
         QVERIFY(f.form.height() >= 700);
     }
 
+    // A save's long status and a deep current file keep the window on the screen.
+    void longTextsKeepTheWindowWidth()
+    {
+        Form1Fixture f;
+        const int width = f.form.width();
+        const QString path = QStringLiteral("/home/ana/Música").repeated(12) + "/prueba.mdb";
+        f.catalogue.setCurrentFile(path);
+        f.catalogue.ShowInfoMessage(QStringLiteral("No se puede acceder al archivo ") + path +
+                                        " Compruebe que el archivo exista y no sea de solo "
+                                        "lectura",
+                                    10000, 0x0000FF);
+        QCOMPARE(f.form.lblCurList->text(), path);
+        QVERIFY(f.form.minimumSizeHint().width() <= width);
+        QCoreApplication::processEvents();
+        QCOMPARE(f.form.width(), width);
+    }
+
     void selectedRowShowsItsTagDetails()
     {
         Form1Fixture f;

@@ -116,6 +116,12 @@ void Form1::createStatusControls()
     halo->setColor(QColor(20, 30, 60, 230));
     LblInfo->setGraphicsEffect(halo);
     lblCurList = label(this, "lblCurList", m_catalogue.currentFile(), {});
+    // Neither a long message nor a long path widens the window: the message wraps, and the
+    // path is cut at its left end, so the file's name stays in sight.
+    LblInfo->setWordWrap(true);
+    LblInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblCurList->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblCurList->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     txtvolumename = named<QLineEdit>(this, "txtvolumename");
     txtvolumename->setToolTip(
         QStringLiteral("Muestra el nombre del ultimo grupo de archivos agregados a la lista"));
