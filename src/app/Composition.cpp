@@ -98,8 +98,11 @@ void Composition::connectList()
                      [this] { m_mainWindow.playClosingFrames(1); });
     QObject::connect(&form, &catalogue::Form1::optionsWindowRequested, &m_optionsWindow,
                      [this] { m_windows.showWindow(FrameWindow::Options); });
-    QObject::connect(&form, &catalogue::Form1::sheetConfigurationRequested, &form, [this] {
+    QObject::connect(&form, &catalogue::Form1::sheetConfigurationRequested, &form, [this, &form] {
         database::Form7& window = sheetWindow();
+        // The first time over the list window that asks for it; later where it was left.
+        if (!window.isVisible() && !window.testAttribute(Qt::WA_Moved))
+            window.move(form.frameGeometry().center() - window.rect().center());
         window.show();
         window.raise();
         window.activateWindow();

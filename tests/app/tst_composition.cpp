@@ -117,6 +117,26 @@ private slots:
         QCOMPARE(list->mnuFindFiles->text(), QStringLiteral("&Buscar Archivo(s)..."));
         QCOMPARE(rows->rowCount(), 0);
     }
+
+    // The Excel picture opens the sheet window over the list window, not in a screen corner.
+    void sheetWindowOpensOverTheListWindow()
+    {
+        QTemporaryDir dir;
+        qputenv("XDG_CONFIG_HOME", dir.filePath(QStringLiteral("config")).toUtf8());
+        QVERIFY(layOutApp(dir.filePath(QStringLiteral("app"))));
+        app::Composition program(dir.filePath(QStringLiteral("app")));
+        QVERIFY(program.start());
+        auto* list = window<catalogue::Form1>("Form1");
+        QVERIFY(list);
+        list->show();
+        list->move(40, 30);
+        QTest::mouseClick(list->PicExcelConf, Qt::LeftButton);
+        const QWidget* sheet = window<QWidget>("Form7");
+        QVERIFY(sheet && sheet->isVisible());
+        QVERIFY(
+            (sheet->frameGeometry().center() - list->frameGeometry().center()).manhattanLength() <=
+            8); // the frame is not known before the first show
+    }
 };
 
 QTEST_MAIN(TestComposition)
