@@ -14,6 +14,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+#include <optional>
+#include <sys/resource.h>
+
 #include "TestFiles.h"
 
 using namespace nubo;
@@ -84,6 +88,27 @@ struct Flow
         return out;
     }
     QString status() const { return statuses.isEmpty() ? QString() : statuses.last(); }
+};
+
+// While it lives, files cannot grow beyond the limit, as on a full disk: writes past it fail
+// (with the signal that would end the process ignored).
+class FileSizeLimit final
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        rlimit limit = m_old;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_old); }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit m_old{};
 };
 
 // The file's rows as its reader gives them, in file order.
@@ -258,26 +283,43 @@ private slots:
     void unwritableTargetKeepsTheOldFile_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("readOnly");
-        QTest::newRow("read-only workbook") << "v.xls" << true;
-        QTest::newRow("read-only database") << "v.mdb" << true;
-        QTest::newRow("missing folder") << "no/v.mdb" << false;
+        QTest::addColumn<QString>("obstacle");
+        QTest::newRow("read-only workbook") << "v.xls"
+                                            << "read-only";
+        QTest::newRow("read-only database") << "v.mdb"
+                                            << "read-only";
+        QTest::newRow("missing folder, workbook") << "no/v.xls"
+                                                  << "missing folder";
+        QTest::newRow("missing folder, database") << "no/v.mdb"
+                                                  << "missing folder";
+        QTest::newRow("full disk, workbook") << "v.xls"
+                                             << "full disk";
+        QTest::newRow("full disk, database") << "v.mdb"
+                                             << "full disk";
     }
     void unwritableTargetKeepsTheOldFile()
     {
         QFETCH(QString, name);
-        QFETCH(bool, readOnly);
+        QFETCH(QString, obstacle);
         Flow f;
-        f.fill(2);
+        f.fill(3000); // either file is well over the full disk's 64 KiB
         const QString path = f.path(name);
-        if (readOnly) {
+        const bool old = obstacle != QLatin1String("missing folder");
+        if (old)
             test::writeFile(path, "old bytes");
+        if (obstacle == QLatin1String("read-only"))
             QFile::setPermissions(path, QFile::ReadOwner);
+        {
+            std::optional<FileSizeLimit> full;
+            if (obstacle == QLatin1String("full disk"))
+                full.emplace(64 * 1024);
+            f.flow.SaveByExtension(path);
         }
-        f.flow.SaveByExtension(path);
         QCOMPARE(f.status(), "No se puede acceder al archivo " + path +
                                  " Compruebe que el archivo exista y no sea de solo lectura");
-        QCOMPARE(test::fileBytes(path), readOnly ? QByteArray("old bytes") : QByteArray());
+        QCOMPARE(test::fileBytes(path), old ? QByteArray("old bytes") : QByteArray());
+        QCOMPARE(QDir(f.dir.path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(old ? QStringList{name} : QStringList{})); // no temporary file left
         QCOMPARE(f.view.begun, f.view.ended);
     }
 
@@ -325,6 +367,8 @@ private slots:
                     f.catalogue.list().clear();
                     f.flow.LoadByExtension(path);
                     QVERIFY2(allowed.match(f.status()).hasMatch(), qPrintable(f.status()));
+                    if (!f.status().startsWith(QLatin1String("Se han agregado")))
+                        QVERIFY(f.catalogue.list().isEmpty()); // a failed load adds nothing
                     QCOMPARE(f.view.begun, f.view.ended);
                 }
             }
