@@ -166,28 +166,6 @@ private slots:
         if (count == 0)
             QSKIP("the corpus is not available");
     }
-
-    void truncatedOwnFilesAreErrorsOrRows_data() { loadsInListOrder_data(); }
-    void truncatedOwnFilesAreErrorsOrRows()
-    {
-        QFETCH(QString, name);
-        QTemporaryDir dir;
-        const QString path = dir.filePath(name);
-        QVERIFY(saveCatalogue(path, {}, source(sampleRows(400))).ok);
-        QFile whole(path);
-        QVERIFY(whole.open(QIODevice::ReadOnly));
-        const QByteArray bytes = whole.readAll();
-        for (const qsizetype keep : {qsizetype(100), bytes.size() / 3, bytes.size() - 700}) {
-            const QString cut = dir.filePath(QStringLiteral("corto.") + name.right(3));
-            QFile out(cut);
-            QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
-            out.write(bytes.left(keep));
-            out.close();
-            QString error;
-            const auto loaded = loadCatalogue(cut, &error);
-            QVERIFY(loaded || !error.isEmpty());
-        }
-    }
 };
 
 QTEST_GUILESS_MAIN(CatalogueFilesTest)
