@@ -77,26 +77,6 @@ private slots:
         QVERIFY(!rig.chooser.shown);
     }
 
-    void theChooserRefusesADriveTheListDoesNotHave()
-    {
-        Rig rig;
-        rig.addCd("/media/cdrom");
-        rig.chooser.typed = "z:";
-        rig.cdrom.SearchChosenDrive();
-        QCOMPARE(rig.dialogs.asked.size(), 1);
-        QCOMPARE(rig.dialogs.asked[0].text,
-                 QStringLiteral("La unidad tipeada no es valida, por favor "
-                                "seleccione una de la lista"));
-        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Path invalido"));
-
-        rig.chooser.typed = "/media/cdrom";
-        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Jazz"));
-        rig.window.folder = "/media/cdrom";
-        rig.cdrom.SearchChosenDrive();
-        QCOMPARE(rig.window.drive, QStringLiteral("/media/cdrom"));
-        QCOMPARE(rig.host.rows.size(), 1);
-    }
-
     // Each door command opens the device around one command; a device that cannot be opened
     // or a drive the list does not have is left alone, without a question.
     void doorCommandsOpenAndCloseTheDeviceAroundOneCommand()
