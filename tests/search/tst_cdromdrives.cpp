@@ -41,16 +41,6 @@ private slots:
         QCOMPARE(rig.chooser.drives, (QStringList{"/media/cdrom", "/media/cdrom1"}));
     }
 
-    void withoutADriveTheCommandSaysSo()
-    {
-        Rig rig;
-        rig.controller.Command2Click();
-        QCOMPARE(rig.dialogs.asked.size(), 1);
-        QCOMPARE(rig.dialogs.asked[0].text, QStringLiteral("No hay unidades de CDROM instaladas"));
-        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("No se encuentra unidad de cdrom"));
-        QVERIFY(rig.host.rows.isEmpty());
-    }
-
     void withOneDriveTheWholeDiscIsSearched()
     {
         Rig rig;
