@@ -298,7 +298,6 @@ private slots:
     {
         Fixture f(false);
         QCOMPARE(f.area.messages.constFirst(), frame::NotifyMessage::Add);
-        QCOMPARE(f.form.SystemTray->ToolTipText(), QStringLiteral("Nubo Beta Version 1.5!!!"));
         frame::Form8 menu(f.windows);
         f.form.setTrayMenu(&menu);
         f.area.handler(517);

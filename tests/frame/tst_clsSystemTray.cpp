@@ -34,22 +34,6 @@ private slots:
         QCOMPARE(area.tips.at(1), QStringLiteral("dos"));
     }
 
-    void mouseMessagesRaiseEvents()
-    {
-        FakeNotifyArea area;
-        clsSystemTray tray(area);
-        QSignalSpy dbl(&tray, &clsSystemTray::LButtonDblClk);
-        QSignalSpy down(&tray, &clsSystemTray::LButtonDown);
-        QSignalSpy rup(&tray, &clsSystemTray::RButtonUp);
-        for (int message : {512, 515, 513, 517, 512})
-            area.handler(message);
-        QCOMPARE(dbl.size(), 1);
-        QCOMPARE(down.size(), 1);
-        QCOMPARE(rup.size(), 1);
-        QCOMPARE(tray.record().lastMessage(), 512);
-        QCOMPARE(tray.record().previousMessage(), 517);
-    }
-
     void activationReasons_data()
     {
         QTest::addColumn<int>("reason");
