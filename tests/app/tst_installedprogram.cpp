@@ -40,14 +40,16 @@ void setWritable(const QString& root, bool writable)
     }
 }
 
-QStringList filesBelow(const QString& root)
+// Every entry below root with its contents, to see whether anything changed.
+QMap<QString, QByteArray> filesBelow(const QString& root)
 {
-    QStringList files;
+    QMap<QString, QByteArray> files;
     QDirIterator it(root, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                     QDirIterator::Subdirectories);
-    while (it.hasNext())
-        files << it.next();
-    files.sort();
+    while (it.hasNext()) {
+        QFile file(it.next());
+        files[file.fileName()] = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
     return files;
 }
 
@@ -120,10 +122,11 @@ private slots:
         QVERIFY(help.contains("nubo-cli"));
     }
 
-    // The installed program writes nothing beside itself: its folders go to the user's.
+    // The installed program writes nothing beside itself: its folders go to the user's. A
+    // second start while it runs ends at once and changes nothing.
     void startsFromTheReadOnlyPrefix()
     {
-        const QStringList installed = filesBelow(m_prefix);
+        const auto installed = filesBelow(m_prefix);
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         env.insert(QStringLiteral("XDG_DATA_HOME"), m_dir.filePath(QStringLiteral("data")));
@@ -139,6 +142,20 @@ private slots:
         QTRY_VERIFY(QFileInfo::exists(user + QStringLiteral("Log/nubo.log")));
         QVERIFY(QFileInfo::exists(user + QStringLiteral("Bitmap/conarrows.JPG")));
         QCOMPARE(nubo.state(), QProcess::Running);
+        QTest::qWait(500);
+        const auto userFiles = [this] {
+            auto files = filesBelow(m_dir.filePath(QStringLiteral("data")));
+            files.insert(filesBelow(m_dir.filePath(QStringLiteral("config"))));
+            return files;
+        };
+        const auto before = userFiles();
+        QProcess second;
+        second.setProcessEnvironment(env);
+        second.start(m_prefix + QStringLiteral("/bin/nubo"), {});
+        QVERIFY(second.waitForFinished(30000));
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), 0);
+        QCOMPARE(userFiles(), before);
         nubo.kill();
         nubo.waitForFinished();
         QCOMPARE(filesBelow(m_prefix), installed);

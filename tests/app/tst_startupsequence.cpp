@@ -102,16 +102,13 @@ private slots:
     void firstStartLaysOutEverything()
     {
         Fixture f;
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("foto.JPG"))));
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("fondo.bmp"))));
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Nubologo.ico"))));
+        for (const char* loose : {"foto.JPG", "fondo.bmp", "Nubologo.ico"})
+            QVERIFY(nubo::test::writeFile(f.dir.filePath(QLatin1String(loose))));
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
         QCOMPARE(f.entries(), QStringList({"Bitmap", "Cursors", "Icons", "Ini", "Log"}));
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Bitmap/foto.JPG"))));
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Bitmap/fondo.bmp"))));
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Icons/Nubologo.ico"))));
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Ini/Config.nbo"))));
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Log/nubo.log"))));
+        for (const char* placed : {"Bitmap/foto.JPG", "Bitmap/fondo.bmp", "Icons/Nubologo.ico",
+                                   "Ini/Config.nbo", "Log/nubo.log"})
+            QVERIFY2(QFile::exists(f.dir.filePath(QLatin1String(placed))), placed);
         QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor", "tray", "skinbox", "skin",
                                             "fit", "region"}));
         QVERIFY(f.dialogs.asked.isEmpty());

@@ -158,15 +158,6 @@ private slots:
                  QStringLiteral("La lista contiene 3 archivos actualmente"));
     }
 
-    void noCurrentFileLeavesABlankBeforeTheQuestionMark()
-    {
-        CatalogueFixture f;
-        f.addMany(1);
-        f.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
-        f.catalogue.EmptyList();
-        QCOMPARE(f.dialogs.asked[0].text, QStringLiteral("¿ Desea guardar la lista ?"));
-    }
-
     void sortOrderFlipsOnEveryHeaderClick()
     {
         CatalogueFixture f;

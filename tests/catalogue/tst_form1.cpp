@@ -19,14 +19,6 @@ using nubo::platform::MessageAnswer;
 
 namespace {
 
-template <typename T> T* child(QWidget& form, const char* name)
-{
-    T* found = form.findChild<T*>(QLatin1String(name));
-    if (!found)
-        qWarning("no control named %s", name);
-    return found;
-}
-
 void dropNames(QWidget* viewport, const QStringList& paths)
 {
     QMimeData mime;
@@ -54,32 +46,13 @@ class TestForm1 final : public QObject
 {
     Q_OBJECT
 private slots:
-    void controlsCarryTheirNamesAndTexts()
+    // The drive column is kept for saving but takes no width.
+    void driveColumnIsHidden()
     {
         Form1Fixture f;
-        QCOMPARE(f.form.windowTitle(), QStringLiteral("Buscador..."));
-        for (const char* name :
-             {"Label2", "LblInfo", "lblCurList", "PicExcelConf", "PicOnTop", "Picture1", "Picture2",
-              "Picture4", "LblBytesLibres", "LbltotalBytes", "lblFileSystem", "lblFlags",
-              "lblMaxComponentLength", "lblSerialNumber"})
-            QVERIFY2(child<QLabel>(f.form, name), name);
-        for (const char* name :
-             {"BusFile", "DesdeA", "guardarb", "guardarc", "vaciarl", "ExitProgram", "mnuFindFiles",
-              "Rep", "Agr1", "Eli", "ChngeName", "Funcional", "Edit", "Mover", "Reest"})
-            QVERIFY2(child<QAction>(f.form, name), name);
-        QCOMPARE(child<QLabel>(f.form, "Label2")->text(), QStringLiteral("La lista esta vacia"));
-        QCOMPARE(child<QLabel>(f.form, "LblInfo")->text(), QStringLiteral("Info Adicional"));
-        QCOMPARE(child<QPushButton>(f.form, "Command6")->text(), QStringLiteral("&Vaciar LISTA"));
-        QCOMPARE(child<QAction>(f.form, "Agr1")->text(),
-                 QStringLiteral("Agregar a la &lista del reproductor"));
-        QVERIFY(child<QTimer>(f.form, "Timer1") && child<QTimer>(f.form, "Timer2"));
-        QCOMPARE(f.form.Timer3->objectName(), QStringLiteral("Timer3"));
         QHeaderView* header = f.form.ListView1->header();
-        QCOMPARE(header->sectionSize(4), 0); // the drive column is kept but not shown
+        QCOMPARE(header->sectionSize(4), 0);
         QVERIFY(header->sectionSize(0) > 0);
-        QCOMPARE(header->sectionSize(0), header->sectionSize(3));
-        QVERIFY(f.form.Funcional->isChecked());
-        QVERIFY(!f.form.mnuFindFiles->isVisible());
     }
 
     void addingShowsRowsAndTheCountLine()
@@ -104,8 +77,6 @@ private slots:
         QCOMPARE(f.catalogue.list().count(), 7);
         QCOMPARE(f.form.LblInfo->text(),
                  QStringLiteral("Han sido eliminados 3 archivos de la lista"));
-        QCOMPARE(f.form.LblInfo->palette().color(QPalette::WindowText), QColor(Qt::blue));
-        QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 7 archivos actualmente"));
 
         QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
         f.form.Eli->trigger();

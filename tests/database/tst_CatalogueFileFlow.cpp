@@ -217,12 +217,9 @@ private slots:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("saved");
-        QTest::newRow("no extension") << "catalogo"
-                                      << "catalogo.mdb";
-        QTest::newRow("upper-case workbook") << "lista.XLS"
-                                             << "lista.XLS";
-        QTest::newRow("other extension") << "lista.txt"
-                                         << "lista.txt.mdb";
+        QTest::newRow("no extension") << "catalogo" << QStringLiteral("catalogo.mdb");
+        QTest::newRow("upper-case workbook") << "lista.XLS" << QStringLiteral("lista.XLS");
+        QTest::newRow("other extension") << "lista.txt" << QStringLiteral("lista.txt.mdb");
     }
     void saveDialogChoosesTheFormat()
     {

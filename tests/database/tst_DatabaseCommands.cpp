@@ -51,28 +51,6 @@ private slots:
         QCOMPARE(shown.out, QStringLiteral("tres\t/n/ x\t\tWAV\tNN\nuno dos\t/m/\tg\tMP3\tNN\n"));
     }
 
-    void convertsBothWays()
-    {
-        QTemporaryDir dir;
-        const QString xls = dir.filePath(QStringLiteral("a.xls"));
-        const QString mdb = dir.filePath(QStringLiteral("b.MDB"));
-        const QString back = dir.filePath(QStringLiteral("c.xls"));
-        const QList<CatalogueRecord> rows = test::sampleRows(4);
-        CatalogueSaveOptions options;
-        options.sheetName = QStringLiteral("Discos");
-        QVERIFY(saveCatalogue(xls, options, {4, [&](qsizetype i) { return rows.at(i); }}).ok);
-        QCOMPARE(run({"convert", xls, mdb}).status, 0);
-        QCOMPARE(run({"convert", mdb, back}).status, 0);
-        QString error;
-        const auto loaded = loadCatalogue(back, &error);
-        QVERIFY(loaded);
-        QCOMPARE(loaded->name, QStringLiteral("Colección")); // a database names no sheet
-        QList<CatalogueRecord> expected = rows;
-        std::reverse(expected.begin(), expected.end()); // the database loads last first
-        QCOMPARE(loaded->rows, expected);
-        QCOMPARE(loadCatalogue(mdb, &error)->rows, expected);
-    }
-
     void mistakes_data()
     {
         QTest::addColumn<QStringList>("args");

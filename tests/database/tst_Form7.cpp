@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include <array>
+
 #include "TestFiles.h"
 #include "app/AppFixture.h"
 
@@ -58,66 +60,26 @@ class Form7Test final : public QObject
     Q_OBJECT
 
 private slots:
-    void initialState()
-    {
-        Fixture f;
-        QCOMPARE(f.form->windowTitle(), QStringLiteral("Configuracion de Hoja Excel"));
-        QCOMPARE(f.form->TxtNameXls->text(), QStringLiteral("Colección"));
-        QCOMPARE(f.form->Text1->text(), QStringLiteral("Nubo! 1.4 Beta"));
-        QCOMPARE(f.form->Label[3]->text(), QStringLiteral("Opciones de Fuente"));
-        QCOMPARE(f.form->Text1->toolTip(), QStringLiteral("Elija el tipo de fuente,tamaño,etc..."));
-        QCOMPARE(f.form->TxtNameXls->toolTip(),
-                 QStringLiteral("Determine el nombre de la hoja que se creará en Excel"));
-        QCOMPARE(f.button("Command4")->text(), QStringLiteral("&Aceptar"));
-        QCOMPARE(f.form->PicAceptar->toolTip(), QStringLiteral("Acepta la configuracion actual"));
-        QCOMPARE(f.form->TxtBorStyle->text(), QStringLiteral("1"));
-        QCOMPARE(f.form->TxtBorWidth->text(), QStringLiteral("2"));
-        QCOMPARE(base(f.form->TxtcolorRelleno), QColor(Qt::white));
-        QCOMPARE(f.settings, SheetSettings{});
-    }
-
+    // Field, button, text before the click and after it.
     void steppersStayWithinTheirLimits_data()
     {
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("button");
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::newRow("style up") << "TxtBorStyle"
-                                  << "Command5"
-                                  << "12"
-                                  << "13";
-        QTest::newRow("style up at 13") << "TxtBorStyle"
-                                        << "Command5"
-                                        << "13"
-                                        << "13";
-        QTest::newRow("style down") << "TxtBorStyle"
-                                    << "Command6"
-                                    << "1"
-                                    << "0";
-        QTest::newRow("style down at 0") << "TxtBorStyle"
-                                         << "Command6"
-                                         << "0"
-                                         << "0";
-        QTest::newRow("weight down") << "TxtBorWidth"
-                                     << "Command7"
-                                     << "2"
-                                     << "1";
-        QTest::newRow("weight down at 1") << "TxtBorWidth"
-                                          << "Command7"
-                                          << "1"
-                                          << "1";
-        QTest::newRow("weight up") << "TxtBorWidth"
-                                   << "Command8"
-                                   << "3"
-                                   << "4";
-        QTest::newRow("weight up at 4") << "TxtBorWidth"
-                                        << "Command8"
-                                        << "4"
-                                        << "4";
-        QTest::newRow("empty weight up") << "TxtBorWidth"
-                                         << "Command8"
-                                         << ""
-                                         << "1";
+        const std::array<std::array<const char*, 5>, 9> rows{{
+            {"style up", "TxtBorStyle", "Command5", "12", "13"},
+            {"style up at 13", "TxtBorStyle", "Command5", "13", "13"},
+            {"style down", "TxtBorStyle", "Command6", "1", "0"},
+            {"style down at 0", "TxtBorStyle", "Command6", "0", "0"},
+            {"weight down", "TxtBorWidth", "Command7", "2", "1"},
+            {"weight down at 1", "TxtBorWidth", "Command7", "1", "1"},
+            {"weight up", "TxtBorWidth", "Command8", "3", "4"},
+            {"weight up at 4", "TxtBorWidth", "Command8", "4", "4"},
+            {"empty weight up", "TxtBorWidth", "Command8", "", "1"},
+        }};
+        for (const auto& r : rows)
+            QTest::newRow(r[0]) << QString(r[1]) << QString(r[2]) << QString(r[3]) << QString(r[4]);
     }
     void steppersStayWithinTheirLimits()
     {
@@ -130,8 +92,8 @@ private slots:
         edit->setText(before);
         f.button(qPrintable(button))->click();
         QCOMPARE(edit->text(), after);
-        const int recorded = field == QLatin1String("TxtBorStyle") ? f.settings.style.lineStyle
-                                                                   : f.settings.style.weight;
+        const int recorded =
+            edit == f.form->TxtBorStyle ? f.settings.style.lineStyle : f.settings.style.weight;
         QCOMPARE(recorded, after.toInt());
     }
 
@@ -140,15 +102,9 @@ private slots:
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("style letters") << "TxtBorStyle"
-                                       << "ab"
-                                       << "0";
-        QTest::newRow("weight letters") << "TxtBorWidth"
-                                        << "x"
-                                        << "0";
-        QTest::newRow("style number") << "TxtBorStyle"
-                                      << "12"
-                                      << "12";
+        QTest::newRow("style letters") << "TxtBorStyle" << QStringLiteral("ab") << "0";
+        QTest::newRow("weight letters") << "TxtBorWidth" << QStringLiteral("x") << "0";
+        QTest::newRow("style number") << "TxtBorStyle" << QStringLiteral("12") << "12";
     }
     void lettersBecomeZero()
     {

@@ -94,18 +94,6 @@ private slots:
         f.log.AnotarEnLog(QStringLiteral("despues"));
         QCOMPARE(f.logSize(), before);
     }
-
-    void clickSideEffects()
-    {
-        Fixture f;
-        QSignalSpy excel(f.form.get(), &frame::Form5::ChkExcConfgClicked);
-        QSignalSpy properties(f.form.get(), &frame::Form5::ChkproClicked);
-        f.form->ChkExcConfg->click();
-        f.form->Chkpro->click();
-        QCOMPARE(excel.size(), 1);
-        QCOMPARE(excel.at(0).at(0).toBool(), true);
-        QCOMPARE(properties.size(), 1);
-    }
 };
 
 QTEST_MAIN(TestForm5)

@@ -15,13 +15,79 @@ class TestDesktopShell final : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void openStartsTheDefaultApplication();
-    void enqueueUsesThePlayersOption();
-    void enqueueFallsBackToOpen();
-    void noAssociationAndMissingFiles();
-    void openWithRunsTheChosenCommand();
-    void chooserCommands();
+    void init()
+    {
+        m_root = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_root->isValid());
+        m_dirs = {m_root->filePath("config"), {}, m_root->filePath("data"), {}, {}};
+        m_started.clear();
+        m_startResult = true;
+        write("music/mi tema.mp3", "ID3");
+        m_song = m_root->filePath("music/mi tema.mp3");
+        write("data/applications/vlc.desktop", "[Desktop Entry]\nType=Application\nName=VLC\n"
+                                               "Exec=/usr/bin/vlc --started-from-file %U\n");
+        write("data/applications/rhythmbox.desktop",
+              "[Desktop Entry]\nType=Application\nName=Rhythmbox\nExec=rhythmbox %F\n");
+    }
+
+    void openStartsTheDefaultApplication()
+    {
+        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
+        QCOMPARE(shell()->open(m_song), IShell::Result::Ok);
+        QCOMPARE(m_started,
+                 (QList<QStringList>{{"/usr/bin/vlc", "--started-from-file",
+                                      QUrl::fromLocalFile(m_song).toString(QUrl::FullyEncoded)}}));
+        m_startResult = false;
+        QCOMPARE(shell()->open(m_song), IShell::Result::Failed);
+    }
+
+    void enqueueUsesThePlayersOption()
+    {
+        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
+        QCOMPARE(shell()->enqueue(m_song), IShell::Result::Ok);
+        QCOMPARE(m_started, (QList<QStringList>{
+                                {"/usr/bin/vlc", "--one-instance", "--playlist-enqueue", m_song}}));
+    }
+
+    void enqueueFallsBackToOpen()
+    {
+        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=rhythmbox.desktop\n");
+        QCOMPARE(shell()->enqueue(m_song), IShell::Result::Ok);
+        QCOMPARE(m_started, (QList<QStringList>{{"rhythmbox", m_song}}));
+    }
+
+    void noAssociationAndMissingFiles()
+    {
+        QCOMPARE(shell()->open(m_song), IShell::Result::NoAssociation);
+        QCOMPARE(shell()->enqueue(m_song), IShell::Result::NoAssociation);
+        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
+        QCOMPARE(shell()->open(m_root->filePath("music/borrado.mp3")), IShell::Result::Failed);
+        QCOMPARE(shell()->open(QString()), IShell::Result::Failed);
+        QVERIFY(m_started.isEmpty());
+    }
+
+    void openWithRunsTheChosenCommand()
+    {
+        m_chosen = {"/opt/player", m_song};
+        QVERIFY(shell()->openWith(m_song));
+        QCOMPARE(m_offered, 2);
+        QCOMPARE(m_started, (QList<QStringList>{{"/opt/player", m_song}}));
+        m_chosen.clear();
+        QVERIFY(!shell()->openWith(m_song));
+        QCOMPARE(m_started.size(), 1);
+    }
+
+    void chooserCommands()
+    {
+        const QList<DesktopEntry> applications = MimeAssociations(m_dirs).applications();
+        OpenWithDialog dialog(applications, m_song);
+        QCOMPARE(dialog.listApplications->count(), 2);
+        QCOMPARE(dialog.command(), QStringList());
+        dialog.listApplications->setCurrentRow(0); // Rhythmbox, by name
+        QCOMPARE(dialog.command(), (QStringList{"rhythmbox", m_song}));
+        dialog.setProgram(QStringLiteral("/usr/local/bin/reproductor"));
+        QCOMPARE(dialog.command(), (QStringList{"/usr/local/bin/reproductor", m_song}));
+    }
 
 private:
     void write(const QString& relative, const QByteArray& text)
@@ -50,80 +116,6 @@ private:
     QStringList m_chosen;
     qsizetype m_offered = -1;
 };
-
-void TestDesktopShell::init()
-{
-    m_root = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_root->isValid());
-    m_dirs = {m_root->filePath("config"), {}, m_root->filePath("data"), {}, {}};
-    m_started.clear();
-    m_startResult = true;
-    write("music/mi tema.mp3", "ID3");
-    m_song = m_root->filePath("music/mi tema.mp3");
-    write("data/applications/vlc.desktop", "[Desktop Entry]\nType=Application\nName=VLC\n"
-                                           "Exec=/usr/bin/vlc --started-from-file %U\n");
-    write("data/applications/rhythmbox.desktop",
-          "[Desktop Entry]\nType=Application\nName=Rhythmbox\nExec=rhythmbox %F\n");
-}
-
-void TestDesktopShell::openStartsTheDefaultApplication()
-{
-    write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-    QCOMPARE(shell()->open(m_song), IShell::Result::Ok);
-    QCOMPARE(m_started,
-             (QList<QStringList>{{"/usr/bin/vlc", "--started-from-file",
-                                  QUrl::fromLocalFile(m_song).toString(QUrl::FullyEncoded)}}));
-    m_startResult = false;
-    QCOMPARE(shell()->open(m_song), IShell::Result::Failed);
-}
-
-void TestDesktopShell::enqueueUsesThePlayersOption()
-{
-    write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-    QCOMPARE(shell()->enqueue(m_song), IShell::Result::Ok);
-    QCOMPARE(m_started, (QList<QStringList>{
-                            {"/usr/bin/vlc", "--one-instance", "--playlist-enqueue", m_song}}));
-}
-
-void TestDesktopShell::enqueueFallsBackToOpen()
-{
-    write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=rhythmbox.desktop\n");
-    QCOMPARE(shell()->enqueue(m_song), IShell::Result::Ok);
-    QCOMPARE(m_started, (QList<QStringList>{{"rhythmbox", m_song}}));
-}
-
-void TestDesktopShell::noAssociationAndMissingFiles()
-{
-    QCOMPARE(shell()->open(m_song), IShell::Result::NoAssociation);
-    QCOMPARE(shell()->enqueue(m_song), IShell::Result::NoAssociation);
-    write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-    QCOMPARE(shell()->open(m_root->filePath("music/borrado.mp3")), IShell::Result::Failed);
-    QCOMPARE(shell()->open(QString()), IShell::Result::Failed);
-    QVERIFY(m_started.isEmpty());
-}
-
-void TestDesktopShell::openWithRunsTheChosenCommand()
-{
-    m_chosen = {"/opt/player", m_song};
-    QVERIFY(shell()->openWith(m_song));
-    QCOMPARE(m_offered, 2);
-    QCOMPARE(m_started, (QList<QStringList>{{"/opt/player", m_song}}));
-    m_chosen.clear();
-    QVERIFY(!shell()->openWith(m_song));
-    QCOMPARE(m_started.size(), 1);
-}
-
-void TestDesktopShell::chooserCommands()
-{
-    const QList<DesktopEntry> applications = MimeAssociations(m_dirs).applications();
-    OpenWithDialog dialog(applications, m_song);
-    QCOMPARE(dialog.listApplications->count(), 2);
-    QCOMPARE(dialog.command(), QStringList());
-    dialog.listApplications->setCurrentRow(0); // Rhythmbox, by name
-    QCOMPARE(dialog.command(), (QStringList{"rhythmbox", m_song}));
-    dialog.setProgram(QStringLiteral("/usr/local/bin/reproductor"));
-    QCOMPARE(dialog.command(), (QStringList{"/usr/local/bin/reproductor", m_song}));
-}
 
 QTEST_MAIN(TestDesktopShell)
 #include "tst_DesktopShell.moc"

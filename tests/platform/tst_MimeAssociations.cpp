@@ -14,22 +14,169 @@ class TestMimeAssociations final : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void defaultApplicationsTakePrecedence();
-    void userListOverridesSystemList();
-    void desktopSpecificListComesFirst();
-    void fallsBackToMimeTypeLines();
-    void removedAssociationsAreSkipped();
-    void mimeinfoCacheAndSubfolderIds();
-    void aliasesAndParentTypes();
-    void noAssociation();
-    void chooserListsShownApplications();
-    void splitExec_data();
-    void splitExec();
-    void expandExec_data();
-    void expandExec();
-    void enqueueCommand_data();
-    void enqueueCommand();
+    void init()
+    {
+        m_root = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_root->isValid());
+        m_dirs = {m_root->filePath("config"),
+                  {m_root->filePath("etc")},
+                  m_root->filePath("local"),
+                  {m_root->filePath("share1"), m_root->filePath("share2")},
+                  {}};
+    }
+
+    void defaultApplicationsTakePrecedence()
+    {
+        app("share2/applications/vlc.desktop", "vlc", "MimeType=audio/mpeg;\n");
+        app("share2/applications/audacious.desktop", "audacious");
+        write("share2/applications/mimeapps.list",
+              "[Default Applications]\naudio/mpeg=missing.desktop;audacious.desktop;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("audacious.desktop"));
+    }
+
+    void userListOverridesSystemList()
+    {
+        app("share1/applications/vlc.desktop", "vlc");
+        app("share1/applications/qmmp.desktop", "qmmp");
+        write("etc/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
+        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=qmmp.desktop;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("qmmp.desktop"));
+    }
+
+    void desktopSpecificListComesFirst()
+    {
+        app("local/applications/vlc.desktop", "vlc");
+        app("local/applications/smplayer.desktop", "smplayer");
+        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
+        write("config/kde-mimeapps.list", "[Default Applications]\naudio/mpeg=smplayer.desktop\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
+        m_dirs.desktops = {QStringLiteral("kde")};
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("smplayer.desktop"));
+    }
+
+    void fallsBackToMimeTypeLines()
+    {
+        app("share2/applications/deadbeef.desktop", "deadbeef",
+            "MimeType=audio/mpeg;audio/x-wav;\n");
+        app("share1/applications/hidden.desktop", "x", "MimeType=audio/mpeg;\nHidden=true\n");
+        app("share1/applications/other.desktop", "y", "MimeType=audio/flac;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("deadbeef.desktop"));
+        // A user's copy of an entry shadows the system one, even when it lists other types.
+        app("local/applications/deadbeef.desktop", "deadbeef", "MimeType=audio/flac;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QString());
+    }
+
+    void removedAssociationsAreSkipped()
+    {
+        app("share1/applications/vlc.desktop", "vlc", "MimeType=audio/mpeg;\n");
+        app("share2/applications/qmmp.desktop", "qmmp", "MimeType=audio/mpeg;\n");
+        write("config/mimeapps.list", "[Removed Associations]\naudio/mpeg=vlc.desktop;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("qmmp.desktop"));
+        write("config/mimeapps.list", "[Added Associations]\naudio/mpeg=vlc.desktop;\n"
+                                      "[Removed Associations]\naudio/mpeg=qmmp.desktop;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
+    }
+
+    void mimeinfoCacheAndSubfolderIds()
+    {
+        app("share1/applications/kde/player.desktop", "player");
+        write("share1/applications/mimeinfo.cache",
+              "[MIME Cache]\naudio/mpeg=kde-player.desktop;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("kde-player.desktop"));
+    }
+
+    void aliasesAndParentTypes()
+    {
+        app("share1/applications/editor.desktop", "editor", "MimeType=text/plain;\n");
+        app("share1/applications/mp3.desktop", "mp3player", "MimeType=audio/x-mp3;\n");
+        QCOMPARE(defaultFor("text/x-csrc"), QStringLiteral("editor.desktop"));
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("mp3.desktop"));
+    }
+
+    void noAssociation()
+    {
+        app("share1/applications/hex.desktop", "hex", "MimeType=application/octet-stream;\n");
+        write("share1/applications/broken.desktop",
+              "[Desktop Entry]\nType=Link\nURL=x\nMimeType=audio/mpeg;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QString());
+        QCOMPARE(defaultFor("application/octet-stream"), QString());
+        QCOMPARE(defaultFor("application/x-zip"), QString()); // no fallback to "nothing known"
+    }
+
+    void chooserListsShownApplications()
+    {
+        app("share1/applications/b.desktop", "Beta");
+        app("share1/applications/a.desktop", "alfa");
+        app("share1/applications/c.desktop", "gamma", "NoDisplay=true\n");
+        QStringList names;
+        for (const DesktopEntry& entry : MimeAssociations(m_dirs).applications())
+            names.append(entry.name);
+        QCOMPARE(names, (QStringList{"alfa", "Beta"}));
+    }
+
+    void splitExec_data()
+    {
+        QTest::addColumn<QString>("exec");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("plain") << "vlc --started-from-file %U"
+                               << QStringList{"vlc", "--started-from-file", "%U"};
+        QTest::newRow("quoted blanks")
+            << "\"/opt/My Player/run\" -x  %f" << QStringList{"/opt/My Player/run", "-x", "%f"};
+        QTest::newRow("escapes in quotes")
+            << "sh \"a \\\"b\\\" \\$c \\\\d\"" << QStringList{"sh", "a \"b\" $c \\d"};
+        QTest::newRow("empty quotes") << "prog \"\" x" << QStringList{"prog", "", "x"};
+    }
+    void splitExec()
+    {
+        QFETCH(QString, exec);
+        QFETCH(QStringList, expected);
+        QCOMPARE(exec::split(exec), std::optional<QStringList>(expected));
+        QCOMPARE(exec::split(QStringLiteral("prog \"open")), std::nullopt);
+    }
+
+    void expandExec_data()
+    {
+        QTest::addColumn<QString>("exec");
+        QTest::addColumn<QStringList>("expected");
+        const QString path = QStringLiteral("/m/Mi tema;$(x).mp3");
+        const QString url = QStringLiteral("file:///m/Mi%20tema;$(x).mp3");
+        QTest::newRow("%f") << "player %f" << QStringList{"player", path};
+        QTest::newRow("%U") << "player %U" << QStringList{"player", url};
+        QTest::newRow("no code") << "player --new" << QStringList{"player", "--new", path};
+        QTest::newRow("others") << "player %i %c %% --file=%F %d"
+                                << QStringList{"player", "--icon", "ico",
+                                               "Player", "%",      "--file=" + path};
+    }
+    void expandExec()
+    {
+        QFETCH(QString, exec);
+        QFETCH(QStringList, expected);
+        DesktopEntry entry;
+        entry.exec = exec;
+        entry.name = QStringLiteral("Player");
+        entry.icon = QStringLiteral("ico");
+        QCOMPARE(exec::expand(entry, QStringLiteral("/m/Mi tema;$(x).mp3")), expected);
+    }
+
+    void enqueueCommand_data()
+    {
+        QTest::addColumn<QStringList>("exec");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("audacious")
+            << QStringList{"audacious", "%U"} << QStringList{"audacious", "-e", "/a b.mp3"};
+        QTest::newRow("deadbeef") << QStringList{"deadbeef", "%F"}
+                                  << QStringList{"deadbeef", "--queue", "/a b.mp3"};
+        QTest::newRow("smplayer") << QStringList{"smplayer", "%U"}
+                                  << QStringList{"smplayer", "-add-to-playlist", "/a b.mp3"};
+    }
+    void enqueueCommand()
+    {
+        QFETCH(QStringList, exec);
+        QFETCH(QStringList, expected);
+        const auto command = exec::enqueueCommand(exec, QStringLiteral("/a b.mp3"));
+        QCOMPARE(command.value_or(QStringList()), expected);
+    }
 
 private:
     void write(const QString& relative, const QByteArray& text)
@@ -50,180 +197,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_root;
     XdgDirs m_dirs;
 };
-
-void TestMimeAssociations::init()
-{
-    m_root = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_root->isValid());
-    m_dirs = {m_root->filePath("config"),
-              {m_root->filePath("etc")},
-              m_root->filePath("local"),
-              {m_root->filePath("share1"), m_root->filePath("share2")},
-              {}};
-}
-
-void TestMimeAssociations::defaultApplicationsTakePrecedence()
-{
-    app("share2/applications/vlc.desktop", "vlc", "MimeType=audio/mpeg;\n");
-    app("share2/applications/audacious.desktop", "audacious");
-    write("share2/applications/mimeapps.list",
-          "[Default Applications]\naudio/mpeg=missing.desktop;audacious.desktop;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("audacious.desktop"));
-}
-
-void TestMimeAssociations::userListOverridesSystemList()
-{
-    app("share1/applications/vlc.desktop", "vlc");
-    app("share1/applications/qmmp.desktop", "qmmp");
-    write("etc/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
-    write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=qmmp.desktop;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("qmmp.desktop"));
-}
-
-void TestMimeAssociations::desktopSpecificListComesFirst()
-{
-    app("local/applications/vlc.desktop", "vlc");
-    app("local/applications/smplayer.desktop", "smplayer");
-    write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-    write("config/kde-mimeapps.list", "[Default Applications]\naudio/mpeg=smplayer.desktop\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
-    m_dirs.desktops = {QStringLiteral("kde")};
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("smplayer.desktop"));
-}
-
-void TestMimeAssociations::fallsBackToMimeTypeLines()
-{
-    app("share2/applications/deadbeef.desktop", "deadbeef", "MimeType=audio/mpeg;audio/x-wav;\n");
-    app("share1/applications/hidden.desktop", "x", "MimeType=audio/mpeg;\nHidden=true\n");
-    app("share1/applications/other.desktop", "y", "MimeType=audio/flac;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("deadbeef.desktop"));
-    // A user's copy of an entry shadows the system one, even when it lists other types.
-    app("local/applications/deadbeef.desktop", "deadbeef", "MimeType=audio/flac;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QString());
-}
-
-void TestMimeAssociations::removedAssociationsAreSkipped()
-{
-    app("share1/applications/vlc.desktop", "vlc", "MimeType=audio/mpeg;\n");
-    app("share2/applications/qmmp.desktop", "qmmp", "MimeType=audio/mpeg;\n");
-    write("config/mimeapps.list", "[Removed Associations]\naudio/mpeg=vlc.desktop;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("qmmp.desktop"));
-    write("config/mimeapps.list", "[Added Associations]\naudio/mpeg=vlc.desktop;\n"
-                                  "[Removed Associations]\naudio/mpeg=qmmp.desktop;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
-}
-
-void TestMimeAssociations::mimeinfoCacheAndSubfolderIds()
-{
-    app("share1/applications/kde/player.desktop", "player");
-    write("share1/applications/mimeinfo.cache", "[MIME Cache]\naudio/mpeg=kde-player.desktop;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("kde-player.desktop"));
-}
-
-void TestMimeAssociations::aliasesAndParentTypes()
-{
-    app("share1/applications/editor.desktop", "editor", "MimeType=text/plain;\n");
-    app("share1/applications/mp3.desktop", "mp3player", "MimeType=audio/x-mp3;\n");
-    QCOMPARE(defaultFor("text/x-csrc"), QStringLiteral("editor.desktop"));
-    QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("mp3.desktop"));
-}
-
-void TestMimeAssociations::noAssociation()
-{
-    app("share1/applications/hex.desktop", "hex", "MimeType=application/octet-stream;\n");
-    write("share1/applications/broken.desktop",
-          "[Desktop Entry]\nType=Link\nURL=x\nMimeType=audio/mpeg;\n");
-    QCOMPARE(defaultFor("audio/mpeg"), QString());
-    QCOMPARE(defaultFor("application/octet-stream"), QString());
-    QCOMPARE(defaultFor("application/x-zip"), QString()); // no fallback to "nothing known"
-}
-
-void TestMimeAssociations::chooserListsShownApplications()
-{
-    app("share1/applications/b.desktop", "Beta");
-    app("share1/applications/a.desktop", "alfa");
-    app("share1/applications/c.desktop", "gamma", "NoDisplay=true\n");
-    QStringList names;
-    for (const DesktopEntry& entry : MimeAssociations(m_dirs).applications())
-        names.append(entry.name);
-    QCOMPARE(names, (QStringList{"alfa", "Beta"}));
-}
-
-void TestMimeAssociations::splitExec_data()
-{
-    QTest::addColumn<QString>("exec");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("plain") << "vlc --started-from-file %U"
-                           << QStringList{"vlc", "--started-from-file", "%U"};
-    QTest::newRow("quoted blanks")
-        << R"("/opt/My Player/run" -x  %f)" << QStringList{"/opt/My Player/run", "-x", "%f"};
-    QTest::newRow("escapes in quotes")
-        << R"(sh "a \"b\" \$c \\d")" << QStringList{"sh", R"(a "b" $c \d)"};
-    QTest::newRow("empty quotes") << R"(prog "" x)" << QStringList{"prog", "", "x"};
-}
-
-void TestMimeAssociations::splitExec()
-{
-    QFETCH(QString, exec);
-    QFETCH(QStringList, expected);
-    QCOMPARE(exec::split(exec), std::optional<QStringList>(expected));
-    QCOMPARE(exec::split(QStringLiteral("prog \"open")), std::nullopt);
-}
-
-void TestMimeAssociations::expandExec_data()
-{
-    QTest::addColumn<QString>("exec");
-    QTest::addColumn<QStringList>("expected");
-    const QString path = QStringLiteral("/m/Mi tema;$(x).mp3");
-    const QString url = QStringLiteral("file:///m/Mi%20tema;$(x).mp3");
-    QTest::newRow("%f") << "player %f" << QStringList{"player", path};
-    QTest::newRow("%U") << "player %U" << QStringList{"player", url};
-    QTest::newRow("no code") << "player --new" << QStringList{"player", "--new", path};
-    QTest::newRow("others") << "player %i %c %% --file=%F %d"
-                            << QStringList{"player", "--icon", "ico",
-                                           "Player", "%",      "--file=" + path};
-}
-
-void TestMimeAssociations::expandExec()
-{
-    QFETCH(QString, exec);
-    QFETCH(QStringList, expected);
-    DesktopEntry entry;
-    entry.exec = exec;
-    entry.name = QStringLiteral("Player");
-    entry.icon = QStringLiteral("ico");
-    QCOMPARE(exec::expand(entry, QStringLiteral("/m/Mi tema;$(x).mp3")), expected);
-}
-
-void TestMimeAssociations::enqueueCommand_data()
-{
-    QTest::addColumn<QStringList>("exec");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("vlc") << QStringList{"/usr/bin/vlc", "--started-from-file", "%U"}
-                         << QStringList{"/usr/bin/vlc", "--one-instance", "--playlist-enqueue",
-                                        "/a b.mp3"};
-    QTest::newRow("audacious") << QStringList{"audacious", "%U"}
-                               << QStringList{"audacious", "-e", "/a b.mp3"};
-    QTest::newRow("strawberry") << QStringList{"strawberry", "%U"}
-                                << QStringList{"strawberry", "-a", "/a b.mp3"};
-    QTest::newRow("clementine") << QStringList{"clementine", "%U"}
-                                << QStringList{"clementine", "-a", "/a b.mp3"};
-    QTest::newRow("qmmp") << QStringList{"qmmp", "%F"} << QStringList{"qmmp", "-e", "/a b.mp3"};
-    QTest::newRow("deadbeef") << QStringList{"deadbeef", "%F"}
-                              << QStringList{"deadbeef", "--queue", "/a b.mp3"};
-    QTest::newRow("smplayer") << QStringList{"smplayer", "%U"}
-                              << QStringList{"smplayer", "-add-to-playlist", "/a b.mp3"};
-    QTest::newRow("other player opens") << QStringList{"rhythmbox", "%U"} << QStringList{};
-}
-
-void TestMimeAssociations::enqueueCommand()
-{
-    QFETCH(QStringList, exec);
-    QFETCH(QStringList, expected);
-    const auto command = exec::enqueueCommand(exec, QStringLiteral("/a b.mp3"));
-    QCOMPARE(command.value_or(QStringList()), expected);
-}
 
 QTEST_GUILESS_MAIN(TestMimeAssociations)
 #include "tst_MimeAssociations.moc"

@@ -15,34 +15,22 @@ class TestAppFolder final : public QObject
 {
     Q_OBJECT
 private slots:
+    // Each component matches a folder whatever its case, the exact name first; a component
+    // nothing matches is kept as written.
     void resolvesWithoutRegardToCase()
     {
         QTemporaryDir dir;
-        QDir(dir.path()).mkpath(QStringLiteral("Bitmap"));
-        QFile(dir.filePath(QStringLiteral("Bitmap/form3bot1off.jpg"))).open(QIODevice::WriteOnly);
+        for (const char* folder : {"Bitmap", "Log", "a/x", "A/y"})
+            QDir(dir.path()).mkpath(QLatin1String(folder));
+        QVERIFY(nubo::test::writeFile(dir.filePath(QStringLiteral("Bitmap/form3bot1off.jpg"))));
         const AppFolder app(dir.path() + QStringLiteral("/"));
         QCOMPARE(app.resolve(QStringLiteral("\\bitmap\\form3Bot1off.jpg")),
                  dir.filePath(QStringLiteral("Bitmap/form3bot1off.jpg")));
         QCOMPARE(app.resolve(QStringLiteral("/BITMAP/")), dir.filePath(QStringLiteral("Bitmap")));
-    }
-
-    void keepsUnmatchedComponentsAsWritten()
-    {
-        QTemporaryDir dir;
-        QDir(dir.path()).mkpath(QStringLiteral("Log"));
-        const AppFolder app(dir.path());
         QCOMPARE(app.resolve(QStringLiteral("\\log\\nubo.log")),
                  dir.filePath(QStringLiteral("Log/nubo.log")));
         QCOMPARE(app.resolve(QStringLiteral("\\ini\\Config.nbo")),
                  dir.filePath(QStringLiteral("ini/Config.nbo")));
-    }
-
-    void prefersTheExactNameWhenTwoDiffer()
-    {
-        QTemporaryDir dir;
-        QDir(dir.path()).mkpath(QStringLiteral("a/x"));
-        QDir(dir.path()).mkpath(QStringLiteral("A/y"));
-        const AppFolder app(dir.path());
         QCOMPARE(app.resolve(QStringLiteral("A\\y")), dir.filePath(QStringLiteral("A/y")));
     }
 

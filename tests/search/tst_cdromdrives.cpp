@@ -41,16 +41,6 @@ private slots:
         QCOMPARE(rig.chooser.drives, (QStringList{"/media/cdrom", "/media/cdrom1"}));
     }
 
-    void withoutADriveTheCommandSaysSo()
-    {
-        Rig rig;
-        rig.controller.Command2Click();
-        QCOMPARE(rig.dialogs.asked.size(), 1);
-        QCOMPARE(rig.dialogs.asked[0].text, QStringLiteral("No hay unidades de CDROM instaladas"));
-        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("No se encuentra unidad de cdrom"));
-        QVERIFY(rig.host.rows.isEmpty());
-    }
-
     void withOneDriveTheWholeDiscIsSearched()
     {
         Rig rig;
@@ -75,26 +65,6 @@ private slots:
         QVERIFY(rig.dialogs.asked.isEmpty());
         QVERIFY(rig.host.rows.isEmpty());
         QVERIFY(!rig.chooser.shown);
-    }
-
-    void theChooserRefusesADriveTheListDoesNotHave()
-    {
-        Rig rig;
-        rig.addCd("/media/cdrom");
-        rig.chooser.typed = "z:";
-        rig.cdrom.SearchChosenDrive();
-        QCOMPARE(rig.dialogs.asked.size(), 1);
-        QCOMPARE(rig.dialogs.asked[0].text,
-                 QStringLiteral("La unidad tipeada no es valida, por favor "
-                                "seleccione una de la lista"));
-        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Path invalido"));
-
-        rig.chooser.typed = "/media/cdrom";
-        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Jazz"));
-        rig.window.folder = "/media/cdrom";
-        rig.cdrom.SearchChosenDrive();
-        QCOMPARE(rig.window.drive, QStringLiteral("/media/cdrom"));
-        QCOMPARE(rig.host.rows.size(), 1);
     }
 
     // Each door command opens the device around one command; a device that cannot be opened

@@ -33,27 +33,13 @@ class TestForm3 final : public QObject
     };
 
 private slots:
-    void controlsCarryTheirNamesAndTexts()
+    // The window opens on the one fixed drive's folder with the first mask.
+    void opensOnTheDriveAndTheFirstMask()
     {
         Rig rig;
-        search::Form3& f = *rig.form;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Direccion de Busqueda"));
-        for (const char* name : {"PicLista", "PicSearchCDROM", "PicSearch", "Combo1", "Command4",
-                                 "Command2", "Command1", "Drive1", "Dir1", "Label1"})
-            QVERIFY2(f.findChild<QWidget*>(QLatin1String(name)), name);
-        QCOMPARE(f.Label1->text(), QStringLiteral("Buscar archivosde tipo:"));
-        QCOMPARE(f.Command1->text(), QStringLiteral("&Buscar"));
-        QCOMPARE(f.Command2->text(), QStringLiteral("Buscar en todo el &CD-ROM"));
-        QCOMPARE(f.Command4->text(), QStringLiteral("&Ver lista"));
-        QStringList masks;
-        for (int i = 0; i < f.Combo1->count(); ++i)
-            masks.append(f.Combo1->itemText(i));
-        QCOMPARE(masks, (QStringList{"*.mp3", "*.wav", "*.wma", "*.cda", "*.*"}));
-        QCOMPARE(f.Combo1->currentText(), QStringLiteral("*.mp3"));
-        QCOMPARE(f.Drive1->currentText(), rig.root.path());
-        QCOMPARE(f.folderPath(), rig.root.path());
-        QCOMPARE(f.PicSearch->pictureName(), QStringLiteral("\\bitmap\\form3Bot1off.jpg"));
-        QVERIFY(!f.PicSearch->pixmap().isNull());
+        QCOMPARE(rig.form->Combo1->currentText(), QStringLiteral("*.mp3"));
+        QCOMPARE(rig.form->folderPath(), rig.root.path());
+        QVERIFY(!rig.form->PicSearch->pixmap().isNull());
     }
 
     void hoverAndHitPictures()

@@ -32,22 +32,13 @@ class TestForm4 final : public QObject
     };
 
 private slots:
-    void controlsAndTexts()
+    // The extension-less picture name fails to load; the button keeps its own face.
+    void keepsItsButtonFaceAndPrompt()
     {
         Rig rig;
-        search::Form4& f = rig.form;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Se ha detectado más de una unidad de CD-ROM"));
-        QCOMPARE(f.Label1->text(),
-                 QStringLiteral("Por favor seleccione la unidad en la cual desea buscar"));
-        QCOMPARE(f.Label2->text(), QStringLiteral("Utilizare Siempre esta unidad"));
-        QCOMPARE(f.Combo1->currentText(), QStringLiteral("Seleccione una unidad"));
-        QCOMPARE(f.Combo1->toolTip(), QStringLiteral("Elija una de las compacteras"));
-        QCOMPARE(f.Command1->toolTip(), QStringLiteral("Busca en la compactera seleccionada"));
-        // The extension-less picture name fails to load; the button keeps its own face.
-        QVERIFY(f.Command1->pictureName().isEmpty());
-        QCOMPARE(rig.formDrives.CountCdromDrives(), 2);
-        QCOMPARE(f.driveAt(1), QStringLiteral("/media/cdrom1"));
-        QCOMPARE(f.Combo1->currentText(), QStringLiteral("Seleccione una unidad"));
+        QVERIFY(rig.form.Command1->pictureName().isEmpty());
+        QCOMPARE(rig.formDrives.CountCdromDrives(), 2); // filling the list keeps the prompt
+        QCOMPARE(rig.form.Combo1->currentText(), QStringLiteral("Seleccione una unidad"));
     }
 
     void theButtonSearchesTheTypedDriveOrRefusesIt()

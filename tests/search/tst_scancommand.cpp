@@ -96,24 +96,6 @@ private slots:
         QCOMPARE(loaded->rows[0].formato, QStringLiteral("MP3"));
     }
 
-    // A folder path longer than a database field refuses the save: the old file stays.
-    void failedSaveKeepsThePreviousFile()
-    {
-        QTemporaryDir dir;
-        QString deep = dir.path() + "/musica";
-        while (deep.size() < dir.path().size() + 300)
-            deep += QStringLiteral("/carpeta_larga_%1").arg(deep.size());
-        QVERIFY(test::writeFile(deep + "/tema.mp3"));
-        const QString output = dir.filePath("lista.mdb");
-        QVERIFY(test::writeFile(output, "anterior"));
-        const Result result = scan({dir.path() + "/musica", "--output", output});
-        QCOMPARE(result.status, 2);
-        QVERIFY(!result.err.isEmpty());
-        QFile old(output);
-        QVERIFY(old.open(QIODevice::ReadOnly));
-        QCOMPARE(old.readAll(), QByteArray("anterior"));
-    }
-
     void mistakesAreReported_data()
     {
         QTest::addColumn<QStringList>("args");

@@ -3,7 +3,6 @@
 #include <QTest>
 
 using namespace nubo;
-using Command = search::SearchWindowController::Command;
 
 class TestSearchWindowController final : public QObject
 {
@@ -64,34 +63,6 @@ private slots:
         rig.controller.Command2Click();
         QCOMPARE(rig.dialogs.asked.size(), 1);
         QVERIFY(rig.window.shown); // the CD-ROM command does not hide the window
-    }
-
-    void theListButtonSwapsTheWindows()
-    {
-        Rig rig;
-        rig.controller.Command4Click();
-        QVERIFY(rig.host.listShown);
-        QVERIFY(!rig.window.shown);
-    }
-
-    void keysPressButtons_data()
-    {
-        QTest::addColumn<int>("character");
-        QTest::addColumn<bool>("maskBox");
-        QTest::addColumn<Command>("command");
-        QTest::newRow("Enter in the mask box") << 13 << true << Command::Search;
-        QTest::newRow("Enter elsewhere") << 13 << false << Command::None;
-        QTest::newRow("Ctrl+B") << 2 << false << Command::Search;
-        QTest::newRow("Ctrl+C") << 3 << true << Command::SearchCd;
-        QTest::newRow("Ctrl+V") << 22 << false << Command::ShowList;
-        QTest::newRow("a letter") << int('b') << true << Command::None;
-    }
-    void keysPressButtons()
-    {
-        QFETCH(int, character);
-        QFETCH(bool, maskBox);
-        QFETCH(Command, command);
-        QCOMPARE(search::SearchWindowController::commandForKey(character, maskBox), command);
     }
 };
 

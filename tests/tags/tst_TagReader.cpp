@@ -1,4 +1,3 @@
-#include "tags/GenreTable.h"
 #include "tags/TagReader.h"
 
 #include <QMimeDatabase>
@@ -40,20 +39,162 @@ class TestTagReader final : public QObject
 private slots:
     void init() { QVERIFY(m_dir.isValid()); }
 
-    void layout_data();
-    void layout();
-    void blankTitleAppendsToCurrentText();
-    void zeroPaddingIsKept();
-    void decodesWindows1252();
-    void genreTable();
-    void shortOrUnmarkedFiles_data();
-    void shortOrUnmarkedFiles();
-    void mpegAudioRule_data();
-    void mpegAudioRule();
-    void notMpegAudioHidesTheBox();
-    void tagWrittenByTool_data();
-    void tagWrittenByTool();
-    void fileTypeName();
+    void layout_data()
+    {
+        QTest::addColumn<QByteArray>("tail");
+        QTest::addColumn<QString>("expected");
+        const auto padded = [](const char* text) { return QString(text).leftJustified(30); };
+        const QString title = "Titulo: " + padded("T");
+        QTest::newRow("every field, blank-padded")
+            << makeTail("Tema", "Grupo", "Disco", "1998", "Nota", 17)
+            << "Titulo: " + padded("Tema") + "\r\nArtista: " + padded("Grupo") +
+                   "\r\nAlbum: " + padded("Disco") +
+                   QStringLiteral("\r\nAño: 1998\r\nComentario: ") + padded("Nota") +
+                   "\r\nGenero: Rock\r\n";
+        QTest::newRow("blank fields are left out")
+            << makeTail("T", "", "", "2001", "", 0)
+            << title + QStringLiteral("\r\nAño: 2001\r\nGenero: Blues\r\n");
+        QTest::newRow("genre 147")
+            << makeTail("T", "", "", "", "", 147) << title + "\r\nGenero: Synth Pop\r\n";
+        QTest::newRow("genre 148 has no line") << makeTail("T", "", "", "", "", 148) << title;
+        QTest::newRow("genre 255 has no line") << makeTail("T", "", "", "", "", 255) << title;
+    }
+    void layout()
+    {
+        QFETCH(QByteArray, tail);
+        QFETCH(QString, expected);
+        QCOMPARE(tail.size(), 128);
+        QCOMPARE(tagText(tail, QStringLiteral("antes")), expected);
+        const TagTextResult shown = ShowTagText(write("x.mp3", "audio" + tail), "antes");
+        QVERIFY(shown.isMpegAudio);
+        QCOMPARE(shown.text, expected);
+    }
+
+    void blankTitleAppendsToCurrentText()
+    {
+        const QByteArray tail = makeTail("", "Grupo", "", "", "", 255);
+        const QString artist = QStringLiteral("\r\nArtista: ") + QString("Grupo").leftJustified(30);
+        QCOMPARE(tagText(tail, QStringLiteral("Titulo: previo")),
+                 QStringLiteral("Titulo: previo") + artist);
+        QCOMPARE(tagText(tail, QString()), artist);
+        QCOMPARE(tagText(makeTail("", "", "", "", "", 200), QStringLiteral("igual")),
+                 QStringLiteral("igual"));
+    }
+
+    void zeroPaddingIsKept()
+    {
+        CurrentTag tag;
+        const QString text = tagText(makeTail("Tema", "", "", "", "", 13, '\0'), QString(), &tag);
+        QCOMPARE(tag.title, withZeros("Tema", 30));
+        QCOMPARE(tag.artist, withZeros("", 30)); // all zeros is not blank, so it has a line
+        QCOMPARE(tag.year, withZeros("", 4));
+        QCOMPARE(tag.genreName, QStringLiteral("Pop"));
+        QCOMPARE(text, "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("", 30) +
+                           "\r\nAlbum: " + withZeros("", 30) + QStringLiteral("\r\nAño: ") +
+                           withZeros("", 4) + "\r\nComentario: " + withZeros("", 30) +
+                           "\r\nGenero: Pop\r\n");
+    }
+
+    void decodesWindows1252()
+    {
+        CurrentTag tag;
+        tagText(makeTail("Ca\xf1\xf3n \x80\x9f\x81", "\x93x\x94", "", "", "", 255), QString(),
+                &tag);
+        QCOMPARE(tag.title, QString::fromUtf16(u"Cañón €Ÿ\u0081").leftJustified(30));
+        QCOMPARE(tag.artist, QString::fromUtf16(u"“x”").leftJustified(30));
+        QCOMPARE(tag.genreName, QString());
+    }
+
+    void shortOrUnmarkedFiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray tail = makeTail("Tema", "", "", "", "", 1);
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("127 bytes") << tail.left(127);
+        QTest::newRow("no marker") << "xyz" + tail.mid(3);
+        QTest::newRow("lower-case marker") << "tag" + tail.mid(3);
+        QTest::newRow("marker not at the tail") << tail + QByteArray(10, ' ');
+    }
+    void shortOrUnmarkedFiles()
+    {
+        QFETCH(QByteArray, bytes);
+        const TagTextResult shown = ShowTagText(write("corto.mp3", bytes), QStringLiteral("antes"));
+        QVERIFY(shown.isMpegAudio);
+        QCOMPARE(shown.text, QStringLiteral("No hay información"));
+    }
+
+    void mpegAudioRule_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("expected");
+        QTest::newRow("mp3") << "tema.mp3" << true;
+        QTest::newRow("upper case") << "TEMA.MP2" << true;
+        QTest::newRow("mp1") << "tema.Mp1" << true;
+        QTest::newRow("anywhere in the name") << "a.mp3.txt" << true;
+        QTest::newRow("in a folder name") << "musica.mp3s/tema.wav" << true;
+        QTest::newRow("hidden file") << ".oculto.mp3" << true;
+        QTest::newRow("other audio") << "tema.wav" << false;
+        QTest::newRow("no dot") << "temamp3" << false;
+    }
+    void mpegAudioRule()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, expected);
+        QCOMPARE(IsMpegAudioFile(write(name, "x")), expected);
+        QVERIFY(!IsMpegAudioFile(m_dir.filePath("falta/" + name)));
+    }
+
+    void notMpegAudioHidesTheBox()
+    {
+        const QByteArray tagged = "audio" + makeTail("Tema", "", "", "", "", 1);
+        QCOMPARE(ShowTagText(write("tema.wav", tagged), "antes").isMpegAudio, false);
+        QCOMPARE(ShowTagText(m_dir.filePath("borrado.mp3"), "antes").isMpegAudio, false);
+    }
+
+    void tagWrittenByTool_data()
+    {
+        QTest::addColumn<QString>("tool");
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QString>("expected");
+        const QString head =
+            "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("Grupo", 30);
+        QTest::newRow("id3v2") << "id3v2" << QStringList{"-1", "-t",   "Tema", "-a", "Grupo",
+                                                         "-y", "1999", "-g",   "147"}
+                               << head + "\r\nAlbum: " + withZeros("", 30) +
+                                      QStringLiteral("\r\nAño: 1999") +
+                                      "\r\nComentario: " + withZeros("", 30) +
+                                      "\r\nGenero: Synth Pop\r\n";
+        // No genre given: id3tool writes 255, so there is no genre line; the track number sits in
+        // the comment's last byte and is shown as part of it.
+        QTest::newRow("id3tool") << "id3tool" << QStringList{"-t",    "Tema", "-r",   "Grupo", "-a",
+                                                             "Disco", "-n",   "nota", "-c",    "3"}
+                                 << head + "\r\nAlbum: " + withZeros("Disco", 30) +
+                                        QStringLiteral("\r\nAño: ") + withZeros("", 4) +
+                                        "\r\nComentario: " + withZeros("nota", 29) + QChar(3);
+    }
+    void tagWrittenByTool()
+    {
+        QFETCH(QString, tool);
+        QFETCH(QStringList, args);
+        QFETCH(QString, expected);
+        const QString program = QStandardPaths::findExecutable(tool);
+        if (program.isEmpty())
+            QSKIP("the tool is not installed");
+        const QString path = write(tool + ".mp3", QByteArray(300, '\0'));
+        QCOMPARE(QProcess::execute(program, args << path), 0);
+        QCOMPARE(ShowTagText(path, QString()).text, expected);
+    }
+
+    void fileTypeName()
+    {
+        const QString text = write("nota.txt", "una línea de texto\n");
+        QCOMPARE(FileTypeName(text), QMimeDatabase().mimeTypeForName("text/plain").comment());
+        QVERIFY(!FileTypeName(text).isEmpty());
+        const QString binary = write("datos.zzq", QByteArray::fromHex("00ff13fe0001a5c3009e"));
+        QCOMPARE(FileTypeName(binary), QStringLiteral("<Archivo sin asociación>"));
+        QCOMPARE(FileTypeName(m_dir.filePath("falta.txt")), QString());
+        QCOMPARE(FileTypeName(QString()), QString());
+    }
 
 private:
     QString write(const QString& name, const QByteArray& bytes)
@@ -63,187 +204,6 @@ private:
 
     QTemporaryDir m_dir;
 };
-
-void TestTagReader::layout_data()
-{
-    QTest::addColumn<QByteArray>("tail");
-    QTest::addColumn<QString>("expected");
-    const QString line = QStringLiteral("\r\n");
-
-    QTest::newRow("every field, blank-padded")
-        << makeTail("Tema", "Grupo", "Disco", "1998", "Nota", 17)
-        << QStringLiteral("Titulo: ") + QString("Tema").leftJustified(30) + line +
-               "Artista: " + QString("Grupo").leftJustified(30) + line +
-               "Album: " + QString("Disco").leftJustified(30) + line + QStringLiteral("Año: 1998") +
-               line + "Comentario: " + QString("Nota").leftJustified(30) + line + "Genero: Rock" +
-               line;
-    QTest::newRow("blank fields are left out")
-        << makeTail("Tema", "", "", "2001", "", 0)
-        << QStringLiteral("Titulo: ") + QString("Tema").leftJustified(30) + line +
-               QStringLiteral("Año: 2001") + line + "Genero: Blues" + line;
-    QTest::newRow("genre 147") << makeTail("T", "", "", "", "", 147)
-                               << QStringLiteral("Titulo: ") + QString("T").leftJustified(30) +
-                                      line + "Genero: Synth Pop" + line;
-    QTest::newRow("genre 148 has no line")
-        << makeTail("T", "", "", "", "", 148)
-        << QStringLiteral("Titulo: ") + QString("T").leftJustified(30);
-    QTest::newRow("genre 255 has no line")
-        << makeTail("T", "", "", "", "", 255)
-        << QStringLiteral("Titulo: ") + QString("T").leftJustified(30);
-}
-
-void TestTagReader::layout()
-{
-    QFETCH(QByteArray, tail);
-    QFETCH(QString, expected);
-    QCOMPARE(tail.size(), 128);
-    QCOMPARE(tagText(tail, QStringLiteral("antes")), expected);
-    const TagTextResult shown = ShowTagText(write("x.mp3", "audio" + tail), "antes");
-    QVERIFY(shown.isMpegAudio);
-    QCOMPARE(shown.text, expected);
-}
-
-void TestTagReader::blankTitleAppendsToCurrentText()
-{
-    const QByteArray tail = makeTail("", "Grupo", "", "", "", 255);
-    const QString artist = QStringLiteral("\r\nArtista: ") + QString("Grupo").leftJustified(30);
-    QCOMPARE(tagText(tail, QStringLiteral("Titulo: previo")),
-             QStringLiteral("Titulo: previo") + artist);
-    QCOMPARE(tagText(tail, QString()), artist);
-    QCOMPARE(tagText(makeTail("", "", "", "", "", 200), QStringLiteral("igual")),
-             QStringLiteral("igual"));
-}
-
-void TestTagReader::zeroPaddingIsKept()
-{
-    CurrentTag tag;
-    const QString text = tagText(makeTail("Tema", "", "", "", "", 13, '\0'), QString(), &tag);
-    QCOMPARE(tag.title, withZeros("Tema", 30));
-    QCOMPARE(tag.artist, withZeros("", 30)); // all zeros is not blank, so it has a line
-    QCOMPARE(tag.year, withZeros("", 4));
-    QCOMPARE(tag.genreName, QStringLiteral("Pop"));
-    QCOMPARE(text, "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("", 30) +
-                       "\r\nAlbum: " + withZeros("", 30) + QStringLiteral("\r\nAño: ") +
-                       withZeros("", 4) + "\r\nComentario: " + withZeros("", 30) +
-                       "\r\nGenero: Pop\r\n");
-}
-
-void TestTagReader::decodesWindows1252()
-{
-    CurrentTag tag;
-    tagText(makeTail("Ca\xf1\xf3n \x80\x9f\x81", "\x93x\x94", "", "", "", 255), QString(), &tag);
-    QCOMPARE(tag.title, QString::fromUtf16(u"Cañón €Ÿ\u0081").leftJustified(30));
-    QCOMPARE(tag.artist, QString::fromUtf16(u"“x”").leftJustified(30));
-    QCOMPARE(tag.genreName, QString());
-}
-
-void TestTagReader::genreTable()
-{
-    for (int i = 0; i <= kLastGenre; ++i)
-        QVERIFY2(!genreName(i).isEmpty(), qPrintable(QString::number(i)));
-    QCOMPARE(genreName(0), QStringLiteral("Blues"));
-    QCOMPARE(genreName(40), QStringLiteral("Alt. Rock"));
-    QCOMPARE(genreName(67), QStringLiteral("Phychedelic"));
-    QCOMPARE(genreName(117), QStringLiteral("power Ballad"));
-    QCOMPARE(genreName(140), QStringLiteral("Comteporary Christian"));
-    QCOMPARE(genreName(147), QStringLiteral("Synth Pop"));
-    QCOMPARE(genreName(148), QString());
-    QCOMPARE(genreName(-1), QString());
-}
-
-void TestTagReader::shortOrUnmarkedFiles_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray tail = makeTail("Tema", "", "", "", "", 1);
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("127 bytes") << tail.left(127);
-    QTest::newRow("no marker") << "xyz" + tail.mid(3);
-    QTest::newRow("lower-case marker") << "tag" + tail.mid(3);
-    QTest::newRow("marker not at the tail") << tail + QByteArray(10, ' ');
-}
-
-void TestTagReader::shortOrUnmarkedFiles()
-{
-    QFETCH(QByteArray, bytes);
-    const TagTextResult shown = ShowTagText(write("corto.mp3", bytes), QStringLiteral("antes"));
-    QVERIFY(shown.isMpegAudio);
-    QCOMPARE(shown.text, QStringLiteral("No hay información"));
-}
-
-void TestTagReader::mpegAudioRule_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("mp3") << "tema.mp3" << true;
-    QTest::newRow("upper case") << "TEMA.MP2" << true;
-    QTest::newRow("mp1") << "tema.Mp1" << true;
-    QTest::newRow("anywhere in the name") << "a.mp3.txt" << true;
-    QTest::newRow("in a folder name") << "musica.mp3s/tema.wav" << true;
-    QTest::newRow("hidden file") << ".oculto.mp3" << true;
-    QTest::newRow("other audio") << "tema.wav" << false;
-    QTest::newRow("no dot") << "temamp3" << false;
-}
-
-void TestTagReader::mpegAudioRule()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, expected);
-    QCOMPARE(IsMpegAudioFile(write(name, "x")), expected);
-    QVERIFY(!IsMpegAudioFile(m_dir.filePath("falta/" + name)));
-}
-
-void TestTagReader::notMpegAudioHidesTheBox()
-{
-    const QByteArray tagged = "audio" + makeTail("Tema", "", "", "", "", 1);
-    QCOMPARE(ShowTagText(write("tema.wav", tagged), "antes").isMpegAudio, false);
-    QCOMPARE(ShowTagText(m_dir.filePath("borrado.mp3"), "antes").isMpegAudio, false);
-}
-
-void TestTagReader::tagWrittenByTool_data()
-{
-    QTest::addColumn<QString>("tool");
-    QTest::addColumn<QStringList>("args");
-    QTest::addColumn<QString>("expected");
-    const QString head =
-        "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("Grupo", 30);
-    QTest::newRow("id3v2") << "id3v2" << QStringList{"-1", "-t",   "Tema", "-a", "Grupo",
-                                                     "-y", "1999", "-g",   "147"}
-                           << head + "\r\nAlbum: " + withZeros("", 30) +
-                                  QStringLiteral("\r\nAño: 1999") +
-                                  "\r\nComentario: " + withZeros("", 30) +
-                                  "\r\nGenero: Synth Pop\r\n";
-    // No genre given: id3tool writes 255, so there is no genre line; the track number sits in
-    // the comment's last byte and is shown as part of it.
-    QTest::newRow("id3tool") << "id3tool" << QStringList{"-t",    "Tema", "-r",   "Grupo", "-a",
-                                                         "Disco", "-n",   "nota", "-c",    "3"}
-                             << head + "\r\nAlbum: " + withZeros("Disco", 30) +
-                                    QStringLiteral("\r\nAño: ") + withZeros("", 4) +
-                                    "\r\nComentario: " + withZeros("nota", 29) + QChar(3);
-}
-
-void TestTagReader::tagWrittenByTool()
-{
-    QFETCH(QString, tool);
-    QFETCH(QStringList, args);
-    QFETCH(QString, expected);
-    const QString program = QStandardPaths::findExecutable(tool);
-    if (program.isEmpty())
-        QSKIP("the tool is not installed");
-    const QString path = write(tool + ".mp3", QByteArray(300, '\0'));
-    QCOMPARE(QProcess::execute(program, args << path), 0);
-    QCOMPARE(ShowTagText(path, QString()).text, expected);
-}
-
-void TestTagReader::fileTypeName()
-{
-    const QString text = write("nota.txt", "una línea de texto\n");
-    QCOMPARE(FileTypeName(text), QMimeDatabase().mimeTypeForName("text/plain").comment());
-    QVERIFY(!FileTypeName(text).isEmpty());
-    const QString binary = write("datos.zzq", QByteArray::fromHex("00ff13fe0001a5c3009e"));
-    QCOMPARE(FileTypeName(binary), QStringLiteral("<Archivo sin asociación>"));
-    QCOMPARE(FileTypeName(m_dir.filePath("falta.txt")), QString());
-    QCOMPARE(FileTypeName(QString()), QString());
-}
 
 QTEST_GUILESS_MAIN(TestTagReader)
 #include "tst_TagReader.moc"
