@@ -12,9 +12,14 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace nubo::platform {
 
 namespace {
+
+// Room a window frame takes beside its title: icon and the three title bar buttons.
+constexpr int kTitleFrameExtra = 160;
 
 QMessageBox::StandardButtons standardButtons(MessageButtons buttons)
 {
@@ -55,7 +60,7 @@ QMessageBox::Icon standardIcon(MessageIcon icon)
 MessageAnswer QtDialogs::messageBox(const QString& text, const QString& title,
                                     MessageButtons buttons, MessageIcon icon)
 {
-    QMessageBox box(standardIcon(icon), title, text, standardButtons(buttons), m_parent);
+    QMessageBox box(standardIcon(icon), title, text, standardButtons(buttons), owner());
     switch (box.exec()) {
     case QMessageBox::Yes:
         return MessageAnswer::Yes;
@@ -74,12 +79,17 @@ MessageAnswer QtDialogs::messageBox(const QString& text, const QString& title,
 std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString& title,
                                            const QString& defaultText)
 {
-    bool accepted = false;
-    const QString text =
-        QInputDialog::getText(m_parent, title, prompt, QLineEdit::Normal, defaultText, &accepted);
-    if (!accepted)
+    QInputDialog dialog(owner());
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(defaultText);
+    // The title may be the only place a question tells its range: the box is made wide enough
+    // for the window frame to show all of it beside its buttons.
+    const int titleWidth = dialog.fontMetrics().horizontalAdvance(title) + kTitleFrameExtra;
+    dialog.resize(std::max(dialog.sizeHint().width(), titleWidth), dialog.sizeHint().height());
+    if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    return text;
+    return dialog.textValue();
 }
 
 QString QtDialogs::saveFileName(const QString& title, const QString& filter,
@@ -98,7 +108,7 @@ QString QtDialogs::openFileName(const QString& title, const QString& filter,
 QString QtDialogs::askFileName(const QString& title, const QString& filter,
                                const QString& startPath, int mode)
 {
-    QFileDialog dialog(m_parent, title, dialogStartPath(startPath, m_lastFolder, QDir::homePath()),
+    QFileDialog dialog(owner(), title, dialogStartPath(startPath, m_lastFolder, QDir::homePath()),
                        qtNameFilters(filter));
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(static_cast<QFileDialog::AcceptMode>(mode));
@@ -111,8 +121,8 @@ QString QtDialogs::askFileName(const QString& title, const QString& filter,
     return chosen;
 }
 
-// The colour and font dialogs open over the window that asks for them, so closing them
-// leaves that window in front.
+// Every dialog opens over the window that asks for it, so closing it leaves that window in
+// front and with the keyboard; the parent window only when no window of ours is active.
 QWidget* QtDialogs::owner() const
 {
     QWidget* active = QApplication::activeWindow();
