@@ -13,7 +13,8 @@ class QtDialogsTest final : public QObject
 
 private slots:
     // A question asked from a window other than the main one opens over that window, so the
-    // main window is not raised over it when the question closes. An input box is wide
+    // main window is not raised over it when the question closes, nor by a second question
+    // asked before the window is active again. An input box is wide
     // enough to show its whole title, which may be the only place it tells its range.
     void questionsOpenOverTheActiveWindow()
     {
@@ -26,8 +27,8 @@ private slots:
 
         QList<QWidget*> owners;
         bool titleFits = false;
-        const auto closeNextQuestion = [&] {
-            QApplication::setActiveWindow(&listWindow);
+        const auto closeNextQuestion = [&](QWidget* active) {
+            QApplication::setActiveWindow(active);
             QTimer::singleShot(0, [&] {
                 auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
                 owners << (dialog ? dialog->parentWidget() : nullptr);
@@ -38,15 +39,15 @@ private slots:
                 dialog->reject();
             });
         };
-        closeNextQuestion();
+        closeNextQuestion(&listWindow);
         QVERIFY(!dialogs.inputBox(QStringLiteral("¿Cuántas?"),
                                   QStringLiteral("defina un numero entre 2 y 8, por favor"),
                                   QStringLiteral("6")));
         QVERIFY(titleFits);
-        closeNextQuestion();
+        closeNextQuestion(nullptr); // the list window not yet active again
         dialogs.messageBox(QStringLiteral("Error"), QStringLiteral("t"),
                            nubo::platform::MessageButtons::Ok, nubo::platform::MessageIcon::None);
-        closeNextQuestion();
+        closeNextQuestion(&listWindow);
         QVERIFY(
             dialogs.saveFileName(QStringLiteral("t"), QStringLiteral("PDF|*.pdf"), {}).isEmpty());
         QCOMPARE(owners, (QList<QWidget*>{&listWindow, &listWindow, &listWindow}));

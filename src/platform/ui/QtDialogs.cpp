@@ -122,11 +122,16 @@ QString QtDialogs::askFileName(const QString& title, const QString& filter,
 }
 
 // Every dialog opens over the window that asks for it, so closing it leaves that window in
-// front and with the keyboard; the parent window only when no window of ours is active.
-QWidget* QtDialogs::owner() const
+// front and with the keyboard. Right after a dialog closes no window may be active yet: a
+// second question then opens over the window the first one did; the parent window only when
+// none of ours has asked.
+QWidget* QtDialogs::owner()
 {
-    QWidget* active = QApplication::activeWindow();
-    return active ? active : m_parent.data();
+    if (QWidget* active = QApplication::activeWindow())
+        m_lastOwner = active;
+    else if (!m_lastOwner || !m_lastOwner->isVisible())
+        m_lastOwner = m_parent;
+    return m_lastOwner.data();
 }
 
 std::optional<quint32> QtDialogs::chooseColor(quint32 initial)
