@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace nubo::print {
 
@@ -66,11 +67,43 @@ Grid gridFor(const QList<QStringList>& columns)
     return grid;
 }
 
+// The words of text in lines no wider than width at pointSize, or nothing when one word
+// alone is wider.
+QStringList wrappedLines(const QString& text, double pointSize, double width,
+                         const ITextMeasure& measure)
+{
+    QStringList lines;
+    for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (measure.widthMm(word, pointSize, false) > width)
+            return {};
+        const QString longer = lines.isEmpty() ? word : lines.last() + QLatin1Char(' ') + word;
+        if (!lines.isEmpty() && measure.widthMm(longer, pointSize, false) <= width)
+            lines.last() = longer;
+        else
+            lines << word;
+    }
+    return lines;
+}
+
+// A name too long for one readable line is broken at its blanks into as many lines as its
+// slot holds, at the largest size from maxPt down to readablePt that lets it fit.
+std::optional<PlacedText> wrappedName(const QString& name, const QRectF& slot, double maxPt,
+                                      double readablePt, const ITextMeasure& measure)
+{
+    for (double size = maxPt; size >= readablePt; size *= 0.95) {
+        const QStringList lines = wrappedLines(name, size, slot.width(), measure);
+        if (lines.size() > 1 && lines.size() * lineHeightMm(size) <= slot.height())
+            return PlacedText{slot, lines.join(QLatin1Char('\n')), size};
+    }
+    return std::nullopt;
+}
+
 void placeColumn(CoverPage& page, const QStringList& lines, double x, double width,
                  const Grid& grid, const ITextMeasure& measure)
 {
-    // The column shrinks to its longest name, but not below a readable size: one name far
-    // too long shrinks on its own instead of taking the whole column down with it.
+    // The column shrinks to its longest name, but not below a readable size: a name far too
+    // long is broken over two or more lines of its slot, or else shrinks on its own, instead
+    // of taking the whole column down with it.
     const double readable = std::min(kReadablePt, grid.pointSize);
     QStringList fitting;
     for (const QString& text : lines) {
@@ -82,8 +115,11 @@ void placeColumn(CoverPage& page, const QStringList& lines, double x, double wid
     const double line = kBodyHeightMm / std::max(grid.linesPerPage, 1);
     const double step = std::min(line, lineHeightMm(kLargestNamePt));
     for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QRectF slot(x, kBodyTopMm + i * step, width, step);
         const double own = fittingSize({lines.at(i)}, size, width, false, measure);
-        page.texts.append({QRectF(x, kBodyTopMm + i * step, width, step), lines.at(i), own});
+        const std::optional<PlacedText> wrapped =
+            own < readable ? wrappedName(lines.at(i), slot, size, readable, measure) : std::nullopt;
+        page.texts.append(wrapped.value_or(PlacedText{slot, lines.at(i), own}));
     }
 }
 

@@ -15,7 +15,8 @@ struct CoverRow
     QString group; // ORIGEN
 };
 
-// A text placed on the cover, in millimetres from the cover's top-left corner.
+// A text placed on the cover, in millimetres from the cover's top-left corner. A name too
+// long for one readable line holds its lines separated by '\n', all inside box.
 struct PlacedText
 {
     QRectF box;
