@@ -189,6 +189,31 @@ private slots:
         for (const QString& name : names)
             QVERIFY2(placed.contains(name), qPrintable(name));
     }
+
+    // With room below, a long name keeps the column's size over as many lines as it needs
+    // and pushes the names under it down; a word too wide for the line shrinks the columns,
+    // which all keep one size.
+    void aLongNameWithRoomTakesTheLinesItNeeds()
+    {
+        const LinearMeasure measure;
+        QStringList names = namesOf(12);
+        names[2] = QStringList(30, QStringLiteral("largo")).join(QLatin1Char(' ')) +
+                   QLatin1Char(' ') + QString(40, QLatin1Char('w'));
+        QList<CoverRow> rows;
+        for (const QString& name : names)
+            rows.append({name, {}});
+        const auto grid = coverGridFor(QStringLiteral("2"), names, nullptr);
+        const QList<PlacedText> texts = layoutCover(rows, grid->columns, measure).first().texts;
+        const PlacedText& longName = texts.at(3); // after the header and two names
+        QVERIFY(longName.text.count(QLatin1Char('\n')) >= 3);
+        QCOMPARE(longName.pointSize, texts.at(2).pointSize);
+        QCOMPARE(longName.pointSize, texts.at(7).pointSize); // the second column
+        QVERIFY(longName.pointSize < 8.0);
+        for (const QString& line : longName.text.split(QLatin1Char('\n')))
+            QVERIFY(measure.widthMm(line, longName.pointSize, false) <= longName.box.width());
+        QCOMPARE(texts.at(4).box.top(), longName.box.bottom());
+        QVERIFY(QRectF(0, 0, 120, 120).contains(texts.at(6).box)); // the column's last name
+    }
 };
 
 QTEST_GUILESS_MAIN(CoverColumnsTest)
