@@ -162,6 +162,9 @@ double flowSizeOf(const QStringList& names, double width, const Grid& grid,
                   const ITextMeasure& measure)
 {
     const double readable = std::min(kReadablePt, grid.pointSize);
+    // Smaller sizes never take more height: a dense column is known at the readable size.
+    if (heightOf(flowColumn(names, width, stepOf(grid), readable, measure)) > kBodyHeightMm + 1e-9)
+        return 0;
     for (double size = grid.pointSize; size >= readable; size *= 0.9) {
         const QList<PlacedText> texts = flowColumn(names, width, stepOf(grid), size, measure);
         if (heightOf(texts) > kBodyHeightMm + 1e-9)
