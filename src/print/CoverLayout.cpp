@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace nubo::print {
 
@@ -66,24 +67,139 @@ Grid gridFor(const QList<QStringList>& columns)
     return grid;
 }
 
-void placeColumn(CoverPage& page, const QStringList& lines, double x, double width,
-                 const Grid& grid, const ITextMeasure& measure)
+// The words of text in lines no wider than width at pointSize, or nothing when one word
+// alone is wider.
+QStringList wrappedLines(const QString& text, double pointSize, double width,
+                         const ITextMeasure& measure)
 {
-    // The column shrinks to its longest name, but not below a readable size: one name far
-    // too long shrinks on its own instead of taking the whole column down with it.
-    const double readable = std::min(kReadablePt, grid.pointSize);
-    QStringList fitting;
-    for (const QString& text : lines) {
-        if (measure.widthMm(text, readable, false) <= width)
-            fitting << text;
+    QStringList lines;
+    for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (measure.widthMm(word, pointSize, false) > width)
+            return {};
+        const QString longer = lines.isEmpty() ? word : lines.last() + QLatin1Char(' ') + word;
+        if (!lines.isEmpty() && measure.widthMm(longer, pointSize, false) <= width)
+            lines.last() = longer;
+        else
+            lines << word;
     }
-    const double size =
-        std::max(fittingSize(fitting, grid.pointSize, width, false, measure), readable);
-    const double line = kBodyHeightMm / std::max(grid.linesPerPage, 1);
-    const double step = std::min(line, lineHeightMm(kLargestNamePt));
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        const double own = fittingSize({lines.at(i)}, size, width, false, measure);
-        page.texts.append({QRectF(x, kBodyTopMm + i * step, width, step), lines.at(i), own});
+    return lines;
+}
+
+// A name too long for one readable line is broken at its blanks, at the largest size from
+// maxPt down to readablePt whose lines fit in maxHeight; its box grows to hold them.
+std::optional<PlacedText> wrappedName(const QString& name, const QRectF& slot, double maxHeight,
+                                      double maxPt, double readablePt, const ITextMeasure& measure)
+{
+    for (double size = maxPt; size >= readablePt; size *= 0.95) {
+        const QStringList lines = wrappedLines(name, size, slot.width(), measure);
+        const double height = lines.size() * lineHeightMm(size);
+        if (lines.size() > 1 && height <= maxHeight) {
+            QRectF box = slot;
+            box.setHeight(std::max(slot.height(), height));
+            return PlacedText{box, lines.join(QLatin1Char('\n')), size};
+        }
+    }
+    return std::nullopt;
+}
+
+// A dense column, each name in a box one line high: a name too long for one readable line
+// is broken over lines within that height if it can be, or else shrinks on its own.
+QList<PlacedText> slotColumn(const QStringList& names, double width, double step, double size,
+                             double readable, const ITextMeasure& measure)
+{
+    QList<PlacedText> texts;
+    for (const QString& name : names) {
+        const QRectF slot(0, 0, width, step);
+        const double own = fittingSize({name}, size, width, false, measure);
+        const std::optional<PlacedText> wrapped =
+            own < readable ? wrappedName(name, slot, step, size, readable, measure) : std::nullopt;
+        texts.append(wrapped.value_or(PlacedText{slot, name, own}));
+    }
+    return texts;
+}
+
+// A column with room, every name at size: one too wide for a line is broken over as many
+// lines as it needs and takes their height; a single word too wide shrinks on its own.
+QList<PlacedText> flowColumn(const QStringList& names, double width, double step, double size,
+                             const ITextMeasure& measure)
+{
+    QList<PlacedText> texts;
+    for (const QString& name : names) {
+        const QRectF slot(0, 0, width, step);
+        const double own = fittingSize({name}, size, width, false, measure);
+        const std::optional<PlacedText> wrapped =
+            own < size ? wrappedName(name, slot, kBodyHeightMm, size, size, measure) : std::nullopt;
+        texts.append(wrapped.value_or(PlacedText{slot, name, own}));
+    }
+    return texts;
+}
+
+double heightOf(const QList<PlacedText>& texts)
+{
+    double height = 0;
+    for (const PlacedText& text : texts)
+        height += text.box.height();
+    return height;
+}
+
+double stepOf(const Grid& grid)
+{
+    return std::min(kBodyHeightMm / std::max(grid.linesPerPage, 1), lineHeightMm(kLargestNamePt));
+}
+
+double smallestSizeOf(const QList<PlacedText>& texts)
+{
+    double smallest = kLargestNamePt;
+    for (const PlacedText& text : texts)
+        smallest = std::min(smallest, text.pointSize);
+    return smallest;
+}
+
+// The largest size, from the grid's down to the readable one, at which the column flows into
+// the cover's height with every word whole at that size (only at the readable size may a word
+// too wide shrink on its own); 0 when the column does not flow even then.
+double flowSizeOf(const QStringList& names, double width, const Grid& grid,
+                  const ITextMeasure& measure)
+{
+    const double readable = std::min(kReadablePt, grid.pointSize);
+    // Smaller sizes never take more height: a dense column is known at the readable size.
+    if (heightOf(flowColumn(names, width, stepOf(grid), readable, measure)) > kBodyHeightMm + 1e-9)
+        return 0;
+    for (double size = grid.pointSize; size >= readable; size *= 0.9) {
+        const QList<PlacedText> texts = flowColumn(names, width, stepOf(grid), size, measure);
+        if (heightOf(texts) > kBodyHeightMm + 1e-9)
+            continue;
+        if (size * 0.9 < readable || smallestSizeOf(texts) >= size * 0.999)
+            return size;
+    }
+    return 0;
+}
+
+// Places one column at x: flowing at flowSize when it has one, else one name to a line, the
+// column shrinking to its longest name but not below a readable size, so one name far too
+// long does not take the whole column down with it.
+void placeColumn(CoverPage& page, const QStringList& names, double x, double width,
+                 const Grid& grid, double flowSize, const ITextMeasure& measure)
+{
+    QList<PlacedText> texts;
+    if (flowSize > 0) {
+        texts = flowColumn(names, width, stepOf(grid), flowSize, measure);
+    } else {
+        const double readable = std::min(kReadablePt, grid.pointSize);
+        QStringList fitting;
+        for (const QString& text : names) {
+            if (measure.widthMm(text, readable, false) <= width)
+                fitting << text;
+        }
+        const double size =
+            std::max(fittingSize(fitting, grid.pointSize, width, false, measure), readable);
+        texts = slotColumn(names, width, stepOf(grid), size, readable, measure);
+    }
+    double y = kBodyTopMm;
+    for (PlacedText& text : texts) {
+        text.box.moveTopLeft(QPointF(x, y));
+        y += text.box.height();
+        page.texts.append(text);
     }
 }
 
@@ -115,12 +231,21 @@ QList<CoverPage> layoutCover(const QList<CoverRow>& rows, const QList<QStringLis
         const double headerSize = fittingSize({header}, kLargestHeaderPt, inner, true, measure);
         page.texts.append(
             {QRectF(kMarginMm, kMarginMm, inner, kHeaderHeightMm), header, headerSize, true});
-        for (qsizetype c = 0; c < columns.size(); ++c) {
-            const QStringList lines =
-                columns.at(c).mid(qsizetype(p) * grid.linesPerPage, grid.linesPerPage);
-            placeColumn(page, lines, kMarginMm + c * columnWidth, columnWidth - kGutterMm, grid,
-                        measure);
+        QList<QStringList> lines;
+        for (const QStringList& column : columns)
+            lines << column.mid(qsizetype(p) * grid.linesPerPage, grid.linesPerPage);
+        const double width = columnWidth - kGutterMm;
+        // The columns that flow share one size, the smallest any of them needs.
+        QList<double> flowSizes;
+        double shared = grid.pointSize;
+        for (const QStringList& column : lines) {
+            flowSizes << flowSizeOf(column, width, grid, measure);
+            if (flowSizes.last() > 0)
+                shared = std::min(shared, flowSizes.last());
         }
+        for (qsizetype c = 0; c < lines.size(); ++c)
+            placeColumn(page, lines.at(c), kMarginMm + c * columnWidth, width, grid,
+                        flowSizes.at(c) > 0 ? shared : 0, measure);
         pages.append(page);
     }
     return pages;

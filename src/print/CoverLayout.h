@@ -15,7 +15,8 @@ struct CoverRow
     QString group; // ORIGEN
 };
 
-// A text placed on the cover, in millimetres from the cover's top-left corner.
+// A text placed on the cover, in millimetres from the cover's top-left corner. A name too
+// long for one readable line holds its lines separated by '\n', all inside box.
 struct PlacedText
 {
     QRectF box;
@@ -35,8 +36,9 @@ struct CoverPage
 inline constexpr double kCoverSizeMm = 120.0;
 
 // Lays the columns out on covers: a header line with the rows' group names, then the
-// columns side by side. Each column's font shrinks until its longest name fits; lines too
-// many for one cover at the smallest font go on to further covers.
+// columns side by side, sharing one size at which names too wide are broken over lines. A
+// column too dense for that keeps one name to a line and shrinks to its longest name; lines
+// too many for one cover at the smallest font go on to further covers. No name is cut.
 QList<CoverPage> layoutCover(const QList<CoverRow>& rows, const QList<QStringList>& columns,
                              const ITextMeasure& measure);
 

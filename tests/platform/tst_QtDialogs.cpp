@@ -2,12 +2,9 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QPointer>
 #include <QTimer>
 #include <QtTest>
 
-using nubo::platform::MessageButtons;
-using nubo::platform::MessageIcon;
 using nubo::platform::QtDialogs;
 
 class QtDialogsTest final : public QObject
@@ -15,42 +12,45 @@ class QtDialogsTest final : public QObject
     Q_OBJECT
 
 private slots:
-    // Asked from the list window, a question or file dialog belongs to it, so that closing the
-    // dialog gives the focus back to it and does not raise the main window over it.
-    void dialogsOpenOverTheAskingWindow_data()
+    // A question asked from a window other than the main one opens over that window, so the
+    // main window is not raised over it when the question closes, nor by a second question
+    // asked before the window is active again. An input box is wide
+    // enough to show its whole title, which may be the only place it tells its range.
+    void questionsOpenOverTheActiveWindow()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::newRow("message box") << "message";
-        QTest::newRow("save dialog") << "save";
-        QTest::newRow("open dialog") << "open";
-    }
-    void dialogsOpenOverTheAskingWindow()
-    {
-        QFETCH(QString, kind);
-        QWidget main;
-        QWidget list;
+        QWidget mainWindow;
+        QWidget listWindow;
+        mainWindow.show();
+        listWindow.show();
         QtDialogs dialogs;
-        dialogs.setParentWindow(&main);
-        main.show();
-        list.show();
-        list.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&list));
+        dialogs.setParentWindow(&mainWindow);
 
-        QPointer<QWidget> owner;
-        QTimer::singleShot(0, this, [&owner] {
-            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                owner = dialog->parentWidget();
+        QList<QWidget*> owners;
+        bool titleFits = false;
+        const auto closeNextQuestion = [&](QWidget* active) {
+            QApplication::setActiveWindow(active);
+            QTimer::singleShot(0, [&] {
+                auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+                owners << (dialog ? dialog->parentWidget() : nullptr);
+                if (!dialog)
+                    return;
+                titleFits = dialog->width() >
+                            dialog->fontMetrics().horizontalAdvance(dialog->windowTitle()) + 100;
                 dialog->reject();
-            }
-        });
-        if (kind == QLatin1String("message"))
-            dialogs.messageBox(QStringLiteral("¿?"), QStringLiteral("Guardar lista actual"),
-                               MessageButtons::YesNoCancel, MessageIcon::Question);
-        else if (kind == QLatin1String("save"))
-            QVERIFY(dialogs.saveFileName(QStringLiteral("Guardar como..."), {}, {}).isEmpty());
-        else
-            QVERIFY(dialogs.openFileName(QStringLiteral("Abrir"), {}, {}).isEmpty());
-        QCOMPARE(owner.data(), &list);
+            });
+        };
+        closeNextQuestion(&listWindow);
+        QVERIFY(!dialogs.inputBox(QStringLiteral("¿Cuántas?"),
+                                  QStringLiteral("defina un numero entre 2 y 8, por favor"),
+                                  QStringLiteral("6")));
+        QVERIFY(titleFits);
+        closeNextQuestion(nullptr); // the list window not yet active again
+        dialogs.messageBox(QStringLiteral("Error"), QStringLiteral("t"),
+                           nubo::platform::MessageButtons::Ok, nubo::platform::MessageIcon::None);
+        closeNextQuestion(&listWindow);
+        QVERIFY(
+            dialogs.saveFileName(QStringLiteral("t"), QStringLiteral("PDF|*.pdf"), {}).isEmpty());
+        QCOMPARE(owners, (QList<QWidget*>{&listWindow, &listWindow, &listWindow}));
     }
 };
 

@@ -150,6 +150,7 @@ private slots:
         const LinearMeasure measure;
         QStringList names = namesOf(400);
         names[7] = QString(200, QLatin1Char('x')); // far too long for a sixth of 12 cm
+        names[8] = QStringLiteral("uno dos tres cuatro cinco seis siete ocho nueve diez");
         QList<CoverRow> rows;
         for (const QString& name : names)
             rows.append({name, name == names.first() ? "Rock" : "Pop"});
@@ -161,24 +162,57 @@ private slots:
             QCOMPARE(page.frame, QRectF(0, 0, 120, 120));
             QVERIFY(page.texts.first().text.startsWith(QStringLiteral("Rock - Pop (")));
             for (const PlacedText& text : page.texts.mid(1)) {
-                placed << text.text;
+                const QStringList lines = text.text.split(QLatin1Char('\n'));
+                placed << lines.join(QLatin1Char(' '));
                 QVERIFY(page.frame.contains(text.box));
-                QVERIFY2(measure.widthMm(text.text, text.pointSize, false) <= text.box.width(),
-                         qPrintable(text.text));
+                QVERIFY(lines.size() * text.pointSize * 25.4 / 72 * 1.2 <=
+                        text.box.height() + 1e-9);
+                for (const QString& line : lines)
+                    QVERIFY2(measure.widthMm(line, text.pointSize, false) <= text.box.width(),
+                             qPrintable(line));
             }
         }
         QCOMPARE(placed.size(), names.size());
-        // The long name shrinks alone; its neighbours keep a readable size.
-        const auto sizeOf = [&](const QString& name) {
+        // A long name with blanks takes two readable lines of its slot; one without any
+        // shrinks alone; their neighbours keep a readable size.
+        const auto placedAs = [&](const QString& name) {
             for (const PlacedText& text : pages.first().texts)
-                if (text.text == name)
-                    return text.pointSize;
-            return 0.0;
+                if (QString(text.text).replace(QLatin1Char('\n'), QLatin1Char(' ')) == name)
+                    return text;
+            return PlacedText{};
         };
+        const auto sizeOf = [&](const QString& name) { return placedAs(name).pointSize; };
+        QCOMPARE(placedAs(names[8]).text.count(QLatin1Char('\n')), 1);
+        QVERIFY(sizeOf(names[8]) >= 3.0);
         QVERIFY(sizeOf(names[7]) < 1.0);
         QCOMPARE(sizeOf(names[6]), sizeOf(names[70])); // as large as the next column
         for (const QString& name : names)
             QVERIFY2(placed.contains(name), qPrintable(name));
+    }
+
+    // With room below, a long name keeps the column's size over as many lines as it needs
+    // and pushes the names under it down; a word too wide for the line shrinks the columns,
+    // which all keep one size.
+    void aLongNameWithRoomTakesTheLinesItNeeds()
+    {
+        const LinearMeasure measure;
+        QStringList names = namesOf(12);
+        names[2] = QStringList(30, QStringLiteral("largo")).join(QLatin1Char(' ')) +
+                   QLatin1Char(' ') + QString(40, QLatin1Char('w'));
+        QList<CoverRow> rows;
+        for (const QString& name : names)
+            rows.append({name, {}});
+        const auto grid = coverGridFor(QStringLiteral("2"), names, nullptr);
+        const QList<PlacedText> texts = layoutCover(rows, grid->columns, measure).first().texts;
+        const PlacedText& longName = texts.at(3); // after the header and two names
+        QVERIFY(longName.text.count(QLatin1Char('\n')) >= 3);
+        QCOMPARE(longName.pointSize, texts.at(2).pointSize);
+        QCOMPARE(longName.pointSize, texts.at(7).pointSize); // the second column
+        QVERIFY(longName.pointSize < 8.0);
+        for (const QString& line : longName.text.split(QLatin1Char('\n')))
+            QVERIFY(measure.widthMm(line, longName.pointSize, false) <= longName.box.width());
+        QCOMPARE(texts.at(4).box.top(), longName.box.bottom());
+        QVERIFY(QRectF(0, 0, 120, 120).contains(texts.at(6).box)); // the column's last name
     }
 };
 

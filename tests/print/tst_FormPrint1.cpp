@@ -4,6 +4,7 @@
 #include "app/cli/Cli.h"
 #include "catalogue/CatalogueList.h"
 #include "database/CatalogueFiles.h"
+#include "platform/FileDialogRules.h"
 #include "platform/fakes/FakeDialogs.h"
 
 #include "TestFiles.h"
@@ -66,10 +67,14 @@ private slots:
         QCOMPARE(dialogs.asked.last().kind, QStringLiteral("message"));
         QCOMPARE(form.ListView1->columnCount(), 4);
 
+        // Without a printer: a name typed without an extension is saved as a .pdf, and the
+        // dialog offers PDF files only.
         QTemporaryDir dir;
-        const QString pdf = dir.filePath(QStringLiteral("tapa.pdf"));
-        QVERIFY(form.saveAsPdf(pdf));
-        QVERIFY(nubo::test::fileBytes(pdf).startsWith("%PDF"));
+        dialogs.fileAnswers << dir.filePath(QStringLiteral("mi tapa"));
+        form.savePdfAsked();
+        QVERIFY(!nubo::platform::qtNameFilters(dialogs.asked.last().text).isEmpty());
+        QVERIFY(
+            nubo::test::fileBytes(dir.filePath(QStringLiteral("mi tapa.pdf"))).startsWith("%PDF"));
     }
 
     void cliDrawsTheCoverOfAWorkbookAndATsv()

@@ -12,9 +12,14 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace nubo::platform {
 
 namespace {
+
+// Room a window frame takes beside its title: icon and the three title bar buttons.
+constexpr int kTitleFrameExtra = 160;
 
 QMessageBox::StandardButtons standardButtons(MessageButtons buttons)
 {
@@ -74,12 +79,17 @@ MessageAnswer QtDialogs::messageBox(const QString& text, const QString& title,
 std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString& title,
                                            const QString& defaultText)
 {
-    bool accepted = false;
-    const QString text =
-        QInputDialog::getText(m_parent, title, prompt, QLineEdit::Normal, defaultText, &accepted);
-    if (!accepted)
+    QInputDialog dialog(owner());
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextValue(defaultText);
+    // The title may be the only place a question tells its range: the box is made wide enough
+    // for the window frame to show all of it beside its buttons.
+    const int titleWidth = dialog.fontMetrics().horizontalAdvance(title) + kTitleFrameExtra;
+    dialog.resize(std::max(dialog.sizeHint().width(), titleWidth), dialog.sizeHint().height());
+    if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    return text;
+    return dialog.textValue();
 }
 
 QString QtDialogs::saveFileName(const QString& title, const QString& filter,
@@ -111,12 +121,17 @@ QString QtDialogs::askFileName(const QString& title, const QString& filter,
     return chosen;
 }
 
-// Message boxes and the file, colour and font dialogs open over the window that asks for them,
-// so closing them leaves that window in front (not the main window over it).
-QWidget* QtDialogs::owner() const
+// Every dialog opens over the window that asks for it, so closing it leaves that window in
+// front and with the keyboard. Right after a dialog closes no window may be active yet: a
+// second question then opens over the window the first one did; the parent window only when
+// none of ours has asked.
+QWidget* QtDialogs::owner()
 {
-    QWidget* active = QApplication::activeWindow();
-    return active ? active : m_parent.data();
+    if (QWidget* active = QApplication::activeWindow())
+        m_lastOwner = active;
+    else if (!m_lastOwner || !m_lastOwner->isVisible())
+        m_lastOwner = m_parent;
+    return m_lastOwner.data();
 }
 
 std::optional<quint32> QtDialogs::chooseColor(quint32 initial)

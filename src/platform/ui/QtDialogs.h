@@ -28,10 +28,11 @@ public:
 private:
     QString askFileName(const QString& title, const QString& filter, const QString& startPath,
                         int mode);
-    QWidget* owner() const;
+    QWidget* owner();
 
     QPointer<QWidget> m_parent;
-    QString m_lastFolder; // where the last file dialog ended
+    QPointer<QWidget> m_lastOwner; // the window the last dialog opened over
+    QString m_lastFolder;          // where the last file dialog ended
 };
 
 } // namespace nubo::platform

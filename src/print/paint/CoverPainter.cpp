@@ -48,9 +48,10 @@ void paintCover(QPainter& painter, const CoverPlacement& placement, const CoverP
     painter.setPen(Qt::black);
     for (const PlacedText& text : page.texts) {
         painter.setFont(coverFont(text.pointSize * placement.scale, text.bold));
+        // Lines break only where the layout put '\n'; nothing is clipped.
+        const int lines = text.text.contains(QLatin1Char('\n')) ? 0 : Qt::TextSingleLine;
         painter.drawText(placement.map(text.box),
-                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip,
-                         text.text);
+                         Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip | lines, text.text);
     }
 }
 

@@ -4,7 +4,9 @@
 #include "platform/IDialogs.h"
 #include "print/paint/CoverPainter.h"
 
+#include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPrintDialog>
@@ -152,19 +154,28 @@ void FormPrint1::preview()
 void FormPrint1::print()
 {
     if (QPrinterInfo::availablePrinters().isEmpty()) {
-        // Without a print system the cover is saved as a PDF, which needs none.
-        const QString path =
-            m_dialogs.saveFileName(QStringLiteral("Guardar tapa como PDF"),
-                                   QStringLiteral("PDF (*.pdf)"), QStringLiteral("tapa.pdf"));
-        if (!path.isEmpty() && !saveAsPdf(path))
-            m_dialogs.messageBox(QStringLiteral("No se pudo guardar la tapa en ") + path,
-                                 QStringLiteral("Imprimir tapa"));
+        savePdfAsked(); // without a print system the cover is saved as a PDF, which needs none
         return;
     }
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() == QDialog::Accepted)
         paintOn(printer);
+}
+
+void FormPrint1::savePdfAsked()
+{
+    QString path = m_dialogs.saveFileName(QStringLiteral("Guardar tapa como PDF"),
+                                          QStringLiteral("Documento PDF (*.pdf)|*.pdf"),
+                                          QDir::home().filePath(QStringLiteral("tapa.pdf")));
+    if (path.isEmpty())
+        return;
+    // The file dialog adds no extension: a name typed without one still gets ".pdf".
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".pdf");
+    if (!saveAsPdf(path))
+        m_dialogs.messageBox(QStringLiteral("No se pudo guardar la tapa en ") + path,
+                             QStringLiteral("Imprimir tapa"));
 }
 
 } // namespace nubo::print

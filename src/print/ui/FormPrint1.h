@@ -34,6 +34,9 @@ public:
 
     // Writes the laid-out cover as a PDF; false when the file cannot be written.
     bool saveAsPdf(const QString& path) const;
+    // "&Imprimir" on a system without printers: asks for a PDF file name (".pdf" added when
+    // the name has no extension) and saves the cover there, reporting a failure.
+    void savePdfAsked();
 
     QTreeWidget* ListView1 = nullptr;
     QPushButton* cmdPreview = nullptr;
