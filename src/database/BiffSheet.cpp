@@ -16,6 +16,7 @@ constexpr quint16 kBlank = 0x0201;
 constexpr quint16 kDbCell = 0x00D7;
 constexpr quint16 kWindow2 = 0x023E;
 constexpr quint16 kDefColWidth = 0x0055;
+constexpr quint16 kColInfo = 0x007D;
 constexpr int kRowsPerBlock = 32;
 
 struct RowSpan
@@ -27,9 +28,10 @@ struct RowSpan
 class SheetBuilder final
 {
 public:
-    SheetBuilder(quint32 base, const QList<BiffRowCells>& rows, const BiffCellLook& look)
+    SheetBuilder(quint32 base, const QList<BiffRowCells>& rows, const BiffCellLook& look,
+                 const BiffColumnWidths& widths)
         : m_base(base), m_rows(rows), m_format(look.format), m_blanks(look.blankCells),
-          m_rowHeight(look.rowHeight)
+          m_rowHeight(look.rowHeight), m_widths(widths)
     {
     }
 
@@ -50,6 +52,7 @@ public:
         appendIndex(firstRow, lastRow, blocks);
         const auto defColWidthAt = quint32(m_base + m_out.size());
         record(kDefColWidth, [](ByteSink& s) { s.u16(8); });
+        appendColumnWidths();
         appendDimensions(firstRow, lastRow);
         QList<quint32> dbCells;
         for (int b = 0; b < blocks; ++b)
@@ -109,6 +112,19 @@ private:
             s.u32(0); // patched: position of the default column width
             s.zeros(4 * blocks);
         });
+    }
+    void appendColumnWidths()
+    {
+        for (int c = 0; c < 4; ++c) {
+            record(kColInfo, [&](ByteSink& s) {
+                s.u16(quint32(c));
+                s.u16(quint32(c));
+                s.u16(m_widths[c]);
+                s.u16(15); // empty cells of the column keep the default cell format
+                s.u16(0);
+                s.u16(0);
+            });
+        }
     }
     void appendDimensions(int firstRow, int lastRow)
     {
@@ -184,15 +200,16 @@ private:
     quint16 m_format;
     bool m_blanks;
     quint16 m_rowHeight;
+    BiffColumnWidths m_widths;
     QByteArray m_out;
 };
 
 } // namespace
 
 QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows,
-                          const BiffCellLook& look)
+                          const BiffCellLook& look, const BiffColumnWidths& widths)
 {
-    return SheetBuilder(streamOffset, rows, look).build();
+    return SheetBuilder(streamOffset, rows, look, widths).build();
 }
 
 } // namespace nubo::database

@@ -20,8 +20,11 @@ struct BiffCellLook
     quint16 rowHeight = 255;
 };
 
+// The four columns' widths in 1/256 of a character, so a spreadsheet shows the texts whole.
+using BiffColumnWidths = std::array<quint16, 4>;
+
 // Builds the worksheet substream: row blocks with their lookup records, then the window.
 QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows,
-                          const BiffCellLook& look);
+                          const BiffCellLook& look, const BiffColumnWidths& widths);
 
 } // namespace nubo::database

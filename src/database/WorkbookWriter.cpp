@@ -6,6 +6,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-outfile.h>
 #include <gsf/gsf-output-stdio.h>
@@ -104,6 +106,7 @@ bool WorkbookWriter::begin(const QString& path, WorkbookLayout layout, qsizetype
     m_layout = std::move(layout);
     m_strings = {};
     m_rows.clear();
+    m_longest = {};
     m_error.clear();
     if (expectedRows > kMaxDataRows) {
         return fail(QStringLiteral("La hoja admite %1 filas: %2 filas no caben en ella.")
@@ -125,9 +128,23 @@ bool WorkbookWriter::begin(const QString& path, WorkbookLayout layout, qsizetype
 BiffRowCells WorkbookWriter::cellsOf(const std::array<const QString*, 4>& texts)
 {
     BiffRowCells cells;
-    for (int c = 0; c < 4; ++c)
+    for (int c = 0; c < 4; ++c) {
         cells[c] = texts[c]->isEmpty() ? kNoText : m_strings.add(*texts[c]);
+        m_longest[c] = std::max(m_longest[c], texts[c]->size());
+    }
     return cells;
+}
+
+// Wide enough for each column's longest text in the sheet's font (its rows' height tells the
+// font's size against the default 10-point rows), between 10 and 60 characters.
+BiffColumnWidths WorkbookWriter::columnWidths(quint16 rowHeight) const
+{
+    BiffColumnWidths widths;
+    for (int c = 0; c < 4; ++c) {
+        const qsizetype characters = std::clamp<qsizetype>(m_longest[c], 10, 60) + 2;
+        widths[c] = quint16(std::min<qsizetype>(characters * 256 * rowHeight / 255, 0xFF00));
+    }
+    return widths;
 }
 
 bool WorkbookWriter::addRow(const CatalogueRecord& r)
@@ -178,8 +195,9 @@ bool WorkbookWriter::finish()
     qsizetype sheetOffsetAt = 0;
     QByteArray globals = buildGlobals(sheetOffsetAt);
     ByteSink::put32(globals, sheetOffsetAt, quint32(globals.size()));
+    const BiffCellLook look = BiffStyles(m_layout.style).cellLook();
     const QByteArray sheet =
-        buildWorksheet(quint32(globals.size()), m_rows, BiffStyles(m_layout.style).cellLook());
+        buildWorksheet(quint32(globals.size()), m_rows, look, columnWidths(look.rowHeight));
     return writeCompoundFile(globals, sheet);
 }
 

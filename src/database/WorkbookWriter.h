@@ -42,12 +42,14 @@ private:
     bool fail(const QString& message);
     BiffRowCells cellsOf(const std::array<const QString*, 4>& texts);
     QByteArray buildGlobals(qsizetype& sheetOffsetAt) const;
+    BiffColumnWidths columnWidths(quint16 rowHeight) const;
     bool writeCompoundFile(const QByteArray& globals, const QByteArray& sheet);
 
     QString m_path;
     WorkbookLayout m_layout;
     BiffSharedStrings m_strings;
     QList<BiffRowCells> m_rows;
+    std::array<qsizetype, 4> m_longest{}; // each column's longest text, header included
     QString m_error;
     bool m_open = false;
 };

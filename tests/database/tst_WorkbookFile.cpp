@@ -25,6 +25,7 @@ out = {"sheets": b.sheet_names(), "rows": [s.row_values(r) for r in range(s.nrow
        "cellFormats": sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))}),
        "row2Cells": s.row_len(1) if s.nrows > 1 else 0,
        "rowHeights": sorted({i.height for i in s.rowinfo_map.values()}),
+       "widths": [s.colinfo_map[c].width if c in s.colinfo_map else 0 for c in range(4)],
        "formats": len(b.xf_list), "fonts": len(b.font_list), "palette": len(b.palette_record)}
 if s.nrows > 0:
     xf = b.xf_list[out["cellFormats"][-1]]
@@ -127,6 +128,13 @@ private slots:
         QCOMPARE(sheetRows.at(1).toArray(), QJsonArray()); // row 2 holds no cells
         for (int i = 0; i < count; ++i)
             QCOMPARE(sheetRows.at(i + 2).toArray(), jsonRow(rows.at(i)));
+        // Each column is wide enough for its longest text, up to 60 characters.
+        for (int c = 0; c < 4; ++c) {
+            qsizetype longest = 10;
+            for (const CatalogueRecord& r : rows)
+                longest = std::max(longest, std::min<qsizetype>(r.field(c).size(), 60));
+            QVERIFY(seen.value("widths").toArray().at(c).toInt() >= longest * 256);
+        }
     }
 
     // The fill takes the palette's last default colour, which the other two colours must not
