@@ -102,36 +102,36 @@ std::optional<PlacedText> wrappedName(const QString& name, const QRectF& slot, d
     return std::nullopt;
 }
 
-// A dense column, each name in a box one line high: a name too long for one readable line
-// is broken over lines within that height if it can be, or else shrinks on its own.
-QList<PlacedText> slotColumn(const QStringList& names, double width, double step, double size,
-                             double readable, const ITextMeasure& measure)
+// Names at size, each in a box one step high: a name narrower at its own size than
+// wrapBelow is broken at its blanks (from size down to wrapBelow) into lines no taller than
+// maxHeight, its box growing to hold them; a name that cannot be broken shrinks on its own.
+QList<PlacedText> placedNames(const QStringList& names, double width, double step, double size,
+                              double wrapBelow, double maxHeight, const ITextMeasure& measure)
 {
     QList<PlacedText> texts;
     for (const QString& name : names) {
         const QRectF slot(0, 0, width, step);
         const double own = fittingSize({name}, size, width, false, measure);
         const std::optional<PlacedText> wrapped =
-            own < readable ? wrappedName(name, slot, step, size, readable, measure) : std::nullopt;
+            own < wrapBelow ? wrappedName(name, slot, maxHeight, size, wrapBelow, measure)
+                            : std::nullopt;
         texts.append(wrapped.value_or(PlacedText{slot, name, own}));
     }
     return texts;
 }
 
-// A column with room, every name at size: one too wide for a line is broken over as many
-// lines as it needs and takes their height; a single word too wide shrinks on its own.
+// A dense column: a long name is broken only within its own line's height.
+QList<PlacedText> slotColumn(const QStringList& names, double width, double step, double size,
+                             double readable, const ITextMeasure& measure)
+{
+    return placedNames(names, width, step, size, readable, step, measure);
+}
+
+// A column with room: a long name keeps the size over as many lines as it needs.
 QList<PlacedText> flowColumn(const QStringList& names, double width, double step, double size,
                              const ITextMeasure& measure)
 {
-    QList<PlacedText> texts;
-    for (const QString& name : names) {
-        const QRectF slot(0, 0, width, step);
-        const double own = fittingSize({name}, size, width, false, measure);
-        const std::optional<PlacedText> wrapped =
-            own < size ? wrappedName(name, slot, kBodyHeightMm, size, size, measure) : std::nullopt;
-        texts.append(wrapped.value_or(PlacedText{slot, name, own}));
-    }
-    return texts;
+    return placedNames(names, width, step, size, size, kBodyHeightMm, measure);
 }
 
 double heightOf(const QList<PlacedText>& texts)
