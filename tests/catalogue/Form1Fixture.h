@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <optional>
+
 #include "CatalogueFixture.h"
 
 // Records what the list window asks of the search.
@@ -40,9 +42,12 @@ struct Form1Fixture : OpenerFixture
     FakeSearch search;
     nubo::catalogue::Form1 form{{app, catalogue, opener, details, drops, options}};
 
-    Form1Fixture()
+    // at: where the window first opens, when the test cares.
+    explicit Form1Fixture(std::optional<QPoint> at = std::nullopt)
     {
         form.setSearchLauncher(&search);
+        if (at)
+            form.move(*at);
         form.show();
         if (!QTest::qWaitForWindowExposed(&form))
             qWarning("the list window was not exposed");

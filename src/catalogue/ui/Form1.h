@@ -165,6 +165,7 @@ private:
     void syncSelection(const QItemSelection& selected, const QItemSelection& deselected);
     void flashTick();
     void growTick();
+    void makeRoomToGrow();
     void setMessageColour(quint32 rgb);
 
     const platform::AppFolder& m_app;

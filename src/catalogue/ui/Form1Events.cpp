@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTimer>
 
 namespace nubo::catalogue {
@@ -26,7 +27,8 @@ namespace {
 constexpr double kTwipsPerPixel = 15.0;
 constexpr double kGrowTargetTwips = 10700.0;
 constexpr double kGrowStepTwips = 110.0;
-constexpr int kFlashTicks = 5; // the counter runs 0..5: six ticks
+constexpr int kTitleBarGuess = 40; // before the window manager has framed the window
+constexpr int kFlashTicks = 5;     // the counter runs 0..5: six ticks
 
 } // namespace
 
@@ -300,7 +302,23 @@ void Form1::showEvent(QShowEvent* event)
     restoreColumns();
     m_growTarget = kGrowTargetTwips;
     m_growHeight = height() * kTwipsPerPixel;
+    makeRoomToGrow();
     Timer2->start();
+}
+
+// The window grows downwards from where it opened: on a screen too short for the grown
+// window, it is moved up first and its target cut to the screen, so it stays whole.
+void Form1::makeRoomToGrow()
+{
+    const QScreen* screen = this->screen();
+    if (!screen)
+        return;
+    const QRect available = screen->availableGeometry();
+    const int frame = std::max(frameGeometry().height() - height(), kTitleBarGuess);
+    m_growTarget = std::min(m_growTarget, (available.height() - frame) * kTwipsPerPixel);
+    const int bottom = y() + frame + qRound(m_growTarget / kTwipsPerPixel);
+    if (bottom > available.bottom() + 1)
+        move(x(), std::max(available.top(), y() - (bottom - available.bottom() - 1)));
 }
 
 } // namespace nubo::catalogue
