@@ -284,25 +284,35 @@ bool Form12::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-// Any button pressed on the skin moves the window as its title bar would; where the window
-// system cannot move it, the window follows the pointer itself.
+// Dragging the skin with a button held moves the window as its title bar would. The window
+// system's move starts only once the pointer has moved: started on the press itself, a quick
+// click whose release beats the window manager's grab leaves the window stuck to the pointer.
+// Where the window system cannot move it, the window follows the pointer itself.
 bool Form12::dragWindow(QObject*, QEvent* event)
 {
     const QEvent::Type type = event->type();
+    if (type == QEvent::MouseButtonRelease) {
+        m_drag = SkinDrag::None;
+        return false;
+    }
+    if (type != QEvent::MouseButtonPress && type != QEvent::MouseMove)
+        return false;
+    const QPoint at = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
     if (type == QEvent::MouseButtonPress) {
-        auto* mouse = static_cast<QMouseEvent*>(event);
         picMainSkin->setFocus();
-        m_manualDrag = !(windowHandle() && windowHandle()->startSystemMove());
-        m_dragOffset = mouse->globalPosition().toPoint() - frameGeometry().topLeft();
+        m_drag = SkinDrag::Pressed;
+        m_dragOffset = at - frameGeometry().topLeft();
         return true;
     }
-    if (type == QEvent::MouseMove && m_manualDrag) {
-        move(static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - m_dragOffset);
-        return true;
+    if (m_drag == SkinDrag::Pressed &&
+        (at - frameGeometry().topLeft() - m_dragOffset).manhattanLength() >=
+            QApplication::startDragDistance()) {
+        const bool system = windowHandle() && windowHandle()->startSystemMove();
+        m_drag = system ? SkinDrag::System : SkinDrag::Manual;
     }
-    if (type == QEvent::MouseButtonRelease)
-        m_manualDrag = false;
-    return false;
+    if (m_drag == SkinDrag::Manual)
+        move(at - m_dragOffset);
+    return m_drag != SkinDrag::None;
 }
 
 quint64 Form12::nativeHandle()

@@ -97,8 +97,10 @@ private:
     FramePlayer m_player;
     Form8* m_trayMenu = nullptr;
     QRegion m_region;
+    // A press on the skin, then the move it became: the window system's or our own.
+    enum class SkinDrag { None, Pressed, System, Manual };
     QPoint m_dragOffset;
-    bool m_manualDrag = false;
+    SkinDrag m_drag = SkinDrag::None;
 };
 
 } // namespace nubo::frame
