@@ -38,6 +38,21 @@ int DriveList::indexOf(const QString& text) const
     return -1;
 }
 
+int DriveList::indexHolding(const QString& path) const
+{
+    int found = -1;
+    qsizetype longest = -1;
+    for (qsizetype i = 0; i < m_entries.size(); ++i) {
+        const QString mount = withoutSlash(m_entries[i].mountPoint);
+        const bool holds = !mount.isEmpty() && (path == mount || path.startsWith(withSlash(mount)));
+        if (holds && mount.size() > longest) {
+            found = int(i);
+            longest = mount.size();
+        }
+    }
+    return found;
+}
+
 int DriveList::check(const QString& text) const
 {
     const int index = indexOf(text);

@@ -19,6 +19,8 @@ public:
     // The entry a text names: its list text, its mount point (with or without a trailing
     // '/') or its device node; -1 for none.
     int indexOf(const QString& text) const;
+    // The entry whose mount point holds path (the longest such), -1 for none.
+    int indexHolding(const QString& path) const;
     // 0 when text names a drive with a medium; otherwise the device-unavailable error, 68.
     int check(const QString& text) const;
 

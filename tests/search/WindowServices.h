@@ -20,7 +20,13 @@ struct WindowServices
     platform::FakeOpticalTray tray;
     platform::LinuxDirectoryReader reader;
 
-    WindowServices() { drives.add(root.path(), platform::DriveType::Fixed); }
+    // extraDrive: a second fixed drive, for tests that need one.
+    explicit WindowServices(const QString& extraDrive = {})
+    {
+        drives.add(root.path(), platform::DriveType::Fixed);
+        if (!extraDrive.isEmpty())
+            drives.add(extraDrive, platform::DriveType::Fixed);
+    }
 };
 
 } // namespace nubo::test

@@ -5,6 +5,7 @@
 #include "search/ui/SearchWindows.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -24,7 +25,7 @@ class TestForm3 final : public QObject
         search::SearchWindows windows{{app, host, dialogs, drives, volumes, reader, tray}};
         search::Form3* form = &windows.form3;
 
-        Rig()
+        explicit Rig(const QString& extraDrive = {}) : test::WindowServices(extraDrive)
         {
             test::writeFile(root.path() + "/musica/tema.mp3");
             test::writeFile(root.path() + "/otra.mp3");
@@ -40,6 +41,20 @@ private slots:
         QCOMPARE(rig.form->Combo1->currentText(), QStringLiteral("*.mp3"));
         QCOMPARE(rig.form->folderPath(), rig.root.path());
         QVERIFY(!rig.form->PicSearch->pixmap().isNull());
+    }
+
+    // The first opening shows the user's home folder, on the drive that holds it.
+    void opensOnTheHomeFolder()
+    {
+        QTemporaryDir disk;
+        const QString home = disk.path() + QStringLiteral("/casa");
+        QVERIFY(QDir().mkpath(home));
+        const QByteArray savedHome = qgetenv("HOME");
+        qputenv("HOME", home.toUtf8());
+        Rig rig(disk.path());
+        qputenv("HOME", savedHome);
+        QCOMPARE(rig.form->currentDriveText(), disk.path());
+        QCOMPARE(rig.form->folderPath(), home);
     }
 
     void hoverAndHitPictures()

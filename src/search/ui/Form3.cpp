@@ -4,6 +4,7 @@
 #include "search/ui/ImageButton.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -168,10 +169,15 @@ void Form3::refreshDrives()
     const QSignalBlocker blocker(Drive1);
     Drive1->clear();
     Drive1->addItems(m_drives.texts());
-    const int index = m_drives.indexOf(current);
+    // The first time, the drive that holds the user's home folder, as Windows opens on the
+    // current folder of the current drive; then the drive chosen last.
+    const bool first = m_folder.isEmpty();
+    const int index = first ? m_drives.indexHolding(QDir::homePath()) : m_drives.indexOf(current);
     Drive1->setCurrentIndex(index >= 0 ? index : 0);
-    if (m_folder.isEmpty() || index < 0)
+    if (first || index < 0)
         driveChanged(Drive1->currentIndex());
+    if (first && index >= 0)
+        setFolderPath(QDir::homePath());
 }
 
 void Form3::driveChanged(int index)
