@@ -135,6 +135,10 @@ void Form3::connectControls()
     connect(Command2, &QPushButton::clicked, this, [this] { runCommand(Command::SearchCd); });
     connect(Command4, &QPushButton::clicked, this, [this] { runCommand(Command::ShowList); });
     connect(Drive1, &QComboBox::currentIndexChanged, this, &Form3::driveChanged);
+    connect(m_folders, &QFileSystemModel::directoryLoaded, this, [this](const QString& loaded) {
+        if (m_folder.startsWith(DriveList::withSlash(loaded)))
+            revealFolder();
+    });
     connect(Dir1, &QTreeView::clicked, this,
             [this](const QModelIndex& index) { m_folder = m_folders->filePath(index); });
     connect(Dir1->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -234,6 +238,19 @@ void Form3::showWindow()
     activateWindow();
 }
 
+// The chosen folder shown open in the tree: its parents expanded and the view scrolled to it,
+// again as the model lists the folders above it (it reads them in the background).
+void Form3::revealFolder()
+{
+    const QModelIndex index = m_folders->index(m_folder);
+    if (!index.isValid() || index == Dir1->rootIndex())
+        return;
+    for (QModelIndex parent = index.parent(); parent.isValid() && parent != Dir1->rootIndex();
+         parent = parent.parent())
+        Dir1->expand(parent);
+    Dir1->scrollTo(index, QAbstractItemView::PositionAtCenter);
+}
+
 void Form3::runCommand(Command command)
 {
     if (m_controller)
@@ -297,6 +314,7 @@ void Form3::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     refreshDrives(); // drives come and go while the window is hidden
+    revealFolder();
 }
 
 void Form3::closeEvent(QCloseEvent* event)

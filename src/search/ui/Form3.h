@@ -62,6 +62,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void revealFolder();
     void createControls();
     void placeControls();
     void connectControls();
