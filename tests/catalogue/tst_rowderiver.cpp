@@ -75,7 +75,6 @@ private slots:
         QCOMPARE(row, (CatalogueRow{"uno", "/Musica/Rock/", {}, "WAV", {}}));
         QCOMPARE(bare, QStringLiteral("dos"));
     }
-
 };
 
 QTEST_GUILESS_MAIN(TestRowDeriver)

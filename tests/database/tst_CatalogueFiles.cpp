@@ -19,6 +19,14 @@ class CatalogueFilesTest final : public QObject
     Q_OBJECT
 
 private slots:
+    // The last three letters decide, with or without a dot, in any case.
+    void formatByTheLastThreeLetters()
+    {
+        QVERIFY(catalogueFormatOf(QStringLiteral("lista.XLS")) == CatalogueFormat::Workbook);
+        QVERIFY(catalogueFormatOf(QStringLiteral("catalogomdb")) == CatalogueFormat::Database);
+        QVERIFY(!catalogueFormatOf(QStringLiteral("lista.csv")));
+    }
+
     void badFilesAreErrors_data()
     {
         QTest::addColumn<QString>("name");
