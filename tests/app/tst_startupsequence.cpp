@@ -140,16 +140,13 @@ private slots:
         QVERIFY(f.registry->keys.isEmpty());
         QVERIFY(f.dialogs.asked.isEmpty());
         QCOMPARE(f.entries(), QStringList({"Cursors"}));
-    }
 
-    void multipleInstancesAllowedRunAndRegister()
-    {
-        Fixture f;
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
+        Fixture allowed; // unless the options allow more than one
+        QVERIFY(nubo::test::writeFile(allowed.dir.filePath(QStringLiteral("Ini/Config.nbo")),
                                       savedConfig("1")));
-        f.instances->running = true;
-        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QCOMPARE(f.registry->keys.value(kKey).value(QStringLiteral("Minstances")),
+        allowed.instances->running = true;
+        QCOMPARE(allowed.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(allowed.registry->keys.value(kKey).value(QStringLiteral("Minstances")),
                  QByteArray(1, '\1'));
     }
 
@@ -168,18 +165,14 @@ private slots:
         QCOMPARE(f.dialogs.asked[0].buttons, MessageButtons::Ok);
         QCOMPARE(f.dialogs.asked[0].icon, MessageIcon::None);
         QVERIFY(f.registry->keys.isEmpty());
-    }
 
-    // An installed copy keeps its folders in the user's data folder: the disc it was
-    // started from is what counts.
-    void aCopyStartedFromADiscIsRefused()
-    {
-        Fixture f;
-        f.executable = QStringLiteral("/media/cdrom/nubo");
-        f.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
-        QCOMPARE(f.run(), StartupSequence::Outcome::EndProgram);
-        QCOMPARE(f.dialogs.asked.size(), 1);
-        QVERIFY(f.dialogs.asked[0].text.contains(QStringLiteral("CD-ROM /media/cdrom, ")));
+        // An installed copy keeps its folders in the user's data folder: the disc it was
+        // started from is what counts.
+        Fixture installed;
+        installed.executable = QStringLiteral("/media/cdrom/nubo");
+        installed.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
+        QCOMPARE(installed.run(), StartupSequence::Outcome::EndProgram);
+        QVERIFY(installed.dialogs.asked[0].text.contains(QStringLiteral("CD-ROM /media/cdrom, ")));
     }
 
     void missingCursorReportsFileNotFound()

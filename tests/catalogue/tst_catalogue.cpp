@@ -33,9 +33,17 @@ class TestCatalogue final : public QObject
 {
     Q_OBJECT
 private slots:
+    // Missing files and folders are dropped without a word; files go to the top.
     void addsExistingFilesAtTheTop()
     {
         CatalogueFixture f;
+        QSignalSpy countLine(&f.catalogue, &Catalogue::countLineChanged);
+        f.add(f.drive + QStringLiteral("/nada.mp3"));
+        f.file(QStringLiteral("Carpeta/x"));
+        f.add(f.drive + QStringLiteral("/Carpeta"));
+        QCOMPARE(f.catalogue.list().count(), 0);
+        QCOMPARE(countLine.count(), 0);
+        QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
         f.catalogue.setGroupName(QStringLiteral("Rock"));
         QString path = f.file(QStringLiteral("Musica/tema.mp3"));
         f.catalogue.AddFileToList(path);
@@ -50,18 +58,6 @@ private slots:
         QCOMPARE(f.catalogue.list().row(0), f.catalogue.list().row(1));
         QCOMPARE(f.catalogue.countLine(),
                  QStringLiteral("La lista contiene 2 archivos actualmente"));
-    }
-
-    void dropsMissingFilesAndFolders()
-    {
-        CatalogueFixture f;
-        QSignalSpy countLine(&f.catalogue, &Catalogue::countLineChanged);
-        f.add(f.drive + QStringLiteral("/nada.mp3"));
-        f.file(QStringLiteral("Carpeta/x"));
-        f.add(f.drive + QStringLiteral("/Carpeta"));
-        QCOMPARE(f.catalogue.list().count(), 0);
-        QCOMPARE(countLine.count(), 0);
-        QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
     }
 
     void deleteReportsAndCountsDeliberately_data()
@@ -105,9 +101,7 @@ private slots:
         QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
         QCOMPARE(f.catalogue.info().timer().interval(), 10000);
         QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
-        f.catalogue.EmptyList();
-        QCOMPARE(f.catalogue.info().text(), QStringLiteral("No es posible vaciar una lista vacia"));
-        QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
+        f.catalogue.EmptyList(); // its text is checked on the window
         QVERIFY(f.dialogs.asked.isEmpty());
     }
 

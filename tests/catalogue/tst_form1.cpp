@@ -47,17 +47,12 @@ class TestForm1 final : public QObject
     Q_OBJECT
 private slots:
     // The drive column is kept for saving but takes no width.
-    void driveColumnIsHidden()
-    {
-        Form1Fixture f;
-        QHeaderView* header = f.form.ListView1->header();
-        QCOMPARE(header->sectionSize(4), 0);
-        QVERIFY(header->sectionSize(0) > 0);
-    }
-
     void addingShowsRowsAndTheCountLine()
     {
         Form1Fixture f;
+        QTRY_VERIFY(!f.form.Timer2->isActive());
+        QCOMPARE(f.form.ListView1->header()->sectionSize(4), 0);
+        QVERIFY(f.form.ListView1->header()->sectionSize(0) > 0);
         f.catalogue.setGroupName(QStringLiteral("CD 1"));
         f.addMany(3);
         QTRY_COMPARE(f.form.ListView1->model()->rowCount(), 3);
@@ -66,7 +61,8 @@ private slots:
         QCOMPARE(f.form.txtvolumename->text(), QStringLiteral("CD 1"));
     }
 
-    void deletingSelectedRowsReportsSingularAndPlural()
+    // The counts and texts are the catalogue's; here the Delete key and the menu entry reach it.
+    void deletingSelectedRows()
     {
         Form1Fixture f;
         f.addMany(10);
@@ -75,30 +71,25 @@ private slots:
                           f.rowPoint(3));
         QTest::keyClick(f.form.ListView1, Qt::Key_Delete);
         QCOMPARE(f.catalogue.list().count(), 7);
-        QCOMPARE(f.form.LblInfo->text(),
-                 QStringLiteral("Han sido eliminados 3 archivos de la lista"));
-
         QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
         f.form.Eli->trigger();
         QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 6 archivo actualmente"));
         QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("f5"));
     }
 
-    void emptyingFollowsEachAnswer()
+    // The answers are the catalogue's; here the button, Ctrl+V, the menu and the picture reach it.
+    void emptyingFromEachControl()
     {
         Form1Fixture f;
         f.addMany(2);
         f.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
         f.form.Command6->click();
-        QCOMPARE(f.catalogue.list().count(), 2);
-        f.dialogs.messageAnswers.enqueue(MessageAnswer::Yes); // no save flow yet: kept
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::Yes); // no save flow: kept
         QTest::keyClick(&f.form, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(f.catalogue.list().count(), 2);
         f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
         f.form.vaciarl->trigger();
-        QCOMPARE(f.catalogue.list().count(), 0);
         QCOMPARE(f.form.ListView1->model()->rowCount(), 0);
-        QCOMPARE(f.form.LblInfo->text(), QStringLiteral("La lista ha sido vaciada"));
         QCOMPARE(f.dialogs.asked.size(), 3);
         QTest::mouseClick(f.form.Picture2, Qt::LeftButton);
         QCOMPARE(f.form.LblInfo->text(), QStringLiteral("No es posible vaciar una lista vacia"));

@@ -54,7 +54,7 @@ private slots:
         QCOMPARE(path, QStringLiteral("/media/cd") + leftPath);
     }
 
-    void rootVolumeHasEmptyPrefix()
+    void rootVolumeAndBareNames()
     {
         FakeDrives drives;
         drives.add(QStringLiteral("/"), DriveType::Fixed);
@@ -67,21 +67,12 @@ private slots:
         row = deriver.derive(path);
         QCOMPARE(row.direccion, QStringLiteral("DIRECTORIO PRINCIPAL"));
         QCOMPARE(path, QStringLiteral("/"));
-    }
-
-    void bareNameInheritsPreviousNameAndFolder()
-    {
-        FakeDrives drives;
-        drives.add(QStringLiteral("/"), DriveType::Fixed);
-        RowDeriver deriver(drives);
+        // A bare name takes the previous row's name and folder.
         QString first = QStringLiteral("/Musica/Rock/uno.mp3");
         deriver.derive(first);
         QString bare = QStringLiteral("dos.wav");
-        const CatalogueRow row = deriver.derive(bare);
-        QCOMPARE(row.nombre, QStringLiteral("uno"));
-        QCOMPARE(row.direccion, QStringLiteral("/Musica/Rock/"));
-        QCOMPARE(row.formato, QStringLiteral("WAV"));
-        QCOMPARE(row.unidad, QString());
+        row = deriver.derive(bare);
+        QCOMPARE(row, (CatalogueRow{"uno", "/Musica/Rock/", {}, "WAV", {}}));
         QCOMPARE(bare, QStringLiteral("dos"));
     }
 };

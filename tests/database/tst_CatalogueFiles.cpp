@@ -19,39 +19,12 @@ class CatalogueFilesTest final : public QObject
     Q_OBJECT
 
 private slots:
-    void formatByExtension()
+    // The last three letters decide, with or without a dot, in any case.
+    void formatByTheLastThreeLetters()
     {
-        const auto format = [](const char* path) {
-            const auto found = catalogueFormatOf(QLatin1String(path));
-            return found ? int(*found) : -1;
-        };
-        QCOMPARE(format("lista.XLS"), int(CatalogueFormat::Workbook));
-        QCOMPARE(format("c.Mdb"), int(CatalogueFormat::Database));
-        QCOMPARE(format("catalogomdb"), int(CatalogueFormat::Database));
-        QCOMPARE(format("lista.csv"), -1);
-    }
-
-    void failedSaveKeepsThePreviousFile_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("workbook") << "lista.xls";
-        QTest::newRow("database") << "lista.mdb";
-    }
-    void failedSaveKeepsThePreviousFile()
-    {
-        QFETCH(QString, name);
-        QTemporaryDir dir;
-        const QString path = dir.filePath(name);
-        const QList<CatalogueRecord> good = sampleRows(3);
-        const CatalogueRowSource rows{3, [&](qsizetype i) { return good.at(i); }};
-        QVERIFY(saveCatalogue(path, {}, rows).ok);
-        const QByteArray before = nubo::test::fileBytes(path);
-        CatalogueSaveOptions bad;
-        bad.header[1] = bad.header[0]; // a repeated field name
-        bad.sheetName = QStringLiteral("no:vale");
-        const SaveOutcome outcome = saveCatalogue(path, bad, rows);
-        QVERIFY(!outcome.ok && !outcome.error.isEmpty());
-        QCOMPARE(nubo::test::fileBytes(path), before);
+        QVERIFY(catalogueFormatOf(QStringLiteral("lista.XLS")) == CatalogueFormat::Workbook);
+        QVERIFY(catalogueFormatOf(QStringLiteral("catalogomdb")) == CatalogueFormat::Database);
+        QVERIFY(!catalogueFormatOf(QStringLiteral("lista.csv")));
     }
 
     void badFilesAreErrors_data()

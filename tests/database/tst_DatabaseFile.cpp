@@ -24,10 +24,9 @@ bool writeDatabase(const QString& path, const QList<CatalogueRecord>& rows,
     DatabaseWriter writer;
     if (!writer.begin(&file, header))
         return false;
-    for (const CatalogueRecord& r : rows) {
+    for (const CatalogueRecord& r : rows)
         if (!writer.addRow(r))
             return false;
-    }
     return writer.finish();
 }
 
@@ -126,13 +125,12 @@ private slots:
         const QStringList system = {"MSysObjects", "MSysACEs", "MSysQueries", "MSysRelationships"};
         QCOMPARE(runTool(QStringLiteral("mdb-tables"), {"-S", "-1", ours}).out,
                  (system.join('\n') + "\nCatalogo\n").toUtf8());
-        for (const QString& table : system) {
+        for (const QString& table : system)
             QCOMPARE(runTool(QStringLiteral("mdb-schema"), {"-T", table, ours}).out,
                      runTool(QStringLiteral("mdb-schema"), {"-T", table, engine}).out);
-        }
         // The engine's own rows are all there, plus the new table's.
-        const QByteArray objects = runTool(QStringLiteral("mdb-count"), {ours, "MSysObjects"}).out;
-        QCOMPARE(objects, QByteArray("9\n"));
+        QCOMPARE(runTool(QStringLiteral("mdb-count"), {ours, "MSysObjects"}).out,
+                 QByteArray("9\n"));
         QCOMPARE(runTool(QStringLiteral("mdb-count"), {ours, "MSysACEs"}).out, QByteArray("18\n"));
     }
 
@@ -184,11 +182,10 @@ private slots:
         QTest::addColumn<int>("records");
         QTest::addColumn<QString>("text"); // a DIRECCION the reader must decode
         QTest::newRow("Access 2000") << "fixedTextTestV2000.mdb"
-                                     << "users" << 2 << "";
+                                     << "users" << 2 << QString();
         QTest::newRow("compressed text") << "testUnicodeCompV2003.mdb"
                                          << "Table" << 8 << QStringLiteral("漢字仮名交じり文");
-        QTest::newRow("no user table") << "adox_jet4.mdb"
-                                       << "" << 0 << "";
+        QTest::newRow("no user table") << "adox_jet4.mdb" << QString() << 0 << QString();
     }
     void fixturesOpen()
     {

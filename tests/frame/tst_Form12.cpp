@@ -1,17 +1,18 @@
 #include "FakeFrameWindows.h"
 #include "app/Options.h"
 #include "frame/ui/Form12.h"
-#include "frame/ui/Form6.h"
 #include "frame/ui/Form8.h"
 #include "frame/ui/WindowDirectory.h"
 #include "frame/ui/clsSystemTray.h"
 
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
@@ -92,22 +93,31 @@ private slots:
             QVERIFY(region.contains(button->geometry()));
     }
 
-    // Every picture the windows load is shipped; the chooser's extensionless name is not.
+    // Every picture named in the program's sources is shipped; the chooser's extensionless
+    // name is not, deliberately.
     void shippedPictures()
     {
         const platform::AppFolder app(shippedResources());
-        QStringList names = {"conarrows.JPG",     "minimizeoff.jpg",       "minimizeon.jpg",
-                             "mainform1.jpg",     "scene0boton1form1.jpg", "scene1boton2form1.jpg",
-                             "BotonExceloff.jpg", "BotonExcelon.jpg",      "bool2.jpg",
-                             "bool3.jpg",         "mainform3.jpg",         "form3Bot2off.jpg",
-                             "form3bot3off.jpg",  "form3Bot3on.jpg",       "form3bot1hit.jpg",
-                             "mainform4.jpg",     "form4bot1on.jpg",       "mainform5.jpg",
-                             "mainform7.jpg",     "form7bot1off.jpg",      "form7bot1on.jpg"};
+        QStringList names;
+        // "\\bitmap\\name" as the sources spell it.
+        const QRegularExpression named(QStringLiteral("\"(\\\\\\\\bitmap\\\\\\\\[^\"%]+)\""),
+                                       QRegularExpression::CaseInsensitiveOption);
+        QDirIterator sources(qEnvironmentVariable("NUBO_SOURCE_DIR") + QStringLiteral("/src"),
+                             {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        while (sources.hasNext()) {
+            QFile file(sources.next());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            for (const auto& m : named.globalMatch(QString::fromUtf8(file.readAll())))
+                names << m.captured(1).replace(QStringLiteral("\\\\"), QStringLiteral("\\"));
+        }
+        QVERIFY(names.contains(QStringLiteral("\\bitmap\\form4bot1")));
+        names.removeAll(QStringLiteral("\\bitmap\\form4bot1"));
+        QVERIFY2(names.size() > 25, qPrintable(names.join(' ')));
         for (int button = 1; button <= 5; ++button)
             for (int frame = 0; frame <= 6; ++frame)
-                names << QStringLiteral("scene%1boton%2.jpg").arg(frame).arg(button);
-        for (const QString& name : names)
-            QVERIFY2(!QImage(app.resolve("\\bitmap\\" + name)).isNull(), qPrintable(name));
+                names << QStringLiteral("\\bitmap\\scene%1boton%2.jpg").arg(frame).arg(button);
+        for (const QString& name : std::as_const(names))
+            QVERIFY2(!QImage(app.resolve(name)).isNull(), qPrintable(name));
         QVERIFY(!QFileInfo::exists(app.resolve(QStringLiteral("\\bitmap\\form4bot1"))));
         QVERIFY(!QIcon(app.resolve(QStringLiteral("\\icons\\Nubologo.ico"))).isNull());
     }
@@ -211,6 +221,15 @@ private slots:
         QCOMPARE(f.windows.calls, QStringList{"show List"});
     }
 
+    // A press outside the button's circle does nothing; inside, any button presses it.
+    void onlyPressesInsideTheCircleCount()
+    {
+        Fixture f(false);
+        QTest::mouseClick(f.form.Picture[0], Qt::LeftButton, {}, QPoint(1, 1));
+        QTest::mouseClick(f.form.Picture[0], Qt::RightButton, {}, QPoint(33, 33));
+        QCOMPARE(f.windows.calls, QStringList{"show List"});
+    }
+
     void onlyCtrlCombinationsPress_data()
     {
         QTest::addColumn<int>("key");
@@ -253,35 +272,7 @@ private slots:
                  list.screen()->availableGeometry().center());
     }
 
-    void authorWindowSpeaksOfTheAuthor()
-    {
-        const platform::AppFolder app(shippedResources());
-        frame::Form6 author(app);
-        QVERIFY(author.Label2->text().contains(QStringLiteral("autor")));
-    }
-
-    void pressesOutsideTheCircleDoNothing()
-    {
-        Fixture f(false);
-        QTest::mouseClick(f.form.Picture[0], Qt::LeftButton, {}, QPoint(1, 1));
-        QTest::mouseClick(f.form.Picture[0], Qt::RightButton, {}, QPoint(33, 33));
-        QCOMPARE(f.windows.calls, QStringList{"show List"});
-    }
-
-    void minimize()
-    {
-        Fixture f(false);
-        f.form.show();
-        f.form.picMinimizeMouseDown(QPointF(20, 10));
-        QVERIFY(!f.form.isMinimized());
-        f.form.picMinimizeMouseDown(QPointF(18, 10));
-        QVERIFY(f.form.isMinimized());
-        f.area.handler(513); // a single click on the icon restores it
-        f.area.handler(514);
-        QVERIFY(!f.form.isMinimized());
-    }
-
-    void trayIconAndMenu()
+    void minimizeAndTheTrayIcon()
     {
         Fixture f(false);
         QCOMPARE(f.area.messages.constFirst(), frame::NotifyMessage::Add);
@@ -291,6 +282,14 @@ private slots:
         QVERIFY(menu.menu->isVisible());
         f.area.handler(513);
         QVERIFY(!menu.menu->isVisible());
+        f.form.show();
+        f.form.picMinimizeMouseDown(QPointF(20, 10));
+        QVERIFY(!f.form.isMinimized());
+        f.form.picMinimizeMouseDown(QPointF(18, 10));
+        QVERIFY(f.form.isMinimized());
+        f.area.handler(513); // a single click on the icon restores it
+        f.area.handler(514);
+        QVERIFY(!f.form.isMinimized());
     }
 };
 

@@ -22,11 +22,10 @@ private slots:
     void tipField()
     {
         QFETCH(QString, text);
-        QFETCH(QString, shown);
         TrayRecord record;
         record.setTip(text);
         QCOMPARE(record.tipField().size(), 64);
-        QCOMPARE(record.shownTip(), shown);
+        QTEST(record.shownTip(), "shown");
     }
 
     void shortTipIsTerminatedAndPadded()

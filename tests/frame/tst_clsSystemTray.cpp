@@ -46,8 +46,7 @@ private slots:
     void activationReasons()
     {
         QFETCH(int, reason);
-        QFETCH(QList<int>, messages);
-        QCOMPARE(trayMessagesFor(QSystemTrayIcon::ActivationReason(reason)), messages);
+        QTEST(trayMessagesFor(QSystemTrayIcon::ActivationReason(reason)), "messages");
     }
 
     void menuEntriesReachTheWindows()

@@ -25,37 +25,24 @@ private slots:
                   {}};
     }
 
-    void defaultApplicationsTakePrecedence()
+    // A listed default beats MimeType= lines (a missing entry is passed over); the user's list
+    // beats the system's, and a desktop-specific list beats both.
+    void defaultListsInTheirOrder()
     {
         app("share2/applications/vlc.desktop", "vlc", "MimeType=audio/mpeg;\n");
         app("share2/applications/audacious.desktop", "audacious");
-        write("share2/applications/mimeapps.list",
+        app("local/applications/qmmp.desktop", "qmmp");
+        write("etc/mimeapps.list",
               "[Default Applications]\naudio/mpeg=missing.desktop;audacious.desktop;\n");
         QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("audacious.desktop"));
-    }
-
-    void userListOverridesSystemList()
-    {
-        app("share1/applications/vlc.desktop", "vlc");
-        app("share1/applications/qmmp.desktop", "qmmp");
-        write("etc/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
         write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=qmmp.desktop;\n");
+        write("config/kde-mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
         QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("qmmp.desktop"));
-    }
-
-    void desktopSpecificListComesFirst()
-    {
-        app("local/applications/vlc.desktop", "vlc");
-        app("local/applications/smplayer.desktop", "smplayer");
-        write("config/mimeapps.list", "[Default Applications]\naudio/mpeg=vlc.desktop\n");
-        write("config/kde-mimeapps.list", "[Default Applications]\naudio/mpeg=smplayer.desktop\n");
-        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
         m_dirs.desktops = {QStringLiteral("kde")};
-        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("smplayer.desktop"));
+        QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("vlc.desktop"));
     }
 
-    void fallsBackToMimeTypeLines()
+    void fallsBackToMimeTypeLinesOrNothing()
     {
         app("share2/applications/deadbeef.desktop", "deadbeef",
             "MimeType=audio/mpeg;audio/x-wav;\n");
@@ -65,6 +52,13 @@ private slots:
         // A user's copy of an entry shadows the system one, even when it lists other types.
         app("local/applications/deadbeef.desktop", "deadbeef", "MimeType=audio/flac;\n");
         QCOMPARE(defaultFor("audio/mpeg"), QString());
+        // Links are not applications; octet-stream is "nothing known", never a fallback.
+        app("share1/applications/hex.desktop", "hex", "MimeType=application/octet-stream;\n");
+        write("share1/applications/broken.desktop",
+              "[Desktop Entry]\nType=Link\nURL=x\nMimeType=audio/mpeg;\n");
+        QCOMPARE(defaultFor("audio/mpeg"), QString());
+        QCOMPARE(defaultFor("application/octet-stream"), QString());
+        QCOMPARE(defaultFor("application/x-zip"), QString());
     }
 
     void removedAssociationsAreSkipped()
@@ -92,16 +86,6 @@ private slots:
         app("share1/applications/mp3.desktop", "mp3player", "MimeType=audio/x-mp3;\n");
         QCOMPARE(defaultFor("text/x-csrc"), QStringLiteral("editor.desktop"));
         QCOMPARE(defaultFor("audio/mpeg"), QStringLiteral("mp3.desktop"));
-    }
-
-    void noAssociation()
-    {
-        app("share1/applications/hex.desktop", "hex", "MimeType=application/octet-stream;\n");
-        write("share1/applications/broken.desktop",
-              "[Desktop Entry]\nType=Link\nURL=x\nMimeType=audio/mpeg;\n");
-        QCOMPARE(defaultFor("audio/mpeg"), QString());
-        QCOMPARE(defaultFor("application/octet-stream"), QString());
-        QCOMPARE(defaultFor("application/x-zip"), QString()); // no fallback to "nothing known"
     }
 
     void chooserListsShownApplications()
@@ -173,9 +157,8 @@ private slots:
     void enqueueCommand()
     {
         QFETCH(QStringList, exec);
-        QFETCH(QStringList, expected);
         const auto command = exec::enqueueCommand(exec, QStringLiteral("/a b.mp3"));
-        QCOMPARE(command.value_or(QStringList()), expected);
+        QTEST(command.value_or(QStringList()), "expected");
     }
 
 private:

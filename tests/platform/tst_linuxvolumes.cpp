@@ -21,9 +21,8 @@ private slots:
     void serialsFromUuids()
     {
         QFETCH(QString, uuid);
-        QFETCH(qint64, serial);
         const std::optional<quint32> got = LinuxVolumes::serialFromUuid(uuid);
-        QCOMPARE(got ? qint64(*got) : qint64(-1), serial);
+        QTEST(got ? qint64(*got) : qint64(-1), "serial");
     }
 
     void aFolderHasItsVolumesDetailsAndSpace()

@@ -37,11 +37,9 @@ private slots:
         QFETCH(QString, locale);
         QFETCH(quint64, total);
         QFETCH(quint64, free);
-        QFETCH(QString, totalText);
-        QFETCH(QString, freeText);
         const auto captions = driveSpaceCaptions(total, free, QLocale(locale));
-        QCOMPARE(captions.total, totalText);
-        QCOMPARE(captions.free, freeText);
+        QTEST(captions.total, "totalText");
+        QTEST(captions.free, "freeText");
     }
 };
 

@@ -82,16 +82,6 @@ private slots:
         QVERIFY(rig.list.catalogue.list().count() < 3);
     }
 
-    void escapeStopsTheSearch()
-    {
-        Rig rig;
-        QTimer::singleShot(0, &rig.list.form,
-                           [&] { QTest::keyClick(&rig.list.form, Qt::Key_Escape); });
-        rig.list.form.Command1->click();
-        QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
-        QVERIFY(!rig.list.form.mnuFindFiles->isVisible());
-    }
-
     void aDroppedFolderIsSearchedWithTheAnsweredMask()
     {
         Rig rig;
