@@ -37,6 +37,7 @@ QString StartupSequence::missingFilesText(const RuntimeError& error)
 StartupSequence::Outcome StartupSequence::run(IStartupView& view)
 {
     const platform::AppFolder& app = m_deps.app;
+    const bool hadOptions = QFileInfo::exists(app.resolve(QStringLiteral("\\ini\\Config.nbo")));
     m_deps.store.LeerOpciones();
     if (!m_deps.options.isOn(Option::MInstances) &&
         m_deps.platform.instances->anotherInstanceRunning())
@@ -56,6 +57,9 @@ StartupSequence::Outcome StartupSequence::run(IStartupView& view)
     folders.createFolders();
     folders.moveLooseFiles();
     m_deps.store.PrepararCarpetas();
+    // A first start reads the defaults file it has just written, so it runs with them.
+    if (!hadOptions)
+        m_deps.store.LeerOpciones();
     view.loadButtonFaces();
     view.letEventsRun();
 

@@ -112,6 +112,11 @@ private slots:
         QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor", "tray", "skinbox", "skin",
                                             "fit", "region"}));
         QVERIFY(f.dialogs.asked.isEmpty());
+        // It runs with the defaults it wrote, up to the show-properties key they lack.
+        for (const Option option :
+             {Option::DblClkExecute, Option::PermitirAnims, Option::EscribirLog})
+            QCOMPARE(f.options.value(option), 1);
+        QCOMPARE(f.options.value(Option::MostrarPro), 0);
         const auto& values = f.registry->keys.value(kKey);
         QCOMPARE(values.value(QStringLiteral("Hwnd")), QByteArray("1312"));
         QCOMPARE(values.value(QStringLiteral("Minstances")), QByteArray(1, '\0'));
