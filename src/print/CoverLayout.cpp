@@ -21,6 +21,8 @@ constexpr double kSmallestNamePt = 4.5;
 constexpr double kLargestHeaderPt = 11.0;
 // A whole column shrinks no further than this for the sake of one long name.
 constexpr double kReadablePt = 3.0;
+// Opens every line after a name's first, so a broken name cannot be read as the next one.
+const QString kContinuationIndent = QStringLiteral("\u2002\u2002");
 
 double lineHeightMm(double pointSize)
 {
@@ -67,8 +69,8 @@ Grid gridFor(const QList<QStringList>& columns)
     return grid;
 }
 
-// The words of text in lines no wider than width at pointSize, or nothing when one word
-// alone is wider.
+// The words of text in lines no wider than width at pointSize, every line after the first
+// indented; nothing when a word alone (indented, past the first line) is wider.
 QStringList wrappedLines(const QString& text, double pointSize, double width,
                          const ITextMeasure& measure)
 {
@@ -79,8 +81,12 @@ QStringList wrappedLines(const QString& text, double pointSize, double width,
         const QString longer = lines.isEmpty() ? word : lines.last() + QLatin1Char(' ') + word;
         if (!lines.isEmpty() && measure.widthMm(longer, pointSize, false) <= width)
             lines.last() = longer;
-        else
+        else if (lines.isEmpty())
             lines << word;
+        else if (measure.widthMm(kContinuationIndent + word, pointSize, false) <= width)
+            lines << kContinuationIndent + word;
+        else
+            return {};
     }
     return lines;
 }
