@@ -43,8 +43,28 @@ bool Composition::start()
     connectSearch();
     connectPrint();
     connectCatalogueFiles();
+    listenForLaterStarts();
     m_mainWindow.show();
     return true;
+}
+
+QString Composition::channelName()
+{
+    return InstanceChannel::nameFor(
+        QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath());
+}
+
+// A later start ends at once, silently; this instance comes forward in its place, with the
+// catalogue the later start was given.
+void Composition::listenForLaterStarts()
+{
+    m_channel = std::make_unique<InstanceChannel>(channelName());
+    QObject::connect(m_channel.get(), &InstanceChannel::requested, &m_mainWindow,
+                     [this](const QString& catalogue) {
+                         m_mainWindow.bringToFront();
+                         if (!catalogue.isEmpty())
+                             openAtStart(catalogue);
+                     });
 }
 
 void Composition::openAtStart(const QString& path)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ActivityLog.h"
+#include "app/InstanceChannel.h"
 #include "app/Options.h"
 #include "app/OptionsStore.h"
 #include "catalogue/ui/ListWindow.h"
@@ -37,6 +38,8 @@ public:
     bool start();
     // The catalogue named on the command line, for the list to load as "&Desde Archivo" does.
     void openAtStart(const QString& path);
+    // Where a later start of this executable finds the running one.
+    static QString channelName();
 
 private:
     void connectFrame();
@@ -46,6 +49,7 @@ private:
     void endProgram();
     void connectPrint();
     void connectCatalogueFiles();
+    void listenForLaterStarts();
     // The sheet configuration window, created on first use (the tray icon takes its icon).
     database::Form7& sheetWindow();
 
@@ -74,6 +78,7 @@ private:
     std::unique_ptr<database::ListWindowFileView> m_fileView;
     std::unique_ptr<database::CatalogueFileFlow> m_files;
     std::unique_ptr<database::Form7> m_sheetWindow;
+    std::unique_ptr<InstanceChannel> m_channel;
 };
 
 } // namespace nubo::app

@@ -4,6 +4,7 @@
 #include "platform/AppFolderLocation.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTranslator>
 
@@ -47,10 +48,16 @@ int main(int argc, char** argv)
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&qtTexts);
     nubo::app::Composition program(nubo::platform::AppFolderLocation::ofRunningProgram().prepare());
-    if (!program.start())
-        return 0;
     // "Abrir con Nubo" and the menu entry's %f pass one catalogue file.
-    if (application.arguments().size() > 1)
-        program.openAtStart(application.arguments().at(1));
+    const QString catalogue = application.arguments().size() > 1
+                                  ? QFileInfo(application.arguments().at(1)).absoluteFilePath()
+                                  : QString();
+    if (!program.start()) {
+        // A later start ends at once; the running instance comes forward and opens the file.
+        nubo::app::InstanceChannel::send(nubo::app::Composition::channelName(), catalogue);
+        return 0;
+    }
+    if (!catalogue.isEmpty())
+        program.openAtStart(catalogue);
     return application.exec();
 }

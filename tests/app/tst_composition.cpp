@@ -1,7 +1,9 @@
 // The running program put together, over a copy of the shipped pictures.
 #include "app/Composition.h"
+#include "app/InstanceChannel.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/Form1.h"
+#include "database/CatalogueFiles.h"
 #include "frame/ui/Form12.h"
 #include "search/ui/Form3.h"
 
@@ -155,6 +157,27 @@ private slots:
         QVERIFY(
             (sheet->frameGeometry().center() - list->frameGeometry().center()).manhattanLength() <=
             8); // the frame is not known before the first show
+    }
+
+    // A later start's request brings the hidden window back and opens the catalogue it names.
+    void aLaterStartBringsTheWindowBack()
+    {
+        QTemporaryDir dir;
+        const auto program = started(dir);
+        QVERIFY(program);
+        const QString catalogue = dir.filePath(QStringLiteral("discos.mdb"));
+        const database::CatalogueRowSource rows{
+            2, [](qsizetype i) {
+                return database::CatalogueRecord{QStringLiteral("tema%1").arg(i), "/", "A", "MP3"};
+            }};
+        QVERIFY(database::saveCatalogue(catalogue, {}, rows).ok);
+        auto* main = window<frame::Form12>("Form12");
+        main->hide();
+        QVERIFY(app::InstanceChannel::send(app::Composition::channelName(), catalogue));
+        QTRY_VERIFY(main->isVisible());
+        auto* list = window<catalogue::Form1>("Form1");
+        QTRY_COMPARE(list->ListView1->model()->rowCount(), 2);
+        QVERIFY(list->isVisible());
     }
 
     // Where no notification area could show the icon (offscreen here), the window manager's

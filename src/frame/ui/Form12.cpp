@@ -204,6 +204,13 @@ void Form12::SystemTray_LButtonUp()
 }
 
 // A minimized or hidden main window comes back; a window already shown stays as it is.
+void Form12::bringToFront()
+{
+    restoreFromTray();
+    raise();
+    activateWindow();
+}
+
 void Form12::restoreFromTray()
 {
     if (isVisible() && !(windowState() & Qt::WindowMinimized))

@@ -56,6 +56,9 @@ public:
     // A button's window was closed elsewhere: its face steps back to idle.
     void playClosingFrames(int button);
 
+    // Shows the window where it was (restored from the tray or from minimized) and raises it.
+    void bringToFront();
+
     void AddIcon();
     void SystemTray_LButtonDblClk();
     void SystemTray_LButtonUp();
