@@ -131,7 +131,8 @@ QWidget* QtDialogs::owner()
         m_lastOwner = active;
     else if (!m_lastOwner || !m_lastOwner->isVisible())
         m_lastOwner = m_parent;
-    return m_lastOwner.data();
+    // A window not on screen yet (start-up's messages) would put the dialog in its corner.
+    return m_lastOwner && m_lastOwner->isVisible() ? m_lastOwner.data() : nullptr;
 }
 
 std::optional<quint32> QtDialogs::chooseColor(quint32 initial)
