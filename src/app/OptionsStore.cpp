@@ -84,7 +84,7 @@ void OptionsStore::PrepararCarpetas()
         if (log.open(QIODevice::WriteOnly))
             log.close();
     }
-    if (!QFileInfo::exists(m_app.resolve(QStringLiteral("\\Ini\\Config.nbo"))))
+    if (!QFileInfo::exists(profile().path()))
         OpcionesPredeterminadas();
 }
 

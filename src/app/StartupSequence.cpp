@@ -37,7 +37,7 @@ QString StartupSequence::missingFilesText(const RuntimeError& error)
 StartupSequence::Outcome StartupSequence::run(IStartupView& view)
 {
     const platform::AppFolder& app = m_deps.app;
-    const bool hadOptions = QFileInfo::exists(app.resolve(QStringLiteral("\\ini\\Config.nbo")));
+    const bool hadOptions = QFileInfo::exists(m_deps.store.profile().path());
     m_deps.store.LeerOpciones();
     if (!m_deps.options.isOn(Option::MInstances) &&
         m_deps.platform.instances->anotherInstanceRunning())

@@ -74,19 +74,19 @@ Grid gridFor(const QList<QStringList>& columns)
 QStringList wrappedLines(const QString& text, double pointSize, double width,
                          const ITextMeasure& measure)
 {
+    const auto fits = [&](const QString& line) {
+        return measure.widthMm(line, pointSize, false) <= width;
+    };
     QStringList lines;
     for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        if (measure.widthMm(word, pointSize, false) > width)
+        if (!lines.isEmpty() && fits(lines.last() + QLatin1Char(' ') + word)) {
+            lines.last() += QLatin1Char(' ') + word;
+            continue;
+        }
+        const QString line = lines.isEmpty() ? word : kContinuationIndent + word;
+        if (!fits(line))
             return {};
-        const QString longer = lines.isEmpty() ? word : lines.last() + QLatin1Char(' ') + word;
-        if (!lines.isEmpty() && measure.widthMm(longer, pointSize, false) <= width)
-            lines.last() = longer;
-        else if (lines.isEmpty())
-            lines << word;
-        else if (measure.widthMm(kContinuationIndent + word, pointSize, false) <= width)
-            lines << kContinuationIndent + word;
-        else
-            return {};
+        lines << line;
     }
     return lines;
 }

@@ -203,7 +203,6 @@ void Form12::SystemTray_LButtonUp()
     restoreFromTray();
 }
 
-// A minimized or hidden main window comes back; a window already shown stays as it is.
 void Form12::bringToFront()
 {
     restoreFromTray();
@@ -211,6 +210,7 @@ void Form12::bringToFront()
     activateWindow();
 }
 
+// A minimized or hidden main window comes back; a window already shown stays as it is.
 void Form12::restoreFromTray()
 {
     if (isVisible() && !(windowState() & Qt::WindowMinimized))
