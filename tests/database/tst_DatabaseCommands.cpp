@@ -56,11 +56,7 @@ private slots:
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("status");
         QTest::newRow("show without file") << QStringList{"show"} << 1;
-        QTest::newRow("unknown extension") << QStringList{"show", "lista.csv"} << 1;
-        QTest::newRow("convert to csv") << QStringList{"convert", "a.xls", "b.csv"} << 1;
         QTest::newRow("missing file") << QStringList{"show", "/nonexistent/a.xls"} << 2;
-        QTest::newRow("missing database")
-            << QStringList{"convert", "/nonexistent/a.mdb", "b.xls"} << 2;
     }
     void mistakes()
     {

@@ -48,14 +48,10 @@ private slots:
         QTest::addColumn<QString>("replace");
         QTest::addColumn<QString>("with");
         QTest::newRow("no section") << "[HOJA]" << QStringLiteral("[OTRA]");
-        QTest::newRow("colour") << "COLORLINEA=C00001" << QStringLiteral("COLORLINEA=rojo");
         QTest::newRow("colour too wide")
             << "COLORRELLENO=12AB34" << QStringLiteral("COLORRELLENO=12AB345");
-        QTest::newRow("flag") << "NEGRITA=1" << QStringLiteral("NEGRITA=si");
         QTest::newRow("size") << "TAMANO=12.5" << QStringLiteral("TAMANO=0");
-        QTest::newRow("number") << "GROSORLINEA=-4138" << QStringLiteral("GROSORLINEA=");
         QTest::newRow("missing key") << "FUENTE=DejaVu Serif\n" << QString();
-        QTest::newRow("binary") << "NOMBRE" << QString(QChar(0));
     }
     void damagedFilesGiveTheInitialSettings()
     {
