@@ -3,7 +3,6 @@
 #include "database/DatabaseReader.h"
 #include "database/DatabaseWriter.h"
 
-#include <QBuffer>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -100,20 +99,6 @@ private slots:
         QCOMPARE(version.out.trimmed(), QByteArray("JET4"));
         QCOMPARE(runTool(QStringLiteral("mdb-export"), {path, QStringLiteral("Catalogo")}).out,
                  exportedCsv(rows));
-    }
-
-    void refusesWhatDoesNotFit()
-    {
-        QBuffer buffer;
-        buffer.open(QIODevice::ReadWrite);
-        DatabaseWriter writer;
-        QVERIFY(writer.begin(&buffer, defaultCatalogueHeader()));
-        QVERIFY(writer.addRow({QString(255, QLatin1Char('a')), {}, {}, {}}));
-        QVERIFY(!writer.addRow({{}, QString(256, QLatin1Char('a')), {}, {}}));
-        QVERIFY(writer.errorString().contains(QStringLiteral("DIRECCION")));
-        CatalogueHeader twice = defaultCatalogueHeader();
-        twice[3] = QStringLiteral("nombre");
-        QVERIFY(!writer.begin(&buffer, twice));
     }
 
     void fixturesOpen_data()
