@@ -48,20 +48,6 @@ private slots:
         QVERIFY(!missing.writeString("OPCIONES", "A", "1"));
         QVERIFY(!QFile::exists(missing.path()));
     }
-
-    void survivesBinaryJunk()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("c.ini"));
-        QByteArray junk(2048, '\0');
-        for (int i = 0; i < junk.size(); ++i)
-            junk[i] = char((i * 131) % 256);
-        QVERIFY(nubo::test::writeFile(path, junk));
-        ProfileFile file(path);
-        QCOMPARE(file.readString("OPCIONES", "A", "Default"), QStringLiteral("Default"));
-        QVERIFY(file.writeString("OPCIONES", "A", "1"));
-        QCOMPARE(file.readString("OPCIONES", "A", "Default"), QStringLiteral("1"));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestProfileFile)

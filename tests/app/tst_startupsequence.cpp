@@ -1,5 +1,4 @@
 #include "app/DisplayPlatform.h"
-#include "app/InstanceRegistration.h"
 #include "app/StartupSequence.h"
 #include "platform/fakes/FakeDialogs.h"
 #include "platform/fakes/FakeDrives.h"
@@ -124,18 +123,6 @@ private slots:
                  f.dir.filePath(QStringLiteral("nubo")).toUtf8());
     }
 
-    void looseFileAlreadyInPlaceStays()
-    {
-        Fixture f;
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("bitmap/foto.jpg")), "old"));
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("foto.jpg")), "new"));
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("otra.jpg")), "other"));
-        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("foto.jpg"))));
-        QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("bitmap/otra.jpg"))));
-        QVERIFY(!f.entries().contains(QStringLiteral("Bitmap"))); // "bitmap" serves
-    }
-
     void secondInstanceEndsBeforeAnyChange()
     {
         Fixture f;
@@ -155,29 +142,23 @@ private slots:
                  QByteArray(1, '\1'));
     }
 
+    // An installed copy keeps its folders in the user's data folder: the disc it was started
+    // from is what counts.
     void cdromStartIsRefused()
     {
         Fixture f;
-        f.drives->add(f.dir.path(), DriveType::CdRom);
+        f.executable = QStringLiteral("/media/cdrom/nubo");
+        f.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
         QCOMPARE(f.run(), StartupSequence::Outcome::EndProgram);
         QCOMPARE(f.dialogs.asked.size(), 1);
         QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Permiso Denegado"));
         QCOMPARE(f.dialogs.asked[0].text,
-                 QStringLiteral("No se puede ejecutar este programa desde el CD-ROM ") +
-                     f.dir.path() +
-                     QStringLiteral(", instale el programa con el instalador o intente pasar "
-                                    "todos los archivos a una unidad de disco rígido"));
+                 QStringLiteral("No se puede ejecutar este programa desde el CD-ROM /media/cdrom, "
+                                "instale el programa con el instalador o intente pasar todos los "
+                                "archivos a una unidad de disco rígido"));
         QCOMPARE(f.dialogs.asked[0].buttons, MessageButtons::Ok);
         QCOMPARE(f.dialogs.asked[0].icon, MessageIcon::None);
         QVERIFY(f.registry->keys.isEmpty());
-
-        // An installed copy keeps its folders in the user's data folder: the disc it was
-        // started from is what counts.
-        Fixture installed;
-        installed.executable = QStringLiteral("/media/cdrom/nubo");
-        installed.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
-        QCOMPARE(installed.run(), StartupSequence::Outcome::EndProgram);
-        QVERIFY(installed.dialogs.asked[0].text.contains(QStringLiteral("CD-ROM /media/cdrom, ")));
     }
 
     void missingCursorReportsFileNotFound()
@@ -209,23 +190,6 @@ private slots:
         QCOMPARE(f.dialogs.asked[0].text,
                  QStringLiteral("Ha ocurrido el Error : 481: Imagen no válida"));
         QVERIFY(!f.view.steps.contains(QStringLiteral("skin")));
-    }
-
-    void registryCreationFailureIsLogged()
-    {
-        Fixture f;
-        f.registry->failCreate = true;
-        QDir(f.dir.path()).mkpath(QStringLiteral("Log"));
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
-                                      savedConfig("0")));
-        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QVERIFY(f.logText().startsWith("No se ha podido crear la clave Nubo15 "));
-    }
-
-    void handleKeepsFourCharacters()
-    {
-        QCOMPARE(InstanceRegistration::handleBytes(1312458), QByteArray("1312"));
-        QCOMPARE(InstanceRegistration::handleBytes(42), QByteArray("42\0\0", 4));
     }
 
     // A Wayland session with XWayland runs on X11; a platform the user chose is kept.

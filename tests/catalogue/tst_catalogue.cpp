@@ -33,7 +33,8 @@ class TestCatalogue final : public QObject
 {
     Q_OBJECT
 private slots:
-    // Missing files and folders are dropped without a word; files go to the top.
+    // Missing files and folders are dropped without a word; deleting from or emptying the empty
+    // list is refused; files go to the top.
     void addsExistingFilesAtTheTop()
     {
         CatalogueFixture f;
@@ -44,6 +45,14 @@ private slots:
         QCOMPARE(f.catalogue.list().count(), 0);
         QCOMPARE(countLine.count(), 0);
         QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
+        f.catalogue.DeleteSelectedRows(); // refused on an empty list
+        QCOMPARE(f.catalogue.info().text(),
+                 QStringLiteral("ADVERTENCIA: No se pueden eliminar archivos de una lista vacia!"));
+        QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
+        QCOMPARE(f.catalogue.info().timer().interval(), 10000);
+        QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
+        f.catalogue.EmptyList(); // its text is checked on the window
+        QVERIFY(f.dialogs.asked.isEmpty());
         f.catalogue.setGroupName(QStringLiteral("Rock"));
         QString path = f.file(QStringLiteral("Musica/tema.mp3"));
         f.catalogue.AddFileToList(path);
@@ -90,19 +99,6 @@ private slots:
         QCOMPARE(f.catalogue.info().colour(), 0x0000FFu);
         QCOMPARE(f.catalogue.info().timer().interval(), 5000);
         QTEST(f.catalogue.countLine(), "countLine");
-    }
-
-    void refusesOnAnEmptyList()
-    {
-        CatalogueFixture f;
-        f.catalogue.DeleteSelectedRows();
-        QCOMPARE(f.catalogue.info().text(),
-                 QStringLiteral("ADVERTENCIA: No se pueden eliminar archivos de una lista vacia!"));
-        QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
-        QCOMPARE(f.catalogue.info().timer().interval(), 10000);
-        QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
-        f.catalogue.EmptyList(); // its text is checked on the window
-        QVERIFY(f.dialogs.asked.isEmpty());
     }
 
     void emptyListFollowsTheAnswer_data()

@@ -169,30 +169,6 @@ private slots:
                                                     "VERDADERO", "etiqueta"}));
     }
 
-    // Every cut of a stream gives a problem or the cells before the cut, never a bad read.
-    void everyCutIsSafe()
-    {
-        QByteArray sst;
-        BiffSharedStrings strings;
-        for (int i = 0; i < 40; ++i)
-            strings.add(QString(300, QChar(0x3042 + i)));
-        strings.appendRecords(sst);
-        QByteArray cells;
-        for (quint16 i = 0; i < 40; ++i) {
-            record(cells, 0x00FD, [&](ByteSink& s) {
-                cellHead(s, i, 0);
-                s.u32(i);
-            });
-        }
-        const QByteArray stream = workbook(sst, cells);
-        QCOMPARE(parse(stream).rows.size(), 40);
-        for (qsizetype keep = 0; keep < stream.size(); keep += keep < 400 ? 1 : 7) {
-            const auto parsed = parseWorkbookStream(stream.left(keep));
-            if (const auto* sheet = std::get_if<BiffSheetContent>(&parsed))
-                QVERIFY(sheet->rows.size() <= 40);
-        }
-    }
-
     void olderFormatsAreNamed()
     {
         QByteArray stream;

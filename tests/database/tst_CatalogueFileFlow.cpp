@@ -359,20 +359,6 @@ private slots:
             }
         }
     }
-
-    void emptyingOffersToSave()
-    {
-        Flow f;
-        f.fill(2);
-        f.flow.save();           // no file given: the list stays unsaved
-        f.catalogue.EmptyList(); // Yes, then the save dialog is cancelled: the list stays
-        QCOMPARE(f.names().size(), 2);
-        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Guardar como"));
-        f.dialogs.fileAnswers.enqueue(f.path(QStringLiteral("vaciada")));
-        f.catalogue.EmptyList();
-        QVERIFY(f.catalogue.list().isEmpty());
-        QCOMPARE(storedNames(f.path(QStringLiteral("vaciada.mdb"))).size(), 2);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestCatalogueFileFlow)

@@ -30,7 +30,6 @@ struct Fixture : AppFixture
         return QString::fromUtf8(
             nubo::test::fileBytes(app.resolve(QStringLiteral("\\ini\\Config.nbo"))));
     }
-    qint64 logSize() const { return QFileInfo(log.path()).size(); }
 };
 
 } // namespace
@@ -52,18 +51,6 @@ private slots:
         QCOMPARE(f.options.value(Option::PermitirAnims), 1);
     }
 
-    // The boxes are the record: a change on either side shows on the other at once.
-    void boxesAreTheRecord()
-    {
-        Fixture f;
-        QVERIFY(f.form->ChkAnim->isChecked()); // read from the defaults file
-        QVERIFY(!f.form->ChkExcConfg->isChecked());
-        f.options.setValue(Option::ConfigExcel, 1);
-        QVERIFY(f.form->ChkExcConfg->isChecked());
-        f.form->ChkDblClick->click();
-        QCOMPARE(f.options.value(Option::DblClkExecute), 0);
-    }
-
     void defaultsThenSaveWriteConfigExcel()
     {
         Fixture f;
@@ -82,17 +69,6 @@ private slots:
         f.form->show();
         f.form->close(); // the window frame's close steps the face back too
         QCOMPARE(closed.size(), 2);
-    }
-
-    void untickingTheLogStopsLinesAtOnce()
-    {
-        Fixture f;
-        f.log.AnotarEnLog(QStringLiteral("antes"));
-        const qint64 before = f.logSize();
-        QVERIFY(before > 0);
-        f.form->ChkErrorLog->click();
-        f.log.AnotarEnLog(QStringLiteral("despues"));
-        QCOMPARE(f.logSize(), before);
     }
 };
 

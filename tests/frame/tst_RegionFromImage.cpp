@@ -30,7 +30,6 @@ private slots:
         QStringList single(10, QString(8, u'.'));
         single[7][5] = u'#';
         QTest::newRow("single pixel") << single << QList<QRect>{QRect(5, 7, 1, 1)};
-        QTest::newRow("all transparent") << QStringList(4, QString(6, u'.')) << QList<QRect>{};
         QTest::newRow("empty picture") << QStringList{} << QList<QRect>{};
         QTest::newRow("two runs on a row") << QStringList{"........", ".##..##.", "........"}
                                            << QList<QRect>{QRect(1, 1, 2, 1), QRect(5, 1, 2, 1)};
@@ -46,18 +45,15 @@ private slots:
             << QStringList{"........", "....####"} << QList<QRect>{};
         QTest::newRow("different opaque colours form one run")
             << QStringList{"......", ".abc..", "......"} << QList<QRect>{QRect(1, 1, 3, 1)};
+        // The top-left pixel decides: an opaque corner makes its own colour the transparent one.
+        QTest::newRow("opaque corner")
+            << QStringList{"##.#", "####"} << QList<QRect>{QRect(2, 0, 1, 1)};
     }
 
     void regions()
     {
         QFETCH(QStringList, rows);
         QTEST(regionOf(rows), "expected");
-    }
-
-    // The top-left pixel decides: an opaque corner makes its own colour the transparent one.
-    void topLeftColourIsTransparent()
-    {
-        QCOMPARE(regionOf({"##.#", "####"}), QList<QRect>{QRect(2, 0, 1, 1)});
     }
 };
 

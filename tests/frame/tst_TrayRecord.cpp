@@ -14,7 +14,6 @@ private slots:
         QTest::addColumn<QString>("shown");
         QTest::newRow("63 characters") << QString(63, u'x') << QString(63, u'x');
         QTest::newRow("64 characters are cut") << QString(64, u'y') << QString(63, u'y');
-        QTest::newRow("long") << QString(100, u'z') << QString(63, u'z');
         QTest::newRow("a cut through a character drops it")
             << QString(62, u'a') + QStringLiteral("ñ") << QString(62, u'a');
     }

@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QMenu>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace nubo::frame;
@@ -14,26 +13,6 @@ class TestSystemTray final : public QObject
 {
     Q_OBJECT
 private slots:
-    void changesBeforeAddOnlyStore()
-    {
-        FakeNotifyArea area;
-        clsSystemTray tray(area);
-        tray.setToolTipText(QStringLiteral("uno"));
-        tray.setIcon(QIcon());
-        QVERIFY(area.messages.isEmpty());
-        QCOMPARE(tray.ToolTipText(), QStringLiteral("uno"));
-
-        tray.AddIconToSystemTray();
-        QVERIFY(tray.isShown());
-        tray.setToolTipText(QStringLiteral("dos"));
-        tray.setIcon(QIcon());
-        tray.RemoveIconFromSystemTray();
-        QCOMPARE(area.messages,
-                 (QList<NotifyMessage>{NotifyMessage::Add, NotifyMessage::Modify,
-                                       NotifyMessage::Modify, NotifyMessage::Delete}));
-        QCOMPARE(area.tips.at(1), QStringLiteral("dos"));
-    }
-
     void activationReasons_data()
     {
         QTest::addColumn<int>("reason");

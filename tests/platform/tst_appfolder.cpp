@@ -56,7 +56,6 @@ private slots:
         QTest::newRow("portable") << false << true << false;
         QTest::newRow("read-only portable") << false << false << true;
         QTest::newRow("installed") << true << false << true;
-        QTest::newRow("installed, root") << true << true << true;
     }
     void choosesTheApplicationFolder()
     {

@@ -38,21 +38,6 @@ private slots:
         QCOMPARE(again.rawValue(kKey, QStringLiteral("hwnd")), QStringLiteral("hex:31,33,31,32"));
     }
 
-    void deleteRemovesOnlyThatSection()
-    {
-        QTemporaryDir dir;
-        RegistryFile store(dir.filePath(QStringLiteral("r.reg")));
-        QVERIFY(store.createKey(QStringLiteral("HKEY_CURRENT_USER\\Other")));
-        QVERIFY(store.createKey(kKey));
-        QVERIFY(store.setBinaryValue(kKey, QStringLiteral("Hwnd"), QByteArray("1")));
-        QVERIFY(store.deleteKey(kKey));
-        QVERIFY(!store.deleteKey(kKey));
-        QVERIFY(!store.keyExists(kKey));
-        QVERIFY(store.keyExists(QStringLiteral("HKEY_CURRENT_USER\\Other")));
-        QVERIFY(store.createKey(kKey));
-        QVERIFY(store.rawValue(kKey, QStringLiteral("Hwnd")).isEmpty());
-    }
-
     void unwritableFolderFailsCreation()
     {
         QTemporaryDir dir;

@@ -24,22 +24,18 @@ public:
     struct Message
     {
         QString text;
-        int delay = 0;
-        quint32 rgb = 0;
     };
 
     QStringList rows;
     QStringList offered;
-    QString groupName, countLine, caption, findMenuCaption, folderStrip, volume;
-    QString totalSpace, freeSpace, serial, maxLength, fileSystem, flags;
+    QString groupName, countLine, caption, folderStrip, volume;
     QList<Message> messages;
-    bool findMenuVisible = false, busy = false, stripShown = false, listShown = false;
-    int batchDepth = 0, flashStarts = 0, eventRuns = 0;
+    bool findMenuVisible = false, busy = false, listShown = false;
+    int batchDepth = 0, flashStarts = 0;
     // Whether a path names a file; by default the file system's answer.
     std::function<bool(const QString&)> isFile = [](const QString& p) {
         return QFileInfo(p).isFile();
     };
-    std::function<void()> onEvents; // runs at every event turn
     std::function<void(int)> onAdd; // runs after each accepted row, with the row count
 
     void addFileToList(const QString& path) override
@@ -57,40 +53,23 @@ public:
     {
         countLine = QStringLiteral("La lista contiene %1 archivos actualmente").arg(rows.size());
     }
-    void showInfoMessage(const QString& text, int delay, quint32 rgb) override
-    {
-        messages.append({text, delay, rgb});
-    }
+    void showInfoMessage(const QString& text, int, quint32) override { messages.append({text}); }
     void setCaption(const QString& text) override { caption = text; }
     void setFindMenuVisible(bool visible) override { findMenuVisible = visible; }
-    void setFindMenuCaption(const QString& text) override { findMenuCaption = text; }
+    void setFindMenuCaption(const QString&) override {}
     void setBusyCursor(bool on) override { busy = on; }
-    void showFolderStrip() override { stripShown = true; }
+    void showFolderStrip() override {}
     void setFolderStrip(const QString& text) override { folderStrip = text; }
     void beginFolderBatch() override { ++batchDepth; }
     void endFolderBatch() override { --batchDepth; }
-    void letEventsRun() override
-    {
-        ++eventRuns;
-        if (onEvents)
-            onEvents();
-    }
+    void letEventsRun() override {}
     void startFlash() override { ++flashStarts; }
     void showListWindow() override { listShown = true; }
-    void setDriveSpace(const QString& total, const QString& free) override
-    {
-        totalSpace = total;
-        freeSpace = free;
-    }
+    void setDriveSpace(const QString&, const QString&) override {}
     QString volumeName() const override { return volume; }
     void setVolumeName(const QString& name) override { volume = name; }
-    void setVolumeDetails(const QString& s, const QString& m, const QString& f,
-                          const QString& fl) override
+    void setVolumeDetails(const QString&, const QString&, const QString&, const QString&) override
     {
-        serial = s;
-        maxLength = m;
-        fileSystem = f;
-        flags = fl;
     }
 };
 

@@ -57,23 +57,6 @@ private slots:
         QCOMPARE(rig.host.groupName, QStringLiteral("Mi CD"));
         QVERIFY(!rig.chooser.shown);
     }
-
-    // Each door command opens the device around one command; a device that cannot be opened
-    // or a drive the list does not have is left alone, without a question.
-    void doorCommandsOpenAndCloseTheDeviceAroundOneCommand()
-    {
-        Rig rig;
-        rig.addCd("/media/cdrom");
-        rig.cdTray.EjectTray("/media/cdrom");
-        rig.tray.openable = {"/dev/sr3"};
-        rig.cdTray.EjectTray("/media/cdrom");
-        rig.cdTray.CloseTray("/media/cdrom");
-        rig.cdTray.EjectTray("z:");
-        QCOMPARE(rig.tray.log, (QStringList{"open /dev/sr3", "open /dev/sr3", "eject 1", "close 1",
-                                            "open /dev/sr3", "shut 2", "close 2", "open "}));
-        QCOMPARE(rig.cdTray.CdDeviceId, -1);
-        QVERIFY(rig.dialogs.asked.isEmpty());
-    }
 };
 
 QTEST_GUILESS_MAIN(TestCdromDrives)

@@ -48,53 +48,6 @@ private slots:
         QCOMPARE(rig.form->folderPath(), home);
     }
 
-    void hoverAndHitPictures()
-    {
-        Rig rig;
-        search::Form3& f = *rig.form;
-        f.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&f));
-        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
-        QCoreApplication::sendEvent(f.PicLista, &enter);
-        QCOMPARE(f.PicLista->pictureName(), QStringLiteral("\\bitmap\\form3Bot3on.jpg"));
-        QCOMPARE(f.PicLista->toolTip(), QStringLiteral("Cambiar a Ventana Lista"));
-        QCOMPARE(f.PicSearch->pictureName(), QStringLiteral("\\bitmap\\form3bot1off.jpg"));
-        QTest::mouseMove(&f, QPoint(300, 330));
-        QCOMPARE(f.PicLista->pictureName(), QStringLiteral("\\bitmap\\form3Bot3off.jpg"));
-        QTest::mousePress(f.PicLista, Qt::LeftButton);
-        QCOMPARE(f.PicLista->pictureName(), QStringLiteral("\\bitmap\\form3bot3hit.jpg"));
-        QVERIFY(rig.host.listShown);
-        QVERIFY(!f.isVisible());
-    }
-
-    void theSearchButtonSearchesTheChosenFolder()
-    {
-        Rig rig;
-        search::Form3& f = *rig.form;
-        f.show();
-        f.setFolderPath(rig.root.path() + "/musica");
-        QTest::mouseClick(f.Command1, Qt::LeftButton);
-        QVERIFY(!f.isVisible());
-        QCOMPARE(rig.host.rows, QStringList{rig.root.path() + "/musica/tema.mp3"});
-        QCOMPARE(rig.host.groupName, QStringLiteral("Grupo"));
-    }
-
-    void enterInTheMaskBoxChecksTheMaskAndSearches()
-    {
-        Rig rig;
-        search::Form3& f = *rig.form;
-        f.show();
-        f.Combo1->setEditText("mp3");
-        QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_Return);
-        QCOMPARE(rig.dialogs.asked.size(), 1);
-        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Extencion Invalida"));
-        QCOMPARE(f.Combo1->currentText(), QStringLiteral("*.mp3"));
-        QVERIFY(rig.host.rows.isEmpty());
-
-        QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_Return);
-        QCOMPARE(rig.host.rows.size(), 2);
-    }
-
     void controlKeysPressTheButtons()
     {
         Rig rig;

@@ -81,16 +81,6 @@ private slots:
         QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
         QVERIFY(rig.list.catalogue.list().count() < 3);
     }
-
-    void aDroppedFolderIsSearchedWithTheAnsweredMask()
-    {
-        Rig rig;
-        rig.dialogs.inputAnswers.enqueue(QStringLiteral("*.wav"));
-        emit rig.list.form.ListView1->filesDropped({rig.root.path()});
-        QCOMPARE(rig.list.catalogue.list().count(), 1);
-        QCOMPARE(rig.list.catalogue.list().row(0).formato, QStringLiteral("WAV"));
-        QCOMPARE(rig.search.form3.Combo1->currentText(), QStringLiteral("*.wav"));
-    }
 };
 
 QTEST_MAIN(TestListWindowHost)

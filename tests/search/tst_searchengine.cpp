@@ -101,7 +101,6 @@ private slots:
         QTest::addColumn<int>("rows");
         QTest::newRow("neither") << false << false << 0;
         QTest::newRow("A: only") << true << false << 5;
-        QTest::newRow("B: only") << false << true << 5;
         QTest::newRow("both") << true << true << 10;
     }
     void floppyLettersDecideHowOftenTheTreeIsWalked()
@@ -221,30 +220,6 @@ private slots:
         QCOMPARE(rig.dialogs.asked[2].text,
                  QStringLiteral("Ha ocurrido un error desconocido nro. 5"));
         QCOMPARE(rig.dialogs.asked[2].title, QStringLiteral("Error Desconocido"));
-    }
-
-    void volumeDetailsFillTheLabels()
-    {
-        Rig rig;
-        rig.volumes.detailsByPath.insert("/", {"MUSICA", 0xABCD1234u, 255, 0x1000, "vfat"});
-        rig.engine.ShowVolumeDetails("/ [MUSICA]");
-        QCOMPARE(rig.host.volume, QStringLiteral("MUSICA"));
-        QCOMPARE(rig.host.serial, QStringLiteral("-1412623820"));
-        QCOMPARE(rig.host.maxLength, QStringLiteral("255"));
-        QCOMPARE(rig.host.fileSystem, QStringLiteral("vfat"));
-        QCOMPARE(rig.host.flags, QStringLiteral("&&H1000"));
-        rig.host.volume = "sin cambio";
-        rig.engine.ShowVolumeDetails("/nada");
-        QCOMPARE(rig.host.volume, QStringLiteral("sin cambio"));
-    }
-
-    void driveSpaceIsShownForTheFoldersDrive()
-    {
-        Rig rig;
-        rig.volumes.spaceByPath.insert("/m/", {quint64(1) << 30, quint64(3) << 29});
-        rig.searchFolder("/m/sub");
-        QCOMPARE(rig.host.totalSpace, QStringLiteral("1024 Mbytes (1) Gb"));
-        QCOMPARE(rig.host.freeSpace, QStringLiteral("1536 Mbytes (1,5) Gb"));
     }
 };
 

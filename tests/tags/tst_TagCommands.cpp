@@ -33,32 +33,6 @@ private slots:
         QCOMPARE(result.err, QByteArray());
     }
 
-    void typePrintsTheTypeName()
-    {
-        const Run binary = run({"type", write("datos.zzq", QByteArray::fromHex("00ff13fe0001"))});
-        QCOMPARE(binary.status, 0);
-        QCOMPARE(binary.out, "<Archivo sin asociaci\xc3\xb3n>\n");
-    }
-
-    void errors_data()
-    {
-        QTest::addColumn<QStringList>("args");
-        QTest::addColumn<int>("status");
-        QTest::newRow("tag, missing file") << QStringList{"tag", "/nonexistent/x.mp3"} << 2;
-        QTest::newRow("type, missing file") << QStringList{"type", "/nonexistent/x.txt"} << 2;
-        QTest::newRow("tag, no file") << QStringList{"tag"} << 1;
-        QTest::newRow("type, two files") << QStringList{"type", "a", "b"} << 1;
-    }
-    void errors()
-    {
-        QFETCH(QStringList, args);
-        QFETCH(int, status);
-        const Run result = run(args);
-        QCOMPARE(result.status, status);
-        QCOMPARE(result.out, QByteArray());
-        QVERIFY(!result.err.isEmpty());
-    }
-
 private:
     struct Run
     {
