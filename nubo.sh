@@ -8,7 +8,7 @@ cd "$(dirname "$(readlink -f "$0")")"
 
 BUILD_PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev
     libgl-dev qt6-translations-l10n libgsf-1-dev libglib2.0-dev)
-TEST_PACKAGES=(clang-format mdbtools poppler-utils python3-xlrd xvfb xauth id3v2 id3tool clang libclang-rt-14-dev
+TEST_PACKAGES=(clang-format mdbtools poppler-utils python3-xlrd xvfb xauth id3v2 clang libclang-rt-14-dev
     desktop-file-utils appstream)
 PACKAGE_PACKAGES=(dpkg-dev file)
 
@@ -57,11 +57,6 @@ test)
     check_format
     cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DNUBO_SANITIZE=ON -DNUBO_WERROR=ON
     cmake --build build/asan
-    # A second, independent database reader for the tests; they skip it when npm is missing.
-    if command -v npm >/dev/null 2>&1; then
-        npm install --no-save --no-audit --no-fund --prefix build/npm mdb-reader >/dev/null 2>&1 ||
-            echo "nubo.sh: no se pudo instalar mdb-reader; sus pruebas se omiten" >&2
-    fi
     export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
     export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
