@@ -1,8 +1,8 @@
 // Adds 30,000 existing files through AddFileToList into the shown list window and prints the
 // time, once in a plain loop and once letting window events run after every file, as a search
 // does. With --grab FILE it also saves a picture of the window with its rows.
-#include "app/Options.h"
 #include "catalogue/ui/ListWindow.h"
+#include "core/Options.h"
 #include "platform/fakes/FakeDialogs.h"
 #include "platform/fakes/FakeShell.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -86,7 +86,7 @@ int main(int argc, char** argv)
     platform::PlatformServices services = platform::createLinuxPlatform();
     platform::FakeDialogs dialogs;
     platform::FakeShell shell;
-    app::Options options;
+    core::Options options;
     catalogue::ListWindow list({app, *services.drives, dialogs, shell, options});
     list.form.show();
     QCoreApplication::processEvents();

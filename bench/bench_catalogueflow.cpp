@@ -1,8 +1,8 @@
 // Saves and loads 30,000 rows through the list window's flow (shown offscreen), in each format,
 // against the bare writer and reader; and how long Escape waits to stop a running save.
-#include "app/ActivityLog.h"
-#include "app/Options.h"
 #include "catalogue/ui/ListWindow.h"
+#include "core/ActivityLog.h"
+#include "core/Options.h"
 #include "database/CatalogueFiles.h"
 #include "database/flow/CatalogueFileFlow.h"
 #include "database/ui/ListWindowFileView.h"
@@ -49,8 +49,8 @@ struct Bench
     platform::FakeDrives drives;
     platform::FakeDialogs dialogs;
     platform::FakeShell shell;
-    app::Options options;
-    app::ActivityLog log{app, [] { return false; }};
+    core::Options options;
+    core::ActivityLog log{app, [] { return false; }};
     database::SheetSettings sheet;
     catalogue::ListWindow list{{app, drives, dialogs, shell, options}};
     database::ListWindowFileView view{list.form};

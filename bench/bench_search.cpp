@@ -1,8 +1,8 @@
 // Measures the folder search against find(1) on one warm tree of 100,000 files in 5,000
 // folders, 30,000 of them matching "*.mp3": the search into the shown list window, and
 // nubo-cli scan. Usage: bench_search [FOLDER]  (a temporary folder by default).
-#include "app/Options.h"
 #include "catalogue/ui/ListWindow.h"
+#include "core/Options.h"
 #include "platform/fakes/FakeDialogs.h"
 #include "platform/fakes/FakeShell.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -79,7 +79,7 @@ qint64 searchInListWindow(const platform::PlatformServices& services, const QStr
     const platform::AppFolder app(QStringLiteral(NUBO_APP_DIR));
     platform::FakeDialogs dialogs;
     platform::FakeShell shell;
-    app::Options options;
+    core::Options options;
     catalogue::ListWindow list({app, *services.drives, dialogs, shell, options});
     search::ListWindowHost host(list.catalogue, list.form);
     search::SearchWindows search({app, host, dialogs, *services.drives, *services.volumes,

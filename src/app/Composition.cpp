@@ -17,7 +17,7 @@ using frame::FrameWindow;
 
 Composition::Composition(const QString& appFolder)
     : m_appFolder(appFolder), m_services(platform::createLinuxPlatform()),
-      m_log(m_appFolder, [this] { return m_options.isOn(Option::EscribirLog); }),
+      m_log(m_appFolder, [this] { return m_options.isOn(core::Option::EscribirLog); }),
       m_store(m_appFolder, m_options, m_log), m_sheetStore(m_appFolder),
       m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea,
                     [this] { return sheetWindow().windowIcon(); }}),

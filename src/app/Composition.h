@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/ActivityLog.h"
 #include "app/InstanceChannel.h"
-#include "app/Options.h"
-#include "app/OptionsStore.h"
 #include "catalogue/ui/ListWindow.h"
+#include "core/ActivityLog.h"
+#include "core/Options.h"
+#include "core/OptionsStore.h"
 #include "database/SheetSettings.h"
 #include "database/SheetSettingsStore.h"
 #include "database/flow/CatalogueFileFlow.h"
@@ -56,9 +56,9 @@ private:
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
     platform::QtDialogs m_dialogs;
-    Options m_options;
-    ActivityLog m_log;
-    OptionsStore m_store;
+    core::Options m_options;
+    core::ActivityLog m_log;
+    core::OptionsStore m_store;
     database::SheetSettings m_sheetSettings;
     database::SheetSettingsStore m_sheetStore;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ActivityLog.h"
+#include "core/ActivityLog.h"
 #include "platform/IRegistry.h"
 
 namespace nubo::app {
@@ -9,7 +9,7 @@ namespace nubo::app {
 class InstanceRegistration final
 {
 public:
-    InstanceRegistration(platform::IRegistry& registry, ActivityLog& log)
+    InstanceRegistration(platform::IRegistry& registry, core::ActivityLog& log)
         : m_registry(registry), m_log(log)
     {
     }
@@ -24,7 +24,7 @@ public:
 
 private:
     platform::IRegistry& m_registry;
-    ActivityLog& m_log;
+    core::ActivityLog& m_log;
 };
 
 } // namespace nubo::app

@@ -22,7 +22,7 @@ QString StartupSequence::cdromRefusalText(const QString& drive)
                           "archivos a una unidad de disco rígido");
 }
 
-QString StartupSequence::missingFilesText(const RuntimeError& error)
+QString StartupSequence::missingFilesText(const core::RuntimeError& error)
 {
     return QStringLiteral(
                "El Archivo .exe debe estar en el directorio de instalacion original, Si quiere "
@@ -34,12 +34,12 @@ QString StartupSequence::missingFilesText(const RuntimeError& error)
            QStringLiteral(" DESCRIPCION: ") + error.description;
 }
 
-StartupSequence::Outcome StartupSequence::run(IStartupView& view)
+StartupSequence::Outcome StartupSequence::run(core::IStartupView& view)
 {
     const platform::AppFolder& app = m_deps.app;
     const bool hadOptions = QFileInfo::exists(m_deps.store.profile().path());
     m_deps.store.LeerOpciones();
-    if (!m_deps.options.isOn(Option::MInstances) &&
+    if (!m_deps.options.isOn(core::Option::MInstances) &&
         m_deps.platform.instances->anotherInstanceRunning())
         return Outcome::EndProgram;
 
@@ -51,7 +51,7 @@ StartupSequence::Outcome StartupSequence::run(IStartupView& view)
     }
 
     InstanceRegistration(*m_deps.platform.registry, m_deps.log)
-        .RegistrarInstancia(view.nativeHandle(), m_deps.options.value(Option::MInstances),
+        .RegistrarInstancia(view.nativeHandle(), m_deps.options.value(core::Option::MInstances),
                             m_deps.executablePath);
     ResourceFolders folders(app);
     folders.createFolders();
@@ -79,9 +79,9 @@ QString StartupSequence::startFolder() const
     return QFileInfo(m_deps.executablePath).path();
 }
 
-bool StartupSequence::runGuardedSteps(IStartupView& view)
+bool StartupSequence::runGuardedSteps(core::IStartupView& view)
 {
-    std::optional<RuntimeError> error =
+    std::optional<core::RuntimeError> error =
         view.setCustomCursor(m_deps.app.resolve(QStringLiteral("\\cursors\\DEFAULT.CUR")));
     if (!error)
         error = view.addTrayIcon();
@@ -92,9 +92,9 @@ bool StartupSequence::runGuardedSteps(IStartupView& view)
     return !error;
 }
 
-void StartupSequence::reportError(const RuntimeError& error)
+void StartupSequence::reportError(const core::RuntimeError& error)
 {
-    if (error.number == errors::kFileNotFound) {
+    if (error.number == core::errors::kFileNotFound) {
         m_deps.dialogs.messageBox(missingFilesText(error),
                                   QStringLiteral("Error: No se encuentran los archivos!"));
         m_deps.log.AnotarEnLog(

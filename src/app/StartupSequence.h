@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/ActivityLog.h"
-#include "app/IStartupView.h"
-#include "app/Options.h"
-#include "app/OptionsStore.h"
+#include "core/ActivityLog.h"
+#include "core/IStartupView.h"
+#include "core/Options.h"
+#include "core/OptionsStore.h"
 #include "platform/AppFolder.h"
 #include "platform/IDialogs.h"
 #include "platform/PlatformServices.h"
@@ -20,9 +20,9 @@ public:
     struct Deps
     {
         const platform::AppFolder& app;
-        Options& options;
-        OptionsStore& store;
-        ActivityLog& log;
+        core::Options& options;
+        core::OptionsStore& store;
+        core::ActivityLog& log;
         platform::PlatformServices& platform;
         platform::IDialogs& dialogs;
         QString executablePath;
@@ -30,19 +30,19 @@ public:
 
     explicit StartupSequence(Deps deps) : m_deps(std::move(deps)) {}
 
-    Outcome run(IStartupView& view);
+    Outcome run(core::IStartupView& view);
 
     bool EsUnidadCDROM(const QString& drive) const;
 
     static QString cdromRefusalText(const QString& drive);
-    static QString missingFilesText(const RuntimeError& error);
+    static QString missingFilesText(const core::RuntimeError& error);
 
 private:
     // The folder the program was started from, whose drive the CD-ROM refusal tests.
     QString startFolder() const;
     // The cursor, tray icon and skin box steps: an error ends the handler after a report.
-    bool runGuardedSteps(IStartupView& view);
-    void reportError(const RuntimeError& error);
+    bool runGuardedSteps(core::IStartupView& view);
+    void reportError(const core::RuntimeError& error);
 
     Deps m_deps;
 };

@@ -1,9 +1,9 @@
 #include "catalogue/EntryOpener.h"
 
-#include "app/Options.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/Colours.h"
 #include "catalogue/EntryPathResolver.h"
+#include "core/Options.h"
 #include "platform/IShell.h"
 
 namespace nubo::catalogue {
@@ -29,7 +29,7 @@ void EntryOpener::EnqueueSelectedEntries()
 void EntryOpener::ExecuteOnDoubleClick(int focusedPosition)
 {
     const CatalogueList& list = m_catalogue.list();
-    if (!m_options.isOn(app::Option::DblClkExecute) || list.isEmpty())
+    if (!m_options.isOn(core::Option::DblClkExecute) || list.isEmpty())
         return;
     const QString path = m_resolver.ResolveEntryPath(list, focusedPosition);
     if (m_shell.open(path) != platform::IShell::Result::NoAssociation)

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace nubo::app {
+namespace nubo::core {
 class Options;
 }
 namespace nubo::platform {
@@ -17,7 +17,7 @@ class EntryOpener final
 {
 public:
     EntryOpener(Catalogue& catalogue, const EntryPathResolver& resolver, platform::IShell& shell,
-                const app::Options& options)
+                const core::Options& options)
         : m_catalogue(catalogue), m_resolver(resolver), m_shell(shell), m_options(options)
     {
     }
@@ -34,7 +34,7 @@ private:
     Catalogue& m_catalogue;
     const EntryPathResolver& m_resolver;
     platform::IShell& m_shell;
-    const app::Options& m_options;
+    const core::Options& m_options;
 };
 
 } // namespace nubo::catalogue

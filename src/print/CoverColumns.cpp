@@ -35,29 +35,29 @@ ColumnCount parseColumnCount(const QString& answer)
     bool ok = false;
     const double value = QLocale::c().toDouble(text, &ok);
     if (!ok || !std::isfinite(value))
-        return {0, app::RuntimeError::fromNumber(kTypeMismatch)};
+        return {0, core::RuntimeError::fromNumber(kTypeMismatch)};
     const double rounded = roundHalfEven(value);
     if (!fitsSixteenBits(rounded))
-        return {0, app::RuntimeError::fromNumber(kOverflow)};
+        return {0, core::RuntimeError::fromNumber(kOverflow)};
     return {static_cast<qint16>(rounded), std::nullopt};
 }
 
 NamesPerColumn namesPerColumn(int rows, qint16 n)
 {
     if (n == 0)
-        return {0, app::RuntimeError::fromNumber(kDivisionByZero)};
+        return {0, core::RuntimeError::fromNumber(kDivisionByZero)};
     const double r = roundHalfEven(static_cast<double>(rows) / n);
     if (!fitsSixteenBits(r))
-        return {0, app::RuntimeError::fromNumber(kOverflow)};
+        return {0, core::RuntimeError::fromNumber(kOverflow)};
     return {static_cast<qint16>(r), std::nullopt};
 }
 
-std::optional<app::RuntimeError> checkColumnsFit(qint16 n)
+std::optional<core::RuntimeError> checkColumnsFit(qint16 n)
 {
     if (n < 0)
-        return app::RuntimeError::fromNumber(kInvalidArgument);
+        return core::RuntimeError::fromNumber(kInvalidArgument);
     if (n > kMaxColumns)
-        return app::RuntimeError::fromNumber(kOverflow);
+        return core::RuntimeError::fromNumber(kOverflow);
     return std::nullopt;
 }
 

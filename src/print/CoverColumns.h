@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/RuntimeError.h"
+#include "core/RuntimeError.h"
 
 #include <QList>
 #include <QStringList>
@@ -17,7 +17,7 @@ inline constexpr int kMaxColumns = 20;
 struct ColumnCount
 {
     qint16 n = 0;
-    std::optional<app::RuntimeError> error;
+    std::optional<core::RuntimeError> error;
 };
 
 // Converts the typed answer: blanks around it are ignored and a fraction rounds half to even;
@@ -29,13 +29,13 @@ ColumnCount parseColumnCount(const QString& answer);
 struct NamesPerColumn
 {
     qint16 r = 0;
-    std::optional<app::RuntimeError> error;
+    std::optional<core::RuntimeError> error;
 };
 NamesPerColumn namesPerColumn(int rows, qint16 n);
 
 // The error raised for an n that converts but cannot be laid out: negative, or more columns
 // than kMaxColumns.
-std::optional<app::RuntimeError> checkColumnsFit(qint16 n);
+std::optional<core::RuntimeError> checkColumnsFit(qint16 n);
 
 // "COLUMNA1" .. "COLUMNAn".
 QStringList columnHeaders(int n);

@@ -7,7 +7,7 @@ namespace nubo::print {
 
 namespace {
 
-QString errorText(const app::RuntimeError& error)
+QString errorText(const core::RuntimeError& error)
 {
     return QStringLiteral("Ha ocurrido el Error : ") + QString::number(error.number) +
            QStringLiteral(": ") + error.description +
@@ -21,7 +21,7 @@ std::optional<CoverGrid> coverGridFor(const QString& answer, const QStringList& 
                                       QString* error)
 {
     const ColumnCount count = parseColumnCount(answer);
-    std::optional<app::RuntimeError> failure = count.error;
+    std::optional<core::RuntimeError> failure = count.error;
     NamesPerColumn perColumn;
     if (!failure) {
         // Zero fails at the division, as the count of names per column needs it.

@@ -1,6 +1,6 @@
 #include "search/DriveList.h"
 
-#include "app/RuntimeError.h"
+#include "core/RuntimeError.h"
 
 namespace nubo::search {
 
@@ -57,7 +57,7 @@ int DriveList::check(const QString& text) const
 {
     const int index = indexOf(text);
     if (index < 0 || !m_entries[index].hasMedium)
-        return app::errors::kDeviceUnavailable;
+        return core::errors::kDeviceUnavailable;
     return 0;
 }
 

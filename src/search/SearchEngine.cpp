@@ -1,6 +1,6 @@
 #include "search/SearchEngine.h"
 
-#include "app/RuntimeError.h"
+#include "core/RuntimeError.h"
 #include "search/DriveList.h"
 #include "search/DriveSpace.h"
 
@@ -28,7 +28,7 @@ void SearchEngine::StartSearch(const QString& drive)
         const int error = prepareAndRun(drive);
         if (error == 0)
             return;
-        if (error != app::errors::kDeviceUnavailable) {
+        if (error != core::errors::kDeviceUnavailable) {
             m_services.dialogs.messageBox(QStringLiteral("Ha ocurrido un error desconocido nro. ") +
                                               QString::number(error),
                                           QStringLiteral("Error Desconocido"));

@@ -11,9 +11,10 @@
 #include <QTest>
 
 #include "TestFiles.h"
-#include "app/AppFixture.h"
+#include "core/AppFixture.h"
 
 using namespace nubo::app;
+using namespace nubo::core;
 using namespace nubo::platform;
 
 namespace {

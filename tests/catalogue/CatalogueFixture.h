@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/Options.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/EntryPathResolver.h"
+#include "core/Options.h"
 #include "platform/fakes/FakeDialogs.h"
 #include "platform/fakes/FakeDrives.h"
 #include "platform/fakes/FakeShell.h"
@@ -55,7 +55,7 @@ struct CatalogueFixture
 // The catalogue with its entries' opener, the options it reads and the shell recorded.
 struct OpenerFixture : CatalogueFixture
 {
-    nubo::app::Options options;
+    nubo::core::Options options;
     nubo::platform::FakeShell shell;
     nubo::catalogue::EntryPathResolver resolver{drives};
     nubo::catalogue::EntryOpener opener{catalogue, resolver, shell, options};

@@ -100,7 +100,7 @@ private slots:
         f.opener.ExecuteOnDoubleClick(0);
         QVERIFY(f.shell.calls.isEmpty());
 
-        f.options.setValue(nubo::app::Option::DblClkExecute, 1);
+        f.options.setValue(nubo::core::Option::DblClkExecute, 1);
         f.opener.ExecuteOnDoubleClick(0);
         QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}}));
 

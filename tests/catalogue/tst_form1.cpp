@@ -95,7 +95,7 @@ private slots:
         QTest::mouseClick(viewport, Qt::RightButton, {}, QPoint(20, 20));
         QVERIFY(!f.form.mnuOpcionesLista->isVisible()); // empty list: no popup
 
-        f.options.setValue(nubo::app::Option::DblClkExecute, 1);
+        f.options.setValue(nubo::core::Option::DblClkExecute, 1);
         f.add(f.file(QStringLiteral("M/tema.mp3")));
         QTest::mouseClick(viewport, Qt::RightButton, {}, f.rowPoint(0));
         QVERIFY(f.form.mnuOpcionesLista->isVisible());
@@ -239,7 +239,7 @@ private slots:
     void selectedRowShowsItsTagDetails()
     {
         Form1Fixture f;
-        f.options.setValue(nubo::app::Option::MostrarPro, 1);
+        f.options.setValue(nubo::core::Option::MostrarPro, 1);
         QByteArray tag(128, ' ');
         tag.replace(0, 3, "TAG");
         tag.replace(3, 4, "Hola");

@@ -1,6 +1,6 @@
-#include "app/ActivityLog.h"
-#include "app/Options.h"
 #include "catalogue/Catalogue.h"
+#include "core/ActivityLog.h"
+#include "core/Options.h"
 #include "database/DatabaseReader.h"
 #include "database/WorkbookReader.h"
 #include "database/flow/CatalogueFileFlow.h"
@@ -56,8 +56,8 @@ struct Flow
     platform::FakeDrives drives;
     platform::FakeDialogs dialogs;
     catalogue::Catalogue catalogue{drives, dialogs};
-    app::Options options;
-    app::ActivityLog log{app, [] { return true; }};
+    core::Options options;
+    core::ActivityLog log{app, [] { return true; }};
     database::SheetSettings sheet;
     FakeView view;
     database::CatalogueFileFlow flow{{catalogue, view, dialogs, log, options, sheet}};
@@ -244,7 +244,7 @@ private slots:
         Flow f;
         f.fill(2);
         const auto saved = [&f](bool on, quint32 fill) {
-            f.options.setValue(app::Option::ConfigExcel, on ? 1 : 0);
+            f.options.setValue(core::Option::ConfigExcel, on ? 1 : 0);
             f.sheet.style.fillColor = fill;
             const QString path = f.path(QStringLiteral("s.xls"));
             f.flow.SaveByExtension(path);

@@ -3,7 +3,7 @@
 #include "database/CatalogueFiles.h"
 #include "database/cli/DatabaseCommands.h"
 
-#include "app/cli/Cli.h"
+#include "core/cli/Cli.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

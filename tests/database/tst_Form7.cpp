@@ -11,7 +11,7 @@
 #include <array>
 
 #include "TestFiles.h"
-#include "app/AppFixture.h"
+#include "core/AppFixture.h"
 
 using namespace nubo;
 using database::Form7;

@@ -1,5 +1,5 @@
-#include "app/ActivityLog.h"
 #include "catalogue/ui/CatalogueView.h"
+#include "core/ActivityLog.h"
 #include "database/flow/CatalogueFileFlow.h"
 #include "database/ui/ListWindowFileView.h"
 
@@ -19,7 +19,7 @@ private slots:
     void escapeStopsASaveAndRestoresTheWindow()
     {
         Form1Fixture f;
-        app::ActivityLog log{f.app, [] { return false; }};
+        core::ActivityLog log{f.app, [] { return false; }};
         database::SheetSettings sheet;
         database::ListWindowFileView view{f.form};
         database::CatalogueFileFlow flow{{f.catalogue, view, f.dialogs, log, f.options, sheet}};

@@ -1,5 +1,5 @@
 #include "FakeFrameWindows.h"
-#include "app/Options.h"
+#include "core/Options.h"
 #include "frame/ui/Form12.h"
 #include "frame/ui/Form8.h"
 #include "frame/ui/WindowDirectory.h"
@@ -26,14 +26,14 @@ QString shippedResources()
 struct Fixture
 {
     platform::AppFolder app{shippedResources()};
-    app::Options options;
+    core::Options options;
     FakeFrameWindows windows;
     FakeNotifyArea area;
     Form12 form{{app, options, windows, &area}};
 
     explicit Fixture(bool animations, bool skin = true)
     {
-        options.setValue(app::Option::PermitirAnims, animations ? 1 : 0);
+        options.setValue(core::Option::PermitirAnims, animations ? 1 : 0);
         form.loadButtonFaces();
         form.addTrayIcon();
         if (skin)

@@ -7,10 +7,10 @@
 #include <QTest>
 
 #include "TestFiles.h"
-#include "app/AppFixture.h"
+#include "core/AppFixture.h"
 
 using namespace nubo;
-using app::Option;
+using core::Option;
 
 namespace {
 

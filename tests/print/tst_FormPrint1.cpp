@@ -1,8 +1,8 @@
 #include "print/cli/CoverCommand.h"
 #include "print/ui/FormPrint1.h"
 
-#include "app/cli/Cli.h"
 #include "catalogue/CatalogueList.h"
+#include "core/cli/Cli.h"
 #include "database/CatalogueFiles.h"
 #include "platform/FileDialogRules.h"
 #include "platform/fakes/FakeDialogs.h"

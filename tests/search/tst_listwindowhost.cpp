@@ -1,8 +1,8 @@
 #include "TestFiles.h"
 #include "WindowServices.h"
-#include "app/Options.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/ListWindow.h"
+#include "core/Options.h"
 #include "platform/fakes/FakeShell.h"
 #include "search/ui/ListWindowHost.h"
 #include "search/ui/SearchWindows.h"
@@ -24,7 +24,7 @@ class TestListWindowHost final : public QObject
     struct Rig : test::WindowServices
     {
         platform::FakeShell shell;
-        app::Options options;
+        core::Options options;
         catalogue::ListWindow list{{app, drives, dialogs, shell, options}};
         search::ListWindowHost host{list.catalogue, list.form};
         search::SearchWindows search{{app, host, dialogs, drives, volumes, reader, tray}};

@@ -1,5 +1,5 @@
 #include "TestFiles.h"
-#include "app/cli/Cli.h"
+#include "core/cli/Cli.h"
 #include "database/CatalogueFiles.h"
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "platform/linux/LinuxDrives.h"

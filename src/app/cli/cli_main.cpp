@@ -1,5 +1,5 @@
 // nubo-cli: the command-line front end, linked with core libraries only.
-#include "app/cli/Cli.h"
+#include "core/cli/Cli.h"
 #include "database/cli/DatabaseCommands.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Terminal.h"

@@ -21,7 +21,7 @@ class QProgressBar;
 class QPushButton;
 class QTimer;
 
-namespace nubo::app {
+namespace nubo::core {
 class Options;
 }
 
@@ -42,7 +42,7 @@ struct Form1Services
     EntryOpener& opener;
     const RowDetails& details;
     DropHandler& drops;
-    const app::Options& options;
+    const core::Options& options;
 };
 
 // The list window: the catalogue rows with their menus, keys, modes, dropped files and the
@@ -173,7 +173,7 @@ private:
     EntryOpener& m_opener;
     const RowDetails& m_details;
     DropHandler& m_drops;
-    const app::Options& m_options;
+    const core::Options& m_options;
     ISearchLauncher* m_search = nullptr;
     HoverPictures m_hover;
     QActionGroup* m_modes = nullptr;

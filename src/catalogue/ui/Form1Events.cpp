@@ -1,11 +1,11 @@
 // The list window's keys, pointer events, modes and timers.
-#include "app/Options.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/RowDetails.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/Form1.h"
+#include "core/Options.h"
 #include "platform/ui/PictureFile.h"
 
 #include <QAction>
@@ -233,7 +233,7 @@ void Form1::openOnDoubleClick()
 
 void Form1::showDetailsIfOn(int position)
 {
-    if (m_options.isOn(app::Option::MostrarPro) && position >= 0)
+    if (m_options.isOn(core::Option::MostrarPro) && position >= 0)
         showDetailsOf(position);
 }
 

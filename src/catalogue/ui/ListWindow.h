@@ -20,7 +20,7 @@ struct ListWindowServices
     const platform::IDrives& drives;
     platform::IDialogs& dialogs;
     platform::IShell& shell;
-    const app::Options& options;
+    const core::Options& options;
 };
 
 // The catalogue and its list window, built together for the composition root. Other

@@ -1,8 +1,8 @@
 #include "database/flow/CatalogueTransfer.h"
 
-#include "app/ActivityLog.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/Colours.h"
+#include "core/ActivityLog.h"
 #include "database/flow/ITransferView.h"
 #include "platform/IDialogs.h"
 

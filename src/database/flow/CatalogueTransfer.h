@@ -5,10 +5,10 @@
 
 #include <QObject>
 
-namespace nubo::app {
+namespace nubo::core {
 class ActivityLog;
 class Options;
-} // namespace nubo::app
+} // namespace nubo::core
 
 namespace nubo::catalogue {
 class Catalogue;
@@ -28,8 +28,8 @@ struct TransferServices
     catalogue::Catalogue& catalogue;
     ITransferView& view;
     platform::IDialogs& dialogs;
-    app::ActivityLog& log;
-    const app::Options& options;
+    core::ActivityLog& log;
+    const core::Options& options;
     SheetSettings& sheet;
 };
 

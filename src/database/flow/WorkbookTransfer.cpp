@@ -1,7 +1,7 @@
 // The workbook's save and load loops.
-#include "app/Options.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/Colours.h"
+#include "core/Options.h"
 #include "database/WorkbookReader.h"
 #include "database/WorkbookWriter.h"
 #include "database/flow/CatalogueTransfer.h"
@@ -22,7 +22,7 @@ void CatalogueTransfer::SaveListToWorkbook(const QString& path)
         return fileFailed(path);
     const int n = m_s.catalogue.list().count();
     std::optional<SheetStyle> style;
-    if (m_s.options.isOn(app::Option::ConfigExcel))
+    if (m_s.options.isOn(core::Option::ConfigExcel))
         style = m_s.sheet.style;
     WorkbookWriter writer;
     if (!writer.begin(path, {m_s.sheet.sheetName, header(), style}, n))

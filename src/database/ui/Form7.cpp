@@ -183,14 +183,14 @@ void Form7::connectControls()
 
     // The box shows the sheet-formatting option, as the options window's box does, so the two
     // always agree; a click here also saves the options.
-    ChkActivate->setChecked(m_deps.options.isOn(app::Option::ConfigExcel));
-    connect(&m_deps.options, &app::Options::changed, ChkActivate,
-            [this](app::Option option, int value) {
-                if (option == app::Option::ConfigExcel)
+    ChkActivate->setChecked(m_deps.options.isOn(core::Option::ConfigExcel));
+    connect(&m_deps.options, &core::Options::changed, ChkActivate,
+            [this](core::Option option, int value) {
+                if (option == core::Option::ConfigExcel)
                     ChkActivate->setChecked(value != 0);
             });
     connect(ChkActivate, &QCheckBox::clicked, this, [this](bool on) {
-        m_deps.options.setValue(app::Option::ConfigExcel, on ? 1 : 0);
+        m_deps.options.setValue(core::Option::ConfigExcel, on ? 1 : 0);
         m_deps.optionsStore.GuardarOpciones();
     });
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/ActivityLog.h"
-#include "app/Options.h"
-#include "app/OptionsStore.h"
+#include "core/ActivityLog.h"
+#include "core/Options.h"
+#include "core/OptionsStore.h"
 #include "database/SheetNumberField.h"
 #include "database/SheetSettings.h"
 #include "database/SheetSettingsStore.h"
@@ -33,9 +33,9 @@ public:
         SheetSettings& settings;
         const SheetSettingsStore& store;
         platform::IDialogs& dialogs;
-        app::Options& options;
-        app::OptionsStore& optionsStore;
-        app::ActivityLog& log;
+        core::Options& options;
+        core::OptionsStore& optionsStore;
+        core::ActivityLog& log;
     };
 
     // Reads the stored settings into the record and shows them.

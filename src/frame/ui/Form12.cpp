@@ -99,7 +99,7 @@ void Form12::buildControls()
 
 bool Form12::animationsOn() const
 {
-    return m_deps.options.isOn(app::Option::PermitirAnims);
+    return m_deps.options.isOn(core::Option::PermitirAnims);
 }
 
 // A missing picture leaves the old face in place.
@@ -339,25 +339,25 @@ void Form12::letEventsRun()
     QCoreApplication::processEvents();
 }
 
-std::optional<app::RuntimeError> Form12::setCustomCursor(const QString& path)
+std::optional<core::RuntimeError> Form12::setCustomCursor(const QString& path)
 {
     if (!QFileInfo(path).isFile())
-        return app::RuntimeError::fromNumber(app::errors::kFileNotFound);
+        return core::RuntimeError::fromNumber(core::errors::kFileNotFound);
     QPixmap picture;
     if (!picture.load(path, "CUR") && !picture.load(path))
-        return app::RuntimeError::fromNumber(app::errors::kInvalidPicture);
+        return core::RuntimeError::fromNumber(core::errors::kInvalidPicture);
     const QPoint hot = curHotSpot(path);
     setCursor(QCursor(picture, hot.x(), hot.y()));
     return std::nullopt;
 }
 
-std::optional<app::RuntimeError> Form12::addTrayIcon()
+std::optional<core::RuntimeError> Form12::addTrayIcon()
 {
     AddIcon();
     return std::nullopt;
 }
 
-std::optional<app::RuntimeError> Form12::prepareSkinBox()
+std::optional<core::RuntimeError> Form12::prepareSkinBox()
 {
     picMainSkin->setFrameShape(QFrame::NoFrame);
     picMainSkin->setScaledContents(false);

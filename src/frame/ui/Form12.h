@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/IStartupView.h"
-#include "app/Options.h"
+#include "core/IStartupView.h"
+#include "core/Options.h"
 #include "frame/FramePlayer.h"
 #include "frame/IFrameWindows.h"
 #include "frame/SceneCounters.h"
@@ -24,14 +24,14 @@ class clsSystemTray;
 
 // The skinned main window: the skin cut to its region, five round buttons that open and
 // close the other windows or end the program, the minimize button and the tray icon.
-class Form12 final : public QWidget, public app::IStartupView
+class Form12 final : public QWidget, public core::IStartupView
 {
     Q_OBJECT
 public:
     struct Deps
     {
         const platform::AppFolder& app;
-        const app::Options& options;
+        const core::Options& options;
         IFrameWindows& windows;
         INotifyArea* notifyArea = nullptr; // none: the program runs without the icon
         // The tray icon's picture: the sheet configuration window's icon. None: the logo file.
@@ -73,9 +73,9 @@ public:
     quint64 nativeHandle() override;
     void loadButtonFaces() override;
     void letEventsRun() override;
-    std::optional<app::RuntimeError> setCustomCursor(const QString& path) override;
-    std::optional<app::RuntimeError> addTrayIcon() override;
-    std::optional<app::RuntimeError> prepareSkinBox() override;
+    std::optional<core::RuntimeError> setCustomCursor(const QString& path) override;
+    std::optional<core::RuntimeError> addTrayIcon() override;
+    std::optional<core::RuntimeError> prepareSkinBox() override;
     void loadSkin(const QString& path) override;
     void fitToSkin() override;
     void applyRegion() override;

@@ -14,26 +14,26 @@ namespace {
 
 struct BoxText
 {
-    app::Option option;
+    core::Option option;
     const char* name;
     const char* caption;
     const char* tooltip;
 };
 
 const std::array<BoxText, 6> kBoxes = {{
-    {app::Option::DblClkExecute, "ChkDblClick", "Un doble click Ejecuta el archivo seleccionado",
+    {core::Option::DblClkExecute, "ChkDblClick", "Un doble click Ejecuta el archivo seleccionado",
      "Ejecutar cualquier archivo al hacer un doble click sobre él en la lista"},
-    {app::Option::PermitirAnims, "ChkAnim", "Pemitir Animaciones",
+    {core::Option::PermitirAnims, "ChkAnim", "Pemitir Animaciones",
      "Si se activa, las animaciones aparecen, pero el programa utiliza más recursos del "
      "sistema"},
-    {app::Option::EscribirLog, "ChkErrorLog", "Guardar errores en el archivo .log",
+    {core::Option::EscribirLog, "ChkErrorLog", "Guardar errores en el archivo .log",
      "Indica si se lleva un registro de los errores ocurridos durante el uso del programa"},
-    {app::Option::ConfigExcel, "ChkExcConfg",
+    {core::Option::ConfigExcel, "ChkExcConfg",
      "Activar modificaciones de configuracion de Hoja Excel",
      "Si se activa, al guardar la lista en Excel, se guarda con la configuracion indicada"},
-    {app::Option::MostrarPro, "Chkpro", "Mostrar propiedades del Archivo en pantalla",
+    {core::Option::MostrarPro, "Chkpro", "Mostrar propiedades del Archivo en pantalla",
      "Si es mp*, muestra el ID3 tag,sino muestra el tipo de archivo"},
-    {app::Option::MInstances, "ChkMInstances",
+    {core::Option::MInstances, "ChkMInstances",
      "Permitir ejecutar simultaneamente Nubo mas de 1 vez",
      "Permite tener simultaneamente en pantalla mas de una vez este programa"},
 }};
@@ -44,8 +44,8 @@ constexpr int kRowHeight = 34;
 
 } // namespace
 
-Form5::Form5(const platform::AppFolder& app, app::Options& options, app::OptionsStore& store,
-             app::ActivityLog& log, QWidget* parent)
+Form5::Form5(const platform::AppFolder& app, core::Options& options, core::OptionsStore& store,
+             core::ActivityLog& log, QWidget* parent)
     : QWidget(parent), m_options(options), m_store(store), m_log(log)
 {
     setObjectName(QStringLiteral("Form5"));
@@ -80,17 +80,17 @@ void Form5::buildBoxes()
         Label[i] = label;
         bind(text.option, check);
     }
-    ChkDblClick = box(app::Option::DblClkExecute);
-    ChkAnim = box(app::Option::PermitirAnims);
-    ChkErrorLog = box(app::Option::EscribirLog);
-    ChkExcConfg = box(app::Option::ConfigExcel);
-    Chkpro = box(app::Option::MostrarPro);
-    ChkMInstances = box(app::Option::MInstances);
+    ChkDblClick = box(core::Option::DblClkExecute);
+    ChkAnim = box(core::Option::PermitirAnims);
+    ChkErrorLog = box(core::Option::EscribirLog);
+    ChkExcConfg = box(core::Option::ConfigExcel);
+    Chkpro = box(core::Option::MostrarPro);
+    ChkMInstances = box(core::Option::MInstances);
     connect(ChkExcConfg, &QCheckBox::toggled, this, &Form5::ChkExcConfgClicked);
     connect(Chkpro, &QCheckBox::toggled, this, [this] { emit ChkproClicked(); });
 }
 
-QCheckBox* Form5::box(app::Option option) const
+QCheckBox* Form5::box(core::Option option) const
 {
     for (const BoxText& text : kBoxes)
         if (text.option == option)
@@ -99,13 +99,13 @@ QCheckBox* Form5::box(app::Option option) const
 }
 
 // The box and the record field follow each other: the box is the record on screen.
-void Form5::bind(app::Option option, QCheckBox* check)
+void Form5::bind(core::Option option, QCheckBox* check)
 {
     check->setChecked(m_options.isOn(option));
     connect(check, &QCheckBox::toggled, this,
             [this, option](bool on) { m_options.setValue(option, on ? 1 : 0); });
-    connect(&m_options, &app::Options::changed, check,
-            [check, option](app::Option changed, int value) {
+    connect(&m_options, &core::Options::changed, check,
+            [check, option](core::Option changed, int value) {
                 if (changed == option)
                     check->setChecked(value != 0);
             });

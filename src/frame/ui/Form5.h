@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/ActivityLog.h"
-#include "app/Options.h"
-#include "app/OptionsStore.h"
+#include "core/ActivityLog.h"
+#include "core/Options.h"
+#include "core/OptionsStore.h"
 #include "platform/AppFolder.h"
 
 #include <QWidget>
@@ -21,8 +21,8 @@ class Form5 final : public QWidget
 {
     Q_OBJECT
 public:
-    Form5(const platform::AppFolder& app, app::Options& options, app::OptionsStore& store,
-          app::ActivityLog& log, QWidget* parent = nullptr);
+    Form5(const platform::AppFolder& app, core::Options& options, core::OptionsStore& store,
+          core::ActivityLog& log, QWidget* parent = nullptr);
 
     QCheckBox* ChkDblClick = nullptr;
     QCheckBox* ChkAnim = nullptr;
@@ -35,7 +35,7 @@ public:
     QPushButton* Command2 = nullptr;
     QPushButton* CmdVaciarLog = nullptr;
 
-    QCheckBox* box(app::Option option) const;
+    QCheckBox* box(core::Option option) const;
 
 signals:
     // ChkExcConfg changed: the sheet configuration window's activation box follows it.
@@ -52,12 +52,12 @@ protected:
 private:
     void buildBoxes();
     void buildButtons();
-    void bind(app::Option option, QCheckBox* check);
+    void bind(core::Option option, QCheckBox* check);
     void VolverAPredeterminados();
 
-    app::Options& m_options;
-    app::OptionsStore& m_store;
-    app::ActivityLog& m_log;
+    core::Options& m_options;
+    core::OptionsStore& m_store;
+    core::ActivityLog& m_log;
 };
 
 } // namespace nubo::frame

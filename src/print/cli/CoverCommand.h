@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/cli/CliCommand.h"
+#include "core/cli/CliCommand.h"
 
 namespace nubo::print::cli {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/RuntimeError.h"
+#include "core/RuntimeError.h"
 
 #include <optional>
 
-namespace nubo::app {
+namespace nubo::core {
 
 // What start-up asks of the main window. Steps that may fail return the run-time error
 // they met; the others ignore their own failures.
@@ -24,4 +24,4 @@ public:
     virtual void applyRegion() = 0;
 };
 
-} // namespace nubo::app
+} // namespace nubo::core

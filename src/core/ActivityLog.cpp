@@ -1,12 +1,12 @@
-#include "app/ActivityLog.h"
+#include "core/ActivityLog.h"
 
-#include "app/RawFile.h"
+#include "core/RawFile.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QLocale>
 
-namespace nubo::app {
+namespace nubo::core {
 
 ActivityLog::ActivityLog(const platform::AppFolder& app, std::function<bool()> enabled)
     : m_app(app), m_enabled(std::move(enabled))
@@ -79,4 +79,4 @@ void ActivityLog::VaciarLog()
         file.close();
 }
 
-} // namespace nubo::app
+} // namespace nubo::core

@@ -1,5 +1,5 @@
-#include "app/ActivityLog.h"
-#include "app/OptionsStore.h"
+#include "core/ActivityLog.h"
+#include "core/OptionsStore.h"
 
 #include <QDir>
 #include <QFile>
@@ -7,9 +7,9 @@
 #include <QTest>
 
 #include "TestFiles.h"
-#include "app/AppFixture.h"
+#include "core/AppFixture.h"
 
-using namespace nubo::app;
+using namespace nubo::core;
 using nubo::platform::AppFolder;
 
 namespace {

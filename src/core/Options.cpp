@@ -1,6 +1,6 @@
-#include "app/Options.h"
+#include "core/Options.h"
 
-namespace nubo::app {
+namespace nubo::core {
 
 void Options::setValue(Option option, int value)
 {
@@ -29,4 +29,4 @@ QString Options::keyOf(Option option)
     return {};
 }
 
-} // namespace nubo::app
+} // namespace nubo::core

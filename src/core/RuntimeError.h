@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace nubo::app {
+namespace nubo::core {
 
 // A run-time error as the program reports it: its number and its Spanish description.
 struct RuntimeError
@@ -21,4 +21,4 @@ constexpr int kPathFileAccess = 75;
 constexpr int kInvalidPicture = 481;
 } // namespace errors
 
-} // namespace nubo::app
+} // namespace nubo::core

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace nubo::app {
+namespace nubo::core {
 
 // Whole-file reads and writes as the activity log does them.
 
@@ -17,4 +17,4 @@ bool EscribirArchivo(const QString& ruta, const QString& texto, bool noSobrescri
 // Bytes as text in the system code page, cut at the first zero character.
 QString BytesATexto(const QByteArray& bytes);
 
-} // namespace nubo::app
+} // namespace nubo::core

@@ -1,4 +1,4 @@
-#include "app/cli/Cli.h"
+#include "core/cli/Cli.h"
 
 namespace nubo::cli {
 

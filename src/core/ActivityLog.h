@@ -7,7 +7,7 @@
 
 #include <functional>
 
-namespace nubo::app {
+namespace nubo::core {
 
 // The activity log "\log\nubo.log": one line per recorded error, appended while the
 // log option is on, never failing to its caller.
@@ -30,4 +30,4 @@ private:
     std::function<bool()> m_enabled;
 };
 
-} // namespace nubo::app
+} // namespace nubo::core

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/ActivityLog.h"
-#include "app/Options.h"
-#include "app/ProfileFile.h"
+#include "core/ActivityLog.h"
+#include "core/Options.h"
+#include "core/ProfileFile.h"
 #include "platform/AppFolder.h"
 
-namespace nubo::app {
+namespace nubo::core {
 
 // Reads and writes the options record in "\ini\Config.nbo", and prepares the folders that
 // hold the options file and the activity log.
@@ -30,4 +30,4 @@ private:
     ActivityLog& m_log;
 };
 
-} // namespace nubo::app
+} // namespace nubo::core

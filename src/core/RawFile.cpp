@@ -1,9 +1,9 @@
-#include "app/RawFile.h"
+#include "core/RawFile.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-namespace nubo::app {
+namespace nubo::core {
 
 QString BytesATexto(const QByteArray& bytes)
 {
@@ -40,4 +40,4 @@ bool EscribirArchivo(const QString& ruta, const QString& texto, bool noSobrescri
     return file.error() == QFileDevice::NoError;
 }
 
-} // namespace nubo::app
+} // namespace nubo::core

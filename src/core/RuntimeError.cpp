@@ -1,6 +1,6 @@
-#include "app/RuntimeError.h"
+#include "core/RuntimeError.h"
 
-namespace nubo::app {
+namespace nubo::core {
 
 RuntimeError RuntimeError::fromNumber(int number)
 {
@@ -28,4 +28,4 @@ RuntimeError RuntimeError::fromNumber(int number)
     }
 }
 
-} // namespace nubo::app
+} // namespace nubo::core

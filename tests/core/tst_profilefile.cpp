@@ -1,4 +1,4 @@
-#include "app/ProfileFile.h"
+#include "core/ProfileFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -6,7 +6,7 @@
 
 #include "TestFiles.h"
 
-using nubo::app::ProfileFile;
+using nubo::core::ProfileFile;
 
 using nubo::test::fileBytes;
 

@@ -1,10 +1,10 @@
-#include "app/ProfileFile.h"
+#include "core/ProfileFile.h"
 
 #include <QFile>
 #include <QList>
 #include <QSaveFile>
 
-namespace nubo::app {
+namespace nubo::core {
 
 namespace {
 
@@ -115,4 +115,4 @@ bool ProfileFile::remove()
     return QFile::remove(m_path);
 }
 
-} // namespace nubo::app
+} // namespace nubo::core

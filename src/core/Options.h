@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace nubo::app {
+namespace nubo::core {
 
 enum class Option {
     DblClkExecute,
@@ -35,11 +35,11 @@ public:
     static QString keyOf(Option option);
 
 signals:
-    void changed(nubo::app::Option option, int value);
+    void changed(nubo::core::Option option, int value);
 
 private:
     static std::size_t index(Option option) { return static_cast<std::size_t>(option); }
     std::array<int, 6> m_values{};
 };
 
-} // namespace nubo::app
+} // namespace nubo::core

@@ -1,9 +1,9 @@
-#include "app/OptionsStore.h"
+#include "core/OptionsStore.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-namespace nubo::app {
+namespace nubo::core {
 
 namespace {
 
@@ -88,4 +88,4 @@ void OptionsStore::PrepararCarpetas()
         OpcionesPredeterminadas();
 }
 
-} // namespace nubo::app
+} // namespace nubo::core

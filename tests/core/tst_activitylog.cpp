@@ -1,5 +1,5 @@
-#include "app/ActivityLog.h"
-#include "app/RawFile.h"
+#include "core/ActivityLog.h"
+#include "core/RawFile.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -9,7 +9,7 @@
 
 #include "TestFiles.h"
 
-using namespace nubo::app;
+using namespace nubo::core;
 using nubo::platform::AppFolder;
 
 using nubo::test::fileBytes;

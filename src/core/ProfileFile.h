@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace nubo::app {
+namespace nubo::core {
 
 // An INI file read and written with the semantics of the platform's profile-string calls:
 // an absent key gives the caller's default; "KEY=" gives zero characters; section and key
@@ -24,4 +24,4 @@ private:
     QString m_path;
 };
 
-} // namespace nubo::app
+} // namespace nubo::core
