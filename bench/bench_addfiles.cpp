@@ -103,7 +103,7 @@ int main(int argc, char** argv)
     const double deletion = static_cast<double>(clock.nsecsElapsed()) / 1e9;
     QTextStream out(stdout);
     out << "AddFileToList x " << kFiles << " into the shown list window:\n"
-        << "  plain loop:                " << plain << " s\n"
+        << "  plain loop:                " << plain << " s (goal: under 0.1 s)\n"
         << "  events run after each file: " << withEvents << " s\n"
         << "DeleteSelectedRows with 10,000 separate rows selected: " << deletion << " s\n"
         << "  rows left: " << list.catalogue.list().rowCount() << "\n";

@@ -22,7 +22,7 @@ cmake --build build/bench --target bench_catalogue >/dev/null
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-/usr/bin/time -v -o "$work/time.txt" build/bench/bench/bench_catalogue "$work/rows.tsv" | tee "$work/ours.txt"
+/usr/bin/time -v -o "$work/time.txt" build/bench/bench/bench_catalogue --rows-text "$work/rows.tsv" | tee "$work/ours.txt"
 peak_kb=$(awk -F': ' '/Maximum resident set size/ {print $2}' "$work/time.txt")
 
 start=$(date +%s.%N)
@@ -48,7 +48,6 @@ ssconvert_s=$(echo "$(date +%s.%N) - $start" | bc)
 ours_xls=$(awk '/^lista.xls/ {print $3}' "$work/ours.txt")
 printf 'python3-xlwt: write %.3f s\n' "$xlwt_s"
 printf 'ssconvert (csv to xls): %.3f s\n' "$ssconvert_s"
-echo "goal: every write and read above under 0.3 s"
 echo "peak memory of our run: $((peak_kb / 1024)) MB (goal: under 100 MB)"
 echo "workbook writer against xlwt: $(echo "scale=1; $xlwt_s / $ours_xls" | bc) times faster (goal: 5)"
 echo "workbook writer against ssconvert: $(echo "scale=1; $ssconvert_s / $ours_xls" | bc) times faster"
