@@ -18,7 +18,7 @@ void InstanceRegistration::RegistrarInstancia(quint64 windowHandle, int multiple
     m_registry.deleteKey(kKey);
     if (!m_registry.createKey(kKey))
         m_log.AnotarEnLog(QStringLiteral("No se ha podido crear la clave Nubo15"));
-    // The value name is spelled with one "l" on purpose.
+    // Kept: the value name "InstalationPath" with one "l", as the key has always held it.
     m_registry.setBinaryValue(kKey, QStringLiteral("Hwnd"), handleBytes(windowHandle));
     m_registry.setBinaryValue(kKey, QStringLiteral("Minstances"),
                               QByteArray(1, char(multipleInstances ? 1 : 0)));

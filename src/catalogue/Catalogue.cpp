@@ -99,7 +99,7 @@ void Catalogue::EmptyList()
         return;
     setCurrentFile(QString());
     m_list.clear();
-    // The count line keeps its last text until the next addition or deletion, deliberately.
+    // Kept: the count line shows its last number until the next addition or deletion.
     ShowInfoMessage(QStringLiteral("La lista ha sido vaciada"), 10000, colours::kBlue);
 }
 

@@ -34,7 +34,7 @@ void EntryOpener::ExecuteOnDoubleClick(int focusedPosition)
     const QString path = m_resolver.ResolveEntryPath(list, focusedPosition);
     if (m_shell.open(path) != platform::IShell::Result::NoAssociation)
         return;
-    // A file type without an application gets the "open with" chooser, on purpose.
+    // Kept from Windows: a file type without an application gets the "open with" chooser.
     if (!m_shell.openWith(path)) {
         m_catalogue.ShowInfoMessage(
             QStringLiteral(

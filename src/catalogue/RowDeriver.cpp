@@ -43,7 +43,7 @@ CatalogueRow RowDeriver::derive(QString& path)
             break;
         }
     }
-    // A bare name keeps the name and folder of the previous call, deliberately.
+    // Kept: a path without a separator leaves the name and folder of the previous call.
     if (separator >= 0) {
         m_lastNombre = path.mid(separator + 1);
         path.truncate(separator + 1);

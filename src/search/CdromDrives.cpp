@@ -25,7 +25,7 @@ void CdromDrives::SearchWholeCd()
                              QStringLiteral("No se encuentra unidad de cdrom"));
         return;
     }
-    // With two or more drives the command does nothing at all: kept so deliberately.
+    // Kept: with two or more drives the command does nothing at all (no chooser is shown).
     if (CountCdromDrives() != 1)
         return;
     m_engine.StartSearch(m_chooser.driveAt(0));

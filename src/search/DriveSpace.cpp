@@ -32,7 +32,7 @@ QString number(double value, const QLocale& locale)
 DriveSpaceCaptions driveSpaceCaptions(quint64 totalBytes, quint64 freeBytes, const QLocale& locale)
 {
     constexpr double kMega = 1048576.0;
-    // The total is made whole and the free space keeps its decimals: kept so on purpose.
+    // Kept: the total in whole megabytes, the free space with its two decimals.
     const double totalMega = std::nearbyint(round2(double(totalBytes) / kMega));
     const double freeMega = round2(double(freeBytes) / kMega);
     const QString mbytes = QStringLiteral(" Mbytes (");

@@ -119,8 +119,8 @@ QString SearchEngine::startPathFor(const QString& folder, const QString& driveTe
     QString driveRoot = DriveList::pathOf(driveText);
     while (driveRoot.size() > 1 && driveRoot.endsWith(QLatin1Char('/')))
         driveRoot.chop(1);
-    // At a drive's root the walk starts from the drive list's text, label included, so the
-    // root of a labelled disk names no folder and finds nothing: kept so deliberately.
+    // Kept: at a drive's root the walk starts from the drive list's text, label included, so
+    // the root of a labelled disk names no folder and finds nothing.
     if (clean.isEmpty() || clean == driveRoot)
         return DriveList::withSlash(driveText);
     return DriveList::withSlash(clean);
@@ -183,9 +183,9 @@ void SearchEngine::walkOncePerFloppy()
 void SearchEngine::reportOutcome(int countBefore)
 {
     ISearchHost& host = m_services.host;
-    // After a stop the message gives the real growth of the list; after a normal end, the
-    // number of matched names, refused folders included. CancelRequested is never cleared,
-    // so every later search ends on the cancel branch too. Both kept so on purpose.
+    // Kept, both: after a stop the message gives the real growth of the list, after a normal
+    // end the number of matched names, refused folders included; and CancelRequested is never
+    // cleared, so every later search ends on the cancel branch too.
     if (CancelRequested) {
         host.setCaption(QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
         host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")

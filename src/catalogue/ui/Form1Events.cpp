@@ -195,7 +195,7 @@ void Form1::escape()
         mnuFindFiles->setVisible(false);
 }
 
-// The emergency exit: no question, nothing saved, deliberately.
+// The emergency exit; kept: unlike every other way out it asks nothing and saves nothing.
 void Form1::emergencyExit()
 {
     m_catalogue.list().clear();
@@ -270,7 +270,7 @@ void Form1::startFlashing()
     Timer1->start();
 }
 
-// The counter is never set back, so only the first run flashes (kept on purpose).
+// Kept: the flash counter is never set back, so only the first run flashes.
 void Form1::flashTick()
 {
     if (m_flashCount > kFlashTicks) {

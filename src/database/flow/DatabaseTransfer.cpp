@@ -35,7 +35,7 @@ void CatalogueTransfer::SaveListToDatabase(const QString& path)
         if (!writer.addRow(record(i - 1)))
             return fileFailed(path);
     }
-    // The record started when the cancel was seen is stored empty, deliberately.
+    // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
     if (cancelled && !writer.addRow({}))
         return fileFailed(path);
     if (!writer.finish() || !file.commit())
