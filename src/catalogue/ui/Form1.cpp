@@ -3,6 +3,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"
 #include "catalogue/ui/CatalogueView.h"
+#include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 
 #include <QCheckBox>
@@ -24,16 +25,9 @@ namespace nubo::catalogue {
 
 namespace {
 
-template <typename T, typename... Args> T* named(QWidget* parent, const char* name, Args&&... args)
-{
-    T* widget = new T(std::forward<Args>(args)..., parent);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
 QLabel* label(QWidget* parent, const char* name, const QString& text, const QString& tip)
 {
-    QLabel* l = named<QLabel>(parent, name, text);
+    QLabel* l = platform::namedChild<QLabel>(parent, name, text);
     l->setToolTip(tip);
     return l;
 }
@@ -60,15 +54,16 @@ Form1::Form1(const Form1Services& services, QWidget* parent)
 
 void Form1::createControls()
 {
-    ListView1 = named<CatalogueView>(this, "ListView1");
+    ListView1 = platform::namedChild<CatalogueView>(this, "ListView1");
     ListView1->setModel(&m_catalogue.list());
-    Command7 = named<QPushButton>(this, "Command7", QStringLiteral("&Agregar mas Archivos"));
-    Command6 = named<QPushButton>(this, "Command6", QStringLiteral("&Vaciar LISTA"));
-    Command1 = named<QPushButton>(this, "Command1", QStringLiteral("Command1"));
+    Command7 = platform::namedChild<QPushButton>(this, "Command7",
+                                                 QStringLiteral("&Agregar mas Archivos"));
+    Command6 = platform::namedChild<QPushButton>(this, "Command6", QStringLiteral("&Vaciar LISTA"));
+    Command1 = platform::namedChild<QPushButton>(this, "Command1", QStringLiteral("Command1"));
     Command1->setVisible(false); // pressed by the search, never by the user
-    Check1 = named<QCheckBox>(this, "Check1", QStringLiteral("Check1"));
+    Check1 = platform::namedChild<QCheckBox>(this, "Check1", QStringLiteral("Check1"));
     Check1->setVisible(false); // holds the always-on-top state
-    ProgressBar1 = named<QProgressBar>(this, "ProgressBar1");
+    ProgressBar1 = platform::namedChild<QProgressBar>(this, "ProgressBar1");
     ProgressBar1->setToolTip(QStringLiteral("Muestra el progreso de la carga o guardado"));
     ProgressBar1->setTextVisible(false);
     ProgressBar1->setValue(0);
@@ -83,13 +78,13 @@ void Form1::createControls()
         picture->setMinimumSize(32, 32);
         picture->setCursor(Qt::PointingHandCursor);
     }
-    txtMp3Info = named<QPlainTextEdit>(this, "txtMp3Info");
+    txtMp3Info = platform::namedChild<QPlainTextEdit>(this, "txtMp3Info");
     txtMp3Info->setToolTip(QStringLiteral("Propiedades del archivo"));
     txtMp3Info->setReadOnly(true);
     txtMp3Info->setVisible(false);
     txtMp3Info->setFixedWidth(230);
-    Timer1 = named<QTimer>(this, "Timer1");
-    Timer2 = named<QTimer>(this, "Timer2");
+    Timer1 = platform::namedChild<QTimer>(this, "Timer1");
+    Timer2 = platform::namedChild<QTimer>(this, "Timer2");
     Timer1->setInterval(250);
     Timer2->setInterval(10);
     Timer3 = &m_catalogue.info().timer();
@@ -122,7 +117,7 @@ void Form1::createStatusControls()
     LblInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblCurList->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblCurList->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    txtvolumename = named<QLineEdit>(this, "txtvolumename");
+    txtvolumename = platform::namedChild<QLineEdit>(this, "txtvolumename");
     txtvolumename->setToolTip(
         QStringLiteral("Muestra el nombre del ultimo grupo de archivos agregados a la lista"));
 }

@@ -1,5 +1,6 @@
 #include "database/ui/Form7.h"
 
+#include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 
 #include <QCheckBox>
@@ -118,8 +119,7 @@ void Form7::createFields()
 void Form7::createButtons()
 {
     auto button = [this](const char* name, const QString& caption, QRect place) {
-        auto* b = new QPushButton(caption, this);
-        b->setObjectName(QLatin1String(name));
+        auto* b = platform::namedChild<QPushButton>(this, name, caption);
         b->setGeometry(place);
         return b;
     };

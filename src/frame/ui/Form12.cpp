@@ -8,6 +8,7 @@
 #include "frame/ui/Form8.h"
 #include "frame/ui/GrowingOverlay.h"
 #include "frame/ui/clsSystemTray.h"
+#include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 
 #include <QApplication>
@@ -40,13 +41,6 @@ constexpr std::array<FrameWindow, 5> kTargets = {FrameWindow::List, FrameWindow:
                                                  FrameWindow::List, FrameWindow::Search,
                                                  FrameWindow::Author};
 
-QLabel* makeBox(QWidget* parent, const QString& name)
-{
-    auto* box = new QLabel(parent);
-    box->setObjectName(name);
-    return box;
-}
-
 // The hot spot stored in a .CUR file's first directory entry.
 QPoint curHotSpot(const QString& path)
 {
@@ -78,21 +72,22 @@ Form12::Form12(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_pl
 
 void Form12::buildControls()
 {
-    picMainSkin = makeBox(this, QStringLiteral("picMainSkin"));
+    picMainSkin = platform::namedChild<QLabel>(this, QStringLiteral("picMainSkin"));
     picMainSkin->setGeometry(QRect(QPoint(), SkinLayout::skinSize));
     picMainSkin->setFocusPolicy(Qt::StrongFocus);
     picMainSkin->installEventFilter(this);
     for (std::size_t i = 0; i < Picture.size(); ++i) {
-        Picture[i] = makeBox(picMainSkin, QStringLiteral("Picture%1").arg(i + 1));
+        Picture[i] =
+            platform::namedChild<QLabel>(picMainSkin, QStringLiteral("Picture%1").arg(i + 1));
         Picture[i]->setGeometry(SkinLayout::buttons[i]);
         Picture[i]->setToolTip(QString::fromUtf8(kTooltips[i]));
         Picture[i]->installEventFilter(this);
     }
-    PicMinimize = makeBox(picMainSkin, QStringLiteral("PicMinimize"));
+    PicMinimize = platform::namedChild<QLabel>(picMainSkin, QStringLiteral("PicMinimize"));
     PicMinimize->setGeometry(SkinLayout::minimize);
     PicMinimize->setToolTip(QStringLiteral("Minimiza la ventana"));
     PicMinimize->installEventFilter(this);
-    pikForSYSTRAY = makeBox(this, QStringLiteral("pikForSYSTRAY"));
+    pikForSYSTRAY = platform::namedChild<QLabel>(this, QStringLiteral("pikForSYSTRAY"));
     pikForSYSTRAY->hide();
     setFocusProxy(picMainSkin);
 }

@@ -1,5 +1,6 @@
 #include "frame/ui/Form5.h"
 
+#include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 
 #include <QCheckBox>
@@ -115,8 +116,7 @@ void Form5::buildButtons()
 {
     auto button = [this](const char* name, const QString& caption, const QString& tooltip,
                          QRect place) {
-        auto* b = new QPushButton(caption, this);
-        b->setObjectName(QLatin1String(name));
+        auto* b = platform::namedChild<QPushButton>(this, name, caption);
         b->setToolTip(tooltip);
         b->setGeometry(place);
         return b;

@@ -1,5 +1,7 @@
 #include "frame/ui/Form8.h"
 
+#include "platform/ui/NamedChild.h"
+
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
@@ -58,8 +60,7 @@ QPixmap menuPicture(Glyph glyph)
 
 QLabel* imageBox(QWidget* parent, const QString& name, Glyph glyph)
 {
-    auto* box = new QLabel(parent);
-    box->setObjectName(name);
+    auto* box = platform::namedChild<QLabel>(parent, name);
     box->setPixmap(menuPicture(glyph));
     return box;
 }

@@ -2,6 +2,7 @@
 
 #include "catalogue/CatalogueList.h"
 #include "platform/IDialogs.h"
+#include "platform/ui/NamedChild.h"
 #include "print/paint/CoverPainter.h"
 
 #include <QDir>
@@ -20,13 +21,6 @@
 namespace nubo::print {
 
 namespace {
-
-QPushButton* button(QWidget* parent, const char* name, const QString& caption)
-{
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(QLatin1String(name));
-    return b;
-}
 
 QList<CoverRow> coverRowsOf(const catalogue::CatalogueList& list)
 {
@@ -52,9 +46,10 @@ FormPrint1::FormPrint1(platform::IDialogs& dialogs, const catalogue::CatalogueLi
     ListView1->setColumnCount(0);
     ListView1->header()->setStretchLastSection(false);
     ListView1->viewport()->installEventFilter(this);
-    cmdPreview = button(this, "cmdPreview", QStringLiteral("&Vista previa"));
-    cmdPrint = button(this, "cmdPrint", QStringLiteral("&Imprimir"));
-    cmdClose = button(this, "cmdClose", QStringLiteral("&Cerrar"));
+    cmdPreview =
+        platform::namedChild<QPushButton>(this, "cmdPreview", QStringLiteral("&Vista previa"));
+    cmdPrint = platform::namedChild<QPushButton>(this, "cmdPrint", QStringLiteral("&Imprimir"));
+    cmdClose = platform::namedChild<QPushButton>(this, "cmdClose", QStringLiteral("&Cerrar"));
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

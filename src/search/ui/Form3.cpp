@@ -1,5 +1,6 @@
 #include "search/ui/Form3.h"
 
+#include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 #include "search/ui/ImageButton.h"
 
@@ -78,32 +79,25 @@ Form3::Form3(const platform::AppFolder& app, const platform::IDrives& drives, QW
 
 void Form3::createControls()
 {
-    const auto named = [](QWidget* widget, const char* name) {
-        widget->setObjectName(QLatin1String(name));
-        return widget;
-    };
-    PicLista = static_cast<ImageButton*>(named(new ImageButton(m_app, this), "PicLista"));
-    PicSearchCDROM =
-        static_cast<ImageButton*>(named(new ImageButton(m_app, this), "PicSearchCDROM"));
-    PicSearch = static_cast<ImageButton*>(named(new ImageButton(m_app, this), "PicSearch"));
-    Combo1 = static_cast<QComboBox*>(named(new QComboBox(this), "Combo1"));
+    PicLista = platform::namedChild<ImageButton>(this, "PicLista", m_app);
+    PicSearchCDROM = platform::namedChild<ImageButton>(this, "PicSearchCDROM", m_app);
+    PicSearch = platform::namedChild<ImageButton>(this, "PicSearch", m_app);
+    Combo1 = platform::namedChild<QComboBox>(this, "Combo1");
     Combo1->setEditable(true);
     Combo1->setInsertPolicy(QComboBox::NoInsert);
     Combo1->setToolTip(
         QStringLiteral("Extencion de los archivos a buscar.Se permiten comodines(*)"));
-    Command4 = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("&Ver lista"), this), "Command4"));
+    Command4 = platform::namedChild<QPushButton>(this, "Command4", QStringLiteral("&Ver lista"));
     Command4->setToolTip(QStringLiteral("Cierra el cuadro y muestra el de Lista"));
-    Command2 = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("Buscar en todo el &CD-ROM"), this), "Command2"));
+    Command2 = platform::namedChild<QPushButton>(this, "Command2",
+                                                 QStringLiteral("Buscar en todo el &CD-ROM"));
     Command2->setToolTip(QStringLiteral("Busca archivos en toda la unidad de CD-ROM"));
-    Command1 = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("&Buscar"), this), "Command1"));
+    Command1 = platform::namedChild<QPushButton>(this, "Command1", QStringLiteral("&Buscar"));
     Command1->setToolTip(QStringLiteral("Buscar archivos en la direccion seleccionada"));
-    Drive1 = static_cast<QComboBox*>(named(new QComboBox(this), "Drive1"));
-    Dir1 = static_cast<QTreeView*>(named(new QTreeView(this), "Dir1"));
-    Label1 = static_cast<QLabel*>(
-        named(new QLabel(QStringLiteral("Buscar archivosde tipo:"), this), "Label1"));
+    Drive1 = platform::namedChild<QComboBox>(this, "Drive1");
+    Dir1 = platform::namedChild<QTreeView>(this, "Dir1");
+    Label1 =
+        platform::namedChild<QLabel>(this, "Label1", QStringLiteral("Buscar archivosde tipo:"));
 
     m_folders = new QFileSystemModel(this);
     m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
