@@ -2,7 +2,7 @@
 
 #include "app/StartupSequence.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "platform/ui/DesktopShell.h"
+#include "platform/ui/DesktopPrompts.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -16,7 +16,7 @@ namespace nubo::app {
 using frame::FrameWindow;
 
 Composition::Composition(const QString& appFolder)
-    : m_appFolder(appFolder), m_services(platform::createLinuxPlatform()),
+    : m_appFolder(appFolder),
       m_log(m_appFolder, [this] { return m_options.isOn(core::Option::EscribirLog); }),
       m_store(m_appFolder, m_options, m_log), m_sheetStore(m_appFolder),
       m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea,
@@ -24,6 +24,7 @@ Composition::Composition(const QString& appFolder)
       m_optionsWindow(m_appFolder, m_options, m_store, m_log), m_authorWindow(m_appFolder),
       m_trayMenu(m_windows)
 {
+    m_services = platform::createLinuxPlatform(platform::desktopPrompts(&m_mainWindow));
     m_dialogs.setParentWindow(&m_mainWindow);
     connectFrame();
 }
@@ -36,9 +37,8 @@ bool Composition::start()
          QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()});
     if (startup.run(m_mainWindow) == StartupSequence::Outcome::EndProgram)
         return false;
-    m_shell = platform::createLinuxShell(&m_mainWindow);
     m_list = std::make_unique<catalogue::ListWindow>(catalogue::ListWindowServices{
-        m_appFolder, *m_services.drives, m_dialogs, *m_shell, m_options});
+        m_appFolder, *m_services.drives, m_dialogs, *m_services.shell, m_options});
     connectList();
     connectSearch();
     connectPrint();

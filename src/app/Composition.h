@@ -16,7 +16,6 @@
 #include "frame/ui/Form8.h"
 #include "frame/ui/QtNotifyArea.h"
 #include "frame/ui/WindowDirectory.h"
-#include "platform/IShell.h"
 #include "platform/PlatformServices.h"
 #include "platform/ui/QtDialogs.h"
 #include "print/ui/FormPrint1.h"
@@ -70,7 +69,6 @@ private:
     frame::Form8 m_trayMenu;
 
     // Created once start-up has let the program run; never destroyed before the end.
-    std::unique_ptr<platform::IShell> m_shell;
     std::unique_ptr<catalogue::ListWindow> m_list;
     std::unique_ptr<search::ListWindowHost> m_searchHost;
     std::unique_ptr<search::SearchWindows> m_search;

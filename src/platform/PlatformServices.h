@@ -5,13 +5,14 @@
 #include "platform/IInstanceCheck.h"
 #include "platform/IOpticalTray.h"
 #include "platform/IRegistry.h"
+#include "platform/IShell.h"
 #include "platform/IVolumes.h"
 
 #include <memory>
 
 namespace nubo::platform {
 
-// The platform services without a user interface, owned together by the composition root.
+// The platform services, owned together by the composition root.
 struct PlatformServices
 {
     std::unique_ptr<IDrives> drives;
@@ -20,6 +21,7 @@ struct PlatformServices
     std::unique_ptr<IVolumes> volumes;
     std::unique_ptr<IOpticalTray> tray;
     std::unique_ptr<IDirectoryReader> directories;
+    std::unique_ptr<IShell> shell; // null in a program without windows
 };
 
 } // namespace nubo::platform

@@ -1,4 +1,4 @@
-#include "platform/ui/DesktopShell.h"
+#include "platform/linux/DesktopShell.h"
 #include "platform/ui/OpenWithDialog.h"
 
 #include <QListWidget>
@@ -87,7 +87,8 @@ private:
             [this](const QList<DesktopEntry>& applications, const QString&) {
                 m_offered = applications.size();
                 return m_chosen;
-            });
+            },
+            [](const QString&) { return false; });
     }
 
     std::unique_ptr<QTemporaryDir> m_root;

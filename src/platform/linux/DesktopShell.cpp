@@ -1,19 +1,15 @@
-#include "platform/ui/DesktopShell.h"
+#include "platform/linux/DesktopShell.h"
 
 #include "platform/linux/ExecLine.h"
-#include "platform/ui/OpenWithDialog.h"
 
-#include <QDesktopServices>
 #include <QFileInfo>
-#include <QPointer>
-#include <QProcess>
-#include <QUrl>
 
 namespace nubo::platform {
 
-DesktopShell::DesktopShell(MimeAssociations associations, Launcher launcher, Chooser chooser)
+DesktopShell::DesktopShell(MimeAssociations associations, Launcher launcher, Chooser chooser,
+                           DesktopOpener desktopOpener)
     : m_associations(std::move(associations)), m_launcher(std::move(launcher)),
-      m_chooser(std::move(chooser))
+      m_chooser(std::move(chooser)), m_desktopOpener(std::move(desktopOpener))
 {
 }
 
@@ -33,7 +29,7 @@ IShell::Result DesktopShell::openWithEntry(const DesktopEntry& entry, const QStr
 {
     // Programs that need a terminal are left to the desktop's own opener, which provides one.
     if (entry.terminal)
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? Result::Ok : Result::Failed;
+        return m_desktopOpener(path) ? Result::Ok : Result::Failed;
     return start(exec::expand(entry, path));
 }
 
@@ -63,19 +59,6 @@ bool DesktopShell::openWith(const QString& path)
 {
     const QStringList command = m_chooser(m_associations.applications(), path);
     return !command.isEmpty() && start(command) == Result::Ok;
-}
-
-std::unique_ptr<IShell> createLinuxShell(QWidget* chooserParent)
-{
-    QPointer<QWidget> parent(chooserParent);
-    return std::make_unique<DesktopShell>(
-        MimeAssociations(XdgDirs::fromEnvironment()),
-        [](const QString& program, const QStringList& arguments) {
-            return QProcess::startDetached(program, arguments);
-        },
-        [parent](const QList<DesktopEntry>& applications, const QString& path) {
-            return OpenWithDialog::choose(applications, path, parent.data());
-        });
 }
 
 } // namespace nubo::platform

@@ -4,9 +4,6 @@
 #include "platform/linux/MimeAssociations.h"
 
 #include <functional>
-#include <memory>
-
-class QWidget;
 
 namespace nubo::platform {
 
@@ -19,8 +16,11 @@ public:
     using Launcher = std::function<bool(const QString& program, const QStringList& arguments)>;
     // Asks the user for a program for the file; the command to run, or empty.
     using Chooser = std::function<QStringList(const QList<DesktopEntry>&, const QString& path)>;
+    // Hands the file to the desktop's own opener, which provides a terminal where one is needed.
+    using DesktopOpener = std::function<bool(const QString& path)>;
 
-    DesktopShell(MimeAssociations associations, Launcher launcher, Chooser chooser);
+    DesktopShell(MimeAssociations associations, Launcher launcher, Chooser chooser,
+                 DesktopOpener desktopOpener);
 
     Result open(const QString& path) override;
     Result enqueue(const QString& path) override;
@@ -34,10 +34,14 @@ private:
     MimeAssociations m_associations;
     Launcher m_launcher;
     Chooser m_chooser;
+    DesktopOpener m_desktopOpener;
 };
 
-// The real shell for the program: XDG folders from the environment, detached processes, and
-// the "open with" chooser over the given window.
-std::unique_ptr<IShell> createLinuxShell(QWidget* chooserParent = nullptr);
+// The shell's parts that need the windowing system, given by the program that has windows.
+struct DesktopPrompts
+{
+    DesktopShell::Chooser chooser;
+    DesktopShell::DesktopOpener desktopOpener;
+};
 
 } // namespace nubo::platform

@@ -6,10 +6,13 @@
 #include "platform/linux/LinuxOpticalTray.h"
 #include "platform/linux/LinuxVolumes.h"
 #include "platform/linux/RegistryFile.h"
+#include "platform/linux/XdgDirs.h"
+
+#include <QProcess>
 
 namespace nubo::platform {
 
-PlatformServices createLinuxPlatform()
+PlatformServices createLinuxPlatform(DesktopPrompts prompts)
 {
     PlatformServices services;
     services.drives = std::make_unique<LinuxDrives>();
@@ -18,6 +21,14 @@ PlatformServices createLinuxPlatform()
     services.volumes = std::make_unique<LinuxVolumes>();
     services.tray = std::make_unique<LinuxOpticalTray>();
     services.directories = std::make_unique<LinuxDirectoryReader>();
+    if (prompts.chooser && prompts.desktopOpener) {
+        services.shell = std::make_unique<DesktopShell>(
+            MimeAssociations(XdgDirs::fromEnvironment()),
+            [](const QString& program, const QStringList& arguments) {
+                return QProcess::startDetached(program, arguments);
+            },
+            std::move(prompts.chooser), std::move(prompts.desktopOpener));
+    }
     return services;
 }
 

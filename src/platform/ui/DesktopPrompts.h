@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/linux/DesktopShell.h"
+
+class QWidget;
+
+namespace nubo::platform {
+
+// The desktop shell's windowed parts for createLinuxPlatform(): the "open with" chooser over
+// the given window, and Qt's desktop opener.
+DesktopPrompts desktopPrompts(QWidget* chooserParent);
+
+} // namespace nubo::platform
