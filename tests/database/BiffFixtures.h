@@ -60,6 +60,8 @@ inline QByteArray biffWorkbook(quint16 version, const QByteArray& sheetName,
     QByteArray stream;
     biffBof(stream, version, 0x0005);
     stream += globalsRecords;
+    for (int i = 0; i <= 15; ++i) // cell formats up to the one the cells use, all General
+        biffRecord(stream, 0x00E0, [&](ByteSink& s) { s.zeros(version == 0x0600 ? 20 : 16); });
     qsizetype offsetAt = 0;
     biffRecord(stream, 0x0085, [&](ByteSink& s) {
         offsetAt = stream.size() + 4;
