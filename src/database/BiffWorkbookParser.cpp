@@ -1,5 +1,6 @@
 #include "database/BiffWorkbookParser.h"
 
+#include "database/BiffCodePage.h"
 #include "database/BiffRecordCursor.h"
 
 #include <cmath>
@@ -9,6 +10,11 @@ namespace nubo::database {
 namespace {
 
 constexpr quint16 kBof = 0x0809;
+constexpr quint16 kBof2 = 0x0009;
+constexpr quint16 kBof3 = 0x0209;
+constexpr quint16 kBof4 = 0x0409;
+constexpr quint16 kCodePage = 0x0042;
+constexpr quint16 kRString = 0x00D6;
 constexpr quint16 kEof = 0x000A;
 constexpr quint16 kBoundSheet = 0x0085;
 constexpr quint16 kSst = 0x00FC;
@@ -24,6 +30,7 @@ constexpr quint16 kBlank = 0x0201;
 constexpr quint16 kMulBlank = 0x00BE;
 constexpr quint16 kBoolErr = 0x0205;
 constexpr quint16 kBiff8 = 0x0600;
+constexpr quint16 kBiff5 = 0x0500;
 constexpr quint16 kGlobalsType = 0x0005;
 constexpr quint16 kWorksheetType = 0x0010;
 constexpr quint32 kSheetRows = 65536;
@@ -31,6 +38,8 @@ constexpr int kColumns = 4;
 
 struct Globals
 {
+    bool biff8 = true; // false: Excel 5/95, whose texts are 8-bit in the workbook's code page
+    BiffCodePage codePage;
     QString sheetName;
     qsizetype sheetOffset = -1;
     QList<QString> strings;
@@ -53,32 +62,69 @@ void readSharedStrings(const BiffContinuedData& data, QList<QString>& strings)
     }
 }
 
+// The first BOF names the file's version; Excel 2 to 4 files are refused by version.
+std::optional<BiffProblem> readVersion(BiffRecordCursor& cursor, Globals& globals)
+{
+    if (!cursor.next())
+        return BiffProblem::NotWorkbook;
+    switch (cursor.type()) {
+    case kBof2:
+        return BiffProblem::Excel2;
+    case kBof3:
+        return BiffProblem::Excel3;
+    case kBof4:
+        return BiffProblem::Excel4;
+    case kBof:
+        break;
+    default:
+        return BiffProblem::NotWorkbook;
+    }
+    const quint16 version = biffU16(cursor.data(), 0);
+    if ((version != kBiff8 && version != kBiff5) || biffU16(cursor.data(), 2) != kGlobalsType)
+        return BiffProblem::NotWorkbook;
+    globals.biff8 = version == kBiff8;
+    return std::nullopt;
+}
+
+// The first sheet's offset and its name (unicode in Excel 97, code-page bytes before).
+void readBoundSheet(QByteArrayView d, bool biff8, Globals& globals, QByteArray& rawName)
+{
+    if (d.size() < 7)
+        return;
+    if (biff8) {
+        const BiffContinuedData data{d.sliced(6).toByteArray(), {}};
+        auto name = BiffTextReader(data).unicodeString(true);
+        if (!name)
+            return;
+        globals.sheetName = std::move(*name);
+    } else {
+        rawName = d.sliced(7, std::min<qsizetype>(quint8(d[6]), d.size() - 7)).toByteArray();
+    }
+    globals.sheetOffset = biffU32(d, 0);
+}
+
 std::variant<Globals, BiffProblem> readGlobals(QByteArrayView stream)
 {
     BiffRecordCursor cursor(stream);
-    if (!cursor.next() || cursor.type() != kBof)
-        return BiffProblem::NotWorkbook;
-    if (biffU16(cursor.data(), 0) != kBiff8)
-        return BiffProblem::OlderFormat;
-    if (biffU16(cursor.data(), 2) != kGlobalsType)
-        return BiffProblem::NotWorkbook;
     Globals globals;
+    if (const auto problem = readVersion(cursor, globals))
+        return *problem;
+    QByteArray rawName;
+    quint16 codePage = 1252;
     while (cursor.next() && cursor.type() != kEof) {
-        if (cursor.type() == kBoundSheet && globals.sheetOffset < 0) {
-            const BiffContinuedData data{
-                cursor.data().sliced(std::min<qsizetype>(6, cursor.data().size())).toByteArray(),
-                {}};
-            auto name = BiffTextReader(data).unicodeString(true);
-            if (cursor.data().size() >= 6 && name) {
-                globals.sheetOffset = biffU32(cursor.data(), 0);
-                globals.sheetName = std::move(*name);
-            }
-        } else if (cursor.type() == kSst && globals.strings.isEmpty()) {
+        if (cursor.type() == kBoundSheet && globals.sheetOffset < 0)
+            readBoundSheet(cursor.data(), globals.biff8, globals, rawName);
+        else if (cursor.type() == kCodePage && cursor.data().size() >= 2)
+            codePage = biffU16(cursor.data(), 0);
+        else if (cursor.type() == kSst && globals.biff8 && globals.strings.isEmpty())
             readSharedStrings(cursor.takeContinued(), globals.strings);
-        }
     }
     if (globals.sheetOffset < 0)
         return BiffProblem::NotWorkbook;
+    if (!globals.biff8) {
+        globals.codePage = BiffCodePage(codePage);
+        globals.sheetName = globals.codePage.decode(rawName);
+    }
     return globals;
 }
 
@@ -151,8 +197,7 @@ private:
         const quint16 column = biffU16(d, 2);
         switch (cursor.type()) {
         case kDimensions:
-            if (d.size() >= 8)
-                m_sheet.lastRow = std::max(m_sheet.lastRow, std::min(biffU32(d, 4), kSheetRows));
+            takeDimensions(d);
             break;
         case kLabelSst:
             if (d.size() >= 10) {
@@ -163,10 +208,9 @@ private:
             }
             break;
         case kLabel:
-            if (d.size() >= 9) {
-                const BiffContinuedData text{d.sliced(6).toByteArray(), {}};
-                put(row, column, BiffTextReader(text).unicodeString().value_or(QString()));
-            }
+        case kRString: // the text with its formatting runs, which are not kept
+            if (d.size() >= 8)
+                put(row, column, textAt(d, 6));
             break;
         case kRk:
             if (d.size() >= 10)
@@ -209,8 +253,12 @@ private:
         case 0: {
             BiffRecordCursor look = cursor;
             if (look.next() && look.type() == kString) {
-                const BiffContinuedData text = look.takeContinued();
-                put(row, column, BiffTextReader(text).unicodeString().value_or(QString()));
+                if (m_globals.biff8) {
+                    const BiffContinuedData text = look.takeContinued();
+                    put(row, column, BiffTextReader(text).unicodeString().value_or(QString()));
+                } else {
+                    put(row, column, textAt(look.data(), 0));
+                }
                 cursor = look;
             }
             break;
@@ -223,6 +271,24 @@ private:
             put(row, column, {});
             break;
         }
+    }
+    // The last row from DIMENSIONS: 32-bit row numbers since Excel 97, 16-bit before.
+    void takeDimensions(QByteArrayView d)
+    {
+        const quint32 last = m_globals.biff8 ? (d.size() >= 8 ? biffU32(d, 4) : 0)
+                                             : (d.size() >= 4 ? biffU16(d, 2) : 0);
+        m_sheet.lastRow = std::max(m_sheet.lastRow, std::min(last, kSheetRows));
+    }
+    // A cell text at the given offset: a unicode string, or 8-bit in the code page before
+    // Excel 97.
+    QString textAt(QByteArrayView d, qsizetype at) const
+    {
+        if (m_globals.biff8) {
+            const BiffContinuedData text{d.sliced(at).toByteArray(), {}};
+            return BiffTextReader(text).unicodeString().value_or(QString());
+        }
+        const qsizetype count = std::min<qsizetype>(biffU16(d, at), d.size() - at - 2);
+        return count > 0 ? m_globals.codePage.decode(d.sliced(at + 2, count)) : QString();
     }
     void put(quint32 row, quint32 column, const QString& text)
     {

@@ -18,9 +18,11 @@ struct BiffSheetContent
     QList<CatalogueRecord> rows; // index 0 is row 1; rows past the end are empty
 };
 
-enum class BiffProblem { NotWorkbook, OlderFormat };
+// Excel 2, 3 and 4 files are named by version: only Excel 5 and later are read.
+enum class BiffProblem { NotWorkbook, Excel2, Excel3, Excel4 };
 
-// Reads an Excel 97 workbook stream (the compound file's "Workbook"). Damaged data never reads
+// Reads an Excel 97 or Excel 5/95 workbook stream, whatever the stream is called; the BOF record
+// says which. Damaged data never reads
 // out of bounds: a cut or inconsistent stream gives the cells read up to the damage, or a
 // problem when not even the sheet can be found.
 std::variant<BiffSheetContent, BiffProblem> parseWorkbookStream(QByteArrayView stream);

@@ -7,6 +7,8 @@
 #include <gsf/gsf-input-memory.h>
 #include <gsf/gsf-input.h>
 
+#include <QtEndian>
+
 namespace nubo::database {
 namespace {
 
@@ -36,18 +38,29 @@ std::optional<QByteArray> readWhole(GsfInput* input, qint64 limit)
     return bytes;
 }
 
-} // namespace
-
-bool looksLikeCompoundFile(const QByteArray& head)
+// Some producers write a small-stream container size of 0 while their small-sector table is in
+// use. The container's sector chain is still there, so a copy gives it the file's size as an
+// upper bound and the chain's end decides what is read; nullopt when the header is not so.
+std::optional<QByteArray> withSmallStreamSizeRepaired(const QByteArray& file)
 {
-    return head.startsWith(QByteArray::fromHex("d0cf11e0a1b11ae1"));
+    const auto u32 = [&file](qsizetype at) {
+        return qFromLittleEndian<quint32>(file.constData() + at);
+    };
+    if (file.size() < 512)
+        return std::nullopt;
+    const quint16 shift = qFromLittleEndian<quint16>(file.constData() + 0x1E);
+    if ((shift != 9 && shift != 12) || u32(0x40) == 0)
+        return std::nullopt;
+    const qint64 rootAt = (qint64(u32(0x30)) + 1) << shift;
+    if (rootAt + 128 > file.size() || u32(rootAt + 0x78) != 0)
+        return std::nullopt;
+    QByteArray copy = file;
+    qToLittleEndian<quint32>(quint32(file.size()), copy.data() + rootAt + 0x78);
+    return copy;
 }
 
-std::optional<QByteArray> compoundFileStream(const QByteArray& file, const QString& name)
+std::optional<QByteArray> streamFromContainer(const QByteArray& file, const QString& name)
 {
-    if (!looksLikeCompoundFile(file))
-        return std::nullopt;
-    ensureGsf();
     GsfRef<GsfInput> input(gsf_input_memory_new(reinterpret_cast<const guint8*>(file.constData()),
                                                 file.size(), FALSE));
     GError* error = nullptr;
@@ -66,6 +79,25 @@ std::optional<QByteArray> compoundFileStream(const QByteArray& file, const QStri
             return std::nullopt;
         return readWhole(stream.object, file.size());
     }
+    return std::nullopt;
+}
+
+} // namespace
+
+bool looksLikeCompoundFile(const QByteArray& head)
+{
+    return head.startsWith(QByteArray::fromHex("d0cf11e0a1b11ae1"));
+}
+
+std::optional<QByteArray> compoundFileStream(const QByteArray& file, const QString& name)
+{
+    if (!looksLikeCompoundFile(file))
+        return std::nullopt;
+    ensureGsf();
+    if (auto stream = streamFromContainer(file, name))
+        return stream;
+    if (const auto repaired = withSmallStreamSizeRepaired(file))
+        return streamFromContainer(*repaired, name);
     return std::nullopt;
 }
 

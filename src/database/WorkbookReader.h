@@ -8,8 +8,10 @@
 
 namespace nubo::database {
 
-// Reads a catalogue workbook (Excel 97 or later, in its compound file): the first sheet's name
-// and its rows, every cell as the text a spreadsheet shows. Any bytes give rows or an error.
+// Reads a catalogue workbook (Excel 97 or Excel 5/95, in its compound file): the first sheet's
+// name and its rows, every cell as the text a spreadsheet shows. Any bytes give rows or an error.
+// Rows are numbered as a catalogue lays them out: captions in row 1, data from row 3. A sheet
+// with text in row 2 is seen with its rows from 2 on one row lower, so none is lost.
 class WorkbookReader final
 {
 public:

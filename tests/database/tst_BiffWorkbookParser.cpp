@@ -1,3 +1,5 @@
+#include "BiffFixtures.h"
+
 #include "database/BiffStrings.h"
 #include "database/BiffWorkbookParser.h"
 #include "database/ByteSink.h"
@@ -8,54 +10,22 @@ using namespace nubo::database;
 
 namespace {
 
-template <typename Fill> void record(QByteArray& stream, quint16 type, Fill fill)
-{
-    QByteArray data;
-    ByteSink sink(data);
-    fill(sink);
-    appendBiffRecord(stream, type, data);
-}
-
-void bof(QByteArray& stream, quint16 kind)
-{
-    record(stream, 0x0809, [&](ByteSink& s) {
-        s.u16(0x0600);
-        s.u16(kind);
-        s.zeros(12);
-    });
-}
-
-void eof(QByteArray& stream)
-{
-    appendBiffRecord(stream, 0x000A, {});
-}
+using test::biffCellHead;
+using test::biffRecord;
 
 void cellHead(ByteSink& s, quint16 row, quint16 column)
 {
-    s.u16(row);
-    s.u16(column);
-    s.u16(15);
+    biffCellHead(s, row, column);
 }
 
-// Globals with one sheet and the given shared-string records, then the sheet's cell records.
+template <typename Fill> void record(QByteArray& stream, quint16 type, Fill fill)
+{
+    biffRecord(stream, type, fill);
+}
+
 QByteArray workbook(const QByteArray& sstRecords, const QByteArray& cells)
 {
-    QByteArray stream;
-    bof(stream, 0x0005);
-    qsizetype offsetAt = 0;
-    record(stream, 0x0085, [&](ByteSink& s) {
-        offsetAt = stream.size() + 4;
-        s.u32(0);
-        s.u16(0);
-        appendShortBiffString(s, QStringLiteral("Hoja"));
-    });
-    stream += sstRecords;
-    eof(stream);
-    ByteSink::put32(stream, offsetAt, quint32(stream.size()));
-    bof(stream, 0x0010);
-    stream += cells;
-    eof(stream);
-    return stream;
+    return test::biffWorkbook(0x0600, "Hoja", sstRecords, cells);
 }
 
 BiffSheetContent parse(const QByteArray& stream)
@@ -156,12 +126,12 @@ private slots:
             cellHead(s, 1, 4);
             appendBiffString(s, QStringLiteral("fuera"));
         });
-        bof(cells, 0x0020); // an embedded chart's substream
+        test::biffBof(cells, 0x0600, 0x0020); // an embedded chart's substream
         record(cells, 0x0204, [](ByteSink& s) {
             cellHead(s, 0, 3);
             appendBiffString(s, QStringLiteral("gráfico"));
         });
-        eof(cells);
+        test::biffEof(cells);
         const BiffSheetContent sheet = parse(workbook({}, cells));
         QCOMPARE(sheet.lastRow, 10u);
         QCOMPARE(sheet.rows.at(0), (CatalogueRecord{"12.34", "-7", "0.5", {}}));
@@ -169,14 +139,106 @@ private slots:
                                                     "VERDADERO", "etiqueta"}));
     }
 
+    // An Excel 5 sheet: 8-bit texts in the code page, the cell records Excel 5 writes, 16-bit
+    // row numbers in DIMENSIONS.
+    void excel5CellsInTheirCodePage()
+    {
+        QByteArray globals;
+        record(globals, 0x0042, [](ByteSink& s) { s.u16(1252); });
+        QByteArray cells;
+        record(cells, 0x0200, [](ByteSink& s) { // dimensions: rows 0..4
+            s.u16(0);
+            s.u16(5);
+            s.u16(0);
+            s.u16(4);
+            s.u16(0);
+        });
+        record(cells, 0x0204, [](ByteSink& s) {
+            cellHead(s, 0, 0);
+            test::appendAnsiText(s, "Caf\xe9 \x80 \x93\xf1\x94");
+        });
+        record(cells, 0x00D6, [](ByteSink& s) { // RSTRING: its runs are dropped
+            cellHead(s, 0, 1);
+            test::appendAnsiText(s, "Ni\xf1o");
+            s.u8(1);
+            s.u16(0);
+        });
+        record(cells, 0x0203, [](ByteSink& s) {
+            cellHead(s, 0, 2);
+            s.f64(3.25);
+        });
+        record(cells, 0x0205, [](ByteSink& s) { // error #DIV/0!
+            cellHead(s, 0, 3);
+            s.u8(0x07);
+            s.u8(1);
+        });
+        record(cells, 0x00BD, [](ByteSink& s) { // MULRK: 5 and 6
+            cellHead(s, 1, 0);
+            s.u32((5u << 2) | 2);
+            s.u16(15);
+            s.u32((6u << 2) | 2);
+            s.u16(1);
+        });
+        record(cells, 0x0006, [](ByteSink& s) { // a formula with a text result
+            cellHead(s, 1, 2);
+            s.u8(0);
+            s.zeros(5);
+            s.u16(0xFFFF);
+            s.zeros(6);
+        });
+        record(cells, 0x0207, [](ByteSink& s) { test::appendAnsiText(s, "f\xf3rmula"); });
+        record(cells, 0x0204, [](ByteSink& s) { // a length past the record keeps what is there
+            cellHead(s, 1, 3);
+            s.u16(40);
+            s.bytes("cort");
+        });
+        const BiffSheetContent sheet =
+            parse(test::biffWorkbook(0x0500, "Canci\xf3n", globals, cells));
+        QCOMPARE(sheet.name, QStringLiteral("Canción"));
+        QCOMPARE(sheet.lastRow, 5u);
+        QCOMPARE(sheet.rows.at(0),
+                 (CatalogueRecord{QStringLiteral("Café € “ñ”"), QStringLiteral("Niño"), "3.25",
+                                  QStringLiteral("#¡DIV/0!")}));
+        QCOMPARE(sheet.rows.at(1), (CatalogueRecord{"5", "6", QStringLiteral("fórmula"), "cort"}));
+    }
+
+    void excel5CodePages_data()
+    {
+        QTest::addColumn<QByteArray>("globals");
+        QTest::addColumn<QString>("text");
+        QByteArray none;
+        QTest::newRow("absent: Windows-1252") << none << QStringLiteral("Çà€");
+        QByteArray cyrillic;
+        record(cyrillic, 0x0042, [](ByteSink& s) { s.u16(1251); });
+        QTest::newRow("Windows-1251") << cyrillic << QStringLiteral("ЗаЂ");
+        QByteArray unknown;
+        record(unknown, 0x0042, [](ByteSink& s) { s.u16(4321); });
+        QTest::newRow("unknown: Windows-1252") << unknown << QStringLiteral("Çà€");
+    }
+    void excel5CodePages()
+    {
+        QFETCH(QByteArray, globals);
+        QFETCH(QString, text);
+        QByteArray cells;
+        record(cells, 0x0204, [](ByteSink& s) {
+            cellHead(s, 0, 0);
+            test::appendAnsiText(s, "\xc7\xe0\x80");
+        });
+        QCOMPARE(parse(test::biffWorkbook(0x0500, "H", globals, cells)).rows.at(0).nombre, text);
+    }
+
     void olderFormatsAreNamed()
     {
-        QByteArray stream;
-        record(stream, 0x0809, [](ByteSink& s) {
-            s.u16(0x0500);
-            s.u16(0x0005);
-        });
-        QCOMPARE(std::get<BiffProblem>(parseWorkbookStream(stream)), BiffProblem::OlderFormat);
+        for (const auto& [type, problem] : {std::pair{quint16(0x0009), BiffProblem::Excel2},
+                                            std::pair{quint16(0x0209), BiffProblem::Excel3},
+                                            std::pair{quint16(0x0409), BiffProblem::Excel4}}) {
+            QByteArray stream;
+            record(stream, type, [](ByteSink& s) {
+                s.u16(0);
+                s.u16(0x0010);
+            });
+            QCOMPARE(std::get<BiffProblem>(parseWorkbookStream(stream)), problem);
+        }
         QCOMPARE(std::get<BiffProblem>(parseWorkbookStream("\x09\x08")), BiffProblem::NotWorkbook);
     }
 };
