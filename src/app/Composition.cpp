@@ -97,12 +97,15 @@ void Composition::showAsNubo()
         QIcon(m_appFolder.resolve(QStringLiteral("\\icons\\Nubologo.ico"))));
 }
 
-// A running search is stopped first: its walk lets events run from inside the event loop, so
-// the program could only end once the walk had finished.
+// A running search, save or load is stopped first: their loops let events run from inside the
+// event loop, so the program could only end once they had finished. A stopped save writes
+// nothing, so the previous file stays as it was.
 void Composition::endProgram()
 {
     if (m_searchHost)
         m_searchHost->stop();
+    if (m_files)
+        m_files->transfer().stopForExit();
     QCoreApplication::exit(0);
 }
 
@@ -110,7 +113,7 @@ void Composition::connectList()
 {
     catalogue::Form1& form = m_list->form;
     m_windows.connectWindow(FrameWindow::List, &form);
-    m_windows.setListExit([&form] { form.ExitProgram->trigger(); });
+    m_windows.setListExit([&form] { return form.exitProgram(); });
     // The exit button empties the list without the save question.
     m_windows.setEmptyList([this] { m_list->catalogue.list().clear(); });
     QObject::connect(&form, &catalogue::Form1::endProgramRequested, qApp, [this] { endProgram(); });

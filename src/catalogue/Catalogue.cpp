@@ -36,6 +36,24 @@ void Catalogue::setCurrentFile(const QString& path)
     emit currentFileChanged(path);
 }
 
+void Catalogue::setBusy(bool busy)
+{
+    if (busy == m_busy)
+        return;
+    m_busy = busy;
+    emit busyChanged(busy);
+}
+
+bool Catalogue::refuseWhileBusy()
+{
+    if (!m_busy)
+        return false;
+    ShowInfoMessage(QStringLiteral("Espere a que la lista termine de guardarse o cargarse (Esc "
+                                   "lo detiene)"),
+                    5000, colours::kRed);
+    return true;
+}
+
 void Catalogue::AddFileToList(QString& path)
 {
     if (!QFileInfo(path).isFile())
@@ -62,6 +80,8 @@ void Catalogue::setCountLine(const QString& text)
 
 void Catalogue::DeleteSelectedRows()
 {
+    if (refuseWhileBusy())
+        return;
     if (m_list.isEmpty()) {
         ShowInfoMessage(
             QStringLiteral("ADVERTENCIA: No se pueden eliminar archivos de una lista vacia!"),
@@ -88,22 +108,28 @@ void Catalogue::DeleteSelectedRows()
     }
 }
 
-void Catalogue::EmptyList()
+EmptyOutcome Catalogue::EmptyList()
 {
+    if (refuseWhileBusy())
+        return EmptyOutcome::Stopped;
     if (m_list.isEmpty()) {
         ShowInfoMessage(QStringLiteral("No es posible vaciar una lista vacia"), 5000,
                         colours::kRed);
-        return;
+        return EmptyOutcome::Kept;
     }
-    if (!offerToSave())
-        return;
+    const EmptyOutcome answer = offerToSave();
+    if (answer != EmptyOutcome::Emptied)
+        return answer;
     setCurrentFile(QString());
     m_list.clear();
     // Kept: the count line shows its last number until the next addition or deletion.
     ShowInfoMessage(QStringLiteral("La lista ha sido vaciada"), 10000, colours::kBlue);
+    return EmptyOutcome::Emptied;
 }
 
-bool Catalogue::offerToSave()
+// "Yes" empties only once the save has written every row: a failed, refused or stopped save
+// (or a save dialog left without a name) keeps the rows and the save's own message.
+EmptyOutcome Catalogue::offerToSave()
 {
     const QString current = m_currentFile;
     const MessageAnswer answer = m_dialogs.messageBox(
@@ -111,18 +137,18 @@ bool Catalogue::offerToSave()
         QStringLiteral("Guardar lista actual"), platform::MessageButtons::YesNoCancel,
         platform::MessageIcon::Question);
     if (answer == MessageAnswer::No)
-        return true;
-    if (answer != MessageAnswer::Yes || !m_saveFlow)
-        return false;
-    if (!current.isEmpty()) {
-        m_saveFlow->saveToCurrentFile(current);
-        return true;
-    }
+        return EmptyOutcome::Emptied;
+    if (answer != MessageAnswer::Yes)
+        return EmptyOutcome::Kept;
+    if (!m_saveFlow)
+        return EmptyOutcome::Stopped;
+    if (!current.isEmpty())
+        return m_saveFlow->saveToCurrentFile(current) ? EmptyOutcome::Emptied
+                                                      : EmptyOutcome::Stopped;
     const QString chosen = m_saveFlow->askSaveAsName();
-    if (chosen.isEmpty())
-        return false;
-    m_saveFlow->saveToPath(chosen);
-    return true;
+    if (chosen.isEmpty() || !m_saveFlow->saveToPath(chosen))
+        return EmptyOutcome::Stopped;
+    return EmptyOutcome::Emptied;
 }
 
 // The order is one setting for the whole list and flips on every click, whatever the column.

@@ -4,11 +4,13 @@
 //
 //   void AddFileToList(QString& path)   adds one existing file as the new top row; on return
 //                                      path holds the file's folder (see RowDeriver)
-//   void DeleteSelectedRows(), EmptyList(), SortByColumn(int column)
+//   void DeleteSelectedRows(), SortByColumn(int column)
+//   EmptyOutcome EmptyList()           whether the rows went, stayed, or a save kept them
 //   void ShowInfoMessage(text, delayMs, colour 0xRRGGBB), UpdateCountLine()
 //   groupName()/setGroupName()         the ORIGEN of rows added from now on
 //   currentFile()/setCurrentFile()     the current catalogue database file (lblCurList)
 //   list(), info(), countLine()        the rows, the message line and the count line
+//   isBusy()/setBusy()                 a save or load has the list (see refuseWhileBusy)
 
 #include "catalogue/CatalogueList.h"
 #include "catalogue/InfoMessage.h"
@@ -23,6 +25,11 @@ class IDialogs;
 namespace nubo::catalogue {
 
 class ICatalogueSaveFlow;
+
+// What became of EmptyList: the rows were removed; they stayed by the user's choice (Cancel,
+// or nothing to empty); or they stayed because the save the user asked for did not happen or
+// a save or load has the list. The list window's exit goes on only after the first two.
+enum class EmptyOutcome { Emptied, Kept, Stopped };
 
 class Catalogue final : public QObject
 {
@@ -43,11 +50,17 @@ public:
     void setGroupName(const QString& name);
     const QString& currentFile() const { return m_currentFile; }
     void setCurrentFile(const QString& path);
+    // While a save or load lets window events run over the list, commands that change the
+    // rows are refused, so the file never gets rows the user removed halfway.
+    bool isBusy() const { return m_busy; }
+    void setBusy(bool busy);
+    // True, after telling the user so on the message line, while the list is busy.
+    bool refuseWhileBusy();
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
 
     void AddFileToList(QString& path);
     void DeleteSelectedRows();
-    void EmptyList();
+    EmptyOutcome EmptyList();
     void SortByColumn(int column);
     void ShowInfoMessage(const QString& text, qint16 delayMs, quint32 colour);
     void UpdateCountLine();
@@ -56,11 +69,12 @@ signals:
     void countLineChanged(const QString& text);
     void groupNameChanged(const QString& name);
     void currentFileChanged(const QString& path);
+    void busyChanged(bool busy);
 
 private:
     void setCountLine(const QString& text);
-    // True when the list may be emptied after the user's answer to the save question.
-    bool offerToSave();
+    // The user's answer to the save question, and the save it asked for.
+    EmptyOutcome offerToSave();
 
     platform::IDialogs& m_dialogs;
     ICatalogueSaveFlow* m_saveFlow = nullptr;
@@ -71,6 +85,7 @@ private:
     QString m_groupName;
     QString m_currentFile;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    bool m_busy = false;
 };
 
 } // namespace nubo::catalogue

@@ -24,7 +24,9 @@ public:
     // The list window's exit handling: empties the catalogue list without asking.
     // The exit button's step: the catalogue list is emptied without any question.
     virtual void emptyList() = 0;
-    virtual void runListExit() = 0;
+    // The list window's exit; false when the list window kept its rows (a save the user asked
+    // for did not happen), and the program goes on.
+    virtual bool runListExit() = 0;
     virtual void endProgram() = 0;
 };
 

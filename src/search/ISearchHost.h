@@ -15,6 +15,9 @@ public:
     // Label2: "La lista contiene " + rows + " archivos actualmente".
     virtual void updateCountLine() = 0;
     virtual void showInfoMessage(const QString& text, int delayMs, quint32 rgb) = 0; // LblInfo
+    // True, after telling the user, while a catalogue save or load has the list: no search may
+    // add rows under it.
+    virtual bool refuseWhileListBusy() { return false; }
 
     // The window and its search controls.
     virtual void setCaption(const QString& caption) = 0;

@@ -129,6 +129,8 @@ QString SearchEngine::startPathFor(const QString& folder, const QString& driveTe
 void SearchEngine::RunSearch()
 {
     ISearchHost& host = m_services.host;
+    if (!m_walker.Searching && host.refuseWhileListBusy())
+        return;
     const QString folder = m_services.window.folderPath();
     ShowDriveSpace(driveRootOf(folder));
     host.showFolderStrip();

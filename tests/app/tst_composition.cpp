@@ -12,6 +12,7 @@
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSystemTrayIcon>
 #include <QTemporaryDir>
@@ -139,6 +140,45 @@ private slots:
                  QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
         QCOMPARE(list->mnuFindFiles->text(), QStringLiteral("&Buscar Archivo(s)..."));
         QCOMPARE(rows->rowCount(), 0);
+    }
+
+    // F12 inside a save's event turn: the save stops at its next row, the previous file stays
+    // byte for byte with no temporary file beside it, and the program ends. (A database loads
+    // last record first, so a finished save would have changed the file.)
+    void f12DuringASaveKeepsThePreviousFile()
+    {
+        QTemporaryDir dir;
+        const auto program = started(dir);
+        QVERIFY(program);
+        const QString catalogue = dir.filePath(QStringLiteral("discos.mdb"));
+        const database::CatalogueRowSource rows{
+            30000, [](qsizetype i) {
+                return database::CatalogueRecord{QStringLiteral("tema%1").arg(i), "/", "A", "MP3"};
+            }};
+        QVERIFY(database::saveCatalogue(catalogue, {}, rows).ok);
+        const QByteArray previous = test::fileBytes(catalogue);
+        auto* list = window<catalogue::Form1>("Form1");
+        QVERIFY(list);
+        program->openAtStart(catalogue);
+        QTRY_COMPARE_WITH_TIMEOUT(list->ListView1->model()->rowCount(), 30000, 60000);
+        QTRY_COMPARE(list->lblCurList->text(), catalogue);
+
+        QElapsedTimer sinceF12;
+        QTimer pressF12; // ticks on every turn of events, the save's own included
+        pressF12.setInterval(0);
+        QObject::connect(&pressF12, &QTimer::timeout, list, [&] {
+            if (list->ProgressBar1->isVisible() && !sinceF12.isValid()) {
+                sinceF12.start();
+                QTest::keyClick(list, Qt::Key_F12);
+            }
+        });
+        QTimer::singleShot(0, list->guardarb, &QAction::trigger);
+        pressF12.start();
+        QCOMPARE(runUntilEnd(60000), 0);
+        QVERIFY(sinceF12.isValid());
+        qInfo("ended %lld ms after F12", static_cast<long long>(sinceF12.elapsed()));
+        QCOMPARE(test::fileBytes(catalogue), previous);
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"discos.mdb"});
     }
 
     // The Excel picture opens the sheet window over the list window, not in a screen corner.

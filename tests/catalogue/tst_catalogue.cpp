@@ -11,20 +11,30 @@ using nubo::platform::MessageAnswer;
 
 namespace {
 
-// Records the save steps it is asked for; the "Guardar como" answer is set by the test.
+// Records the save steps it is asked for; the "Guardar como" answer and whether saves succeed
+// are set by the test.
 class FakeSaveFlow final : public ICatalogueSaveFlow
 {
 public:
     QStringList calls;
     QString saveAsAnswer;
+    bool saves = true;
 
-    void saveToCurrentFile(const QString& f) override { calls.append("current:" + f); }
+    bool saveToCurrentFile(const QString& f) override
+    {
+        calls.append("current:" + f);
+        return saves;
+    }
     QString askSaveAsName() override
     {
         calls.append(QStringLiteral("ask"));
         return saveAsAnswer;
     }
-    void saveToPath(const QString& p) override { calls.append("path:" + p); }
+    bool saveToPath(const QString& p) override
+    {
+        calls.append("path:" + p);
+        return saves;
+    }
 };
 
 } // namespace
@@ -107,32 +117,47 @@ private slots:
         QTest::addColumn<MessageAnswer>("answer");
         QTest::addColumn<QString>("saveAsAnswer");
         QTest::addColumn<QStringList>("saveCalls");
-        QTest::addColumn<bool>("emptied");
-        QTest::newRow("yes, current file") << "/c/lista.xls" << MessageAnswer::Yes << ""
-                                           << QStringList{"current:/c/lista.xls"} << true;
-        QTest::newRow("yes, save as") << "" << MessageAnswer::Yes << "/c/n.mdb"
-                                      << QStringList{"ask", "path:/c/n.mdb"} << true;
+        QTest::addColumn<bool>("saves");
+        QTest::addColumn<EmptyOutcome>("outcome");
+        QTest::newRow("yes, current file")
+            << "/c/lista.xls" << MessageAnswer::Yes << "" << QStringList{"current:/c/lista.xls"}
+            << true << EmptyOutcome::Emptied;
+        QTest::newRow("yes, current file, save failed")
+            << "/c/lista.xls" << MessageAnswer::Yes << "" << QStringList{"current:/c/lista.xls"}
+            << false << EmptyOutcome::Stopped;
+        QTest::newRow("yes, save as")
+            << "" << MessageAnswer::Yes << "/c/n.mdb" << QStringList{"ask", "path:/c/n.mdb"} << true
+            << EmptyOutcome::Emptied;
+        QTest::newRow("yes, save as failed")
+            << "" << MessageAnswer::Yes << "/c/n.mdb" << QStringList{"ask", "path:/c/n.mdb"}
+            << false << EmptyOutcome::Stopped;
         QTest::newRow("yes, save as cancelled")
-            << "" << MessageAnswer::Yes << "" << QStringList{"ask"} << false;
-        QTest::newRow("no") << "/c/lista.xls" << MessageAnswer::No << "" << QStringList{} << true;
+            << "" << MessageAnswer::Yes << "" << QStringList{"ask"} << true
+            << EmptyOutcome::Stopped;
+        QTest::newRow("no") << "/c/lista.xls" << MessageAnswer::No << "" << QStringList{} << true
+                            << EmptyOutcome::Emptied;
         QTest::newRow("cancel") << "/c/lista.xls" << MessageAnswer::Cancel << "" << QStringList{}
-                                << false;
+                                << true << EmptyOutcome::Kept;
     }
     void emptyListFollowsTheAnswer()
     {
         QFETCH(QString, currentFile);
         QFETCH(MessageAnswer, answer);
-        QFETCH(bool, emptied);
+        QFETCH(EmptyOutcome, outcome);
+        const bool emptied = outcome == EmptyOutcome::Emptied;
         CatalogueFixture f;
         FakeSaveFlow flow;
         QFETCH(QString, saveAsAnswer);
         flow.saveAsAnswer = saveAsAnswer;
+        QFETCH(bool, saves);
+        flow.saves = saves;
         f.catalogue.setSaveFlow(&flow);
         f.addMany(3);
         f.catalogue.setCurrentFile(currentFile);
+        // A failed save's own message stays on the line.
         f.catalogue.ShowInfoMessage(QStringLiteral("antes"), 1000, 0);
         f.dialogs.messageAnswers.enqueue(answer);
-        f.catalogue.EmptyList();
+        QCOMPARE(f.catalogue.EmptyList(), outcome);
 
         QCOMPARE(f.dialogs.asked.size(), 1);
         QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Guardar lista actual"));
@@ -146,6 +171,33 @@ private slots:
         // The count line is left as the last addition wrote it.
         QCOMPARE(f.catalogue.countLine(),
                  QStringLiteral("La lista contiene 3 archivos actualmente"));
+    }
+
+    // While a save or load has the list, deleting and emptying are refused without a question.
+    void busyListRefusesChanges()
+    {
+        CatalogueFixture f;
+        FakeSaveFlow flow;
+        f.catalogue.setSaveFlow(&flow);
+        f.addMany(3);
+        f.catalogue.list().setSelected(0, true);
+        QSignalSpy busy(&f.catalogue, &Catalogue::busyChanged);
+        f.catalogue.setBusy(true);
+        const QString refusal = QStringLiteral(
+            "Espere a que la lista termine de guardarse o cargarse (Esc lo detiene)");
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
+        QCOMPARE(f.catalogue.EmptyList(), EmptyOutcome::Stopped);
+        QCOMPARE(f.catalogue.info().text(), refusal);
+        QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
+        f.catalogue.ShowInfoMessage(QString(), 1000, 0);
+        f.catalogue.DeleteSelectedRows();
+        QCOMPARE(f.catalogue.info().text(), refusal);
+        QCOMPARE(f.catalogue.list().count(), 3);
+        QVERIFY(f.dialogs.asked.isEmpty());
+        f.catalogue.setBusy(false);
+        f.catalogue.DeleteSelectedRows();
+        QCOMPARE(f.catalogue.list().count(), 2);
+        QCOMPARE(busy.count(), 2);
     }
 
     void sortOrderFlipsOnEveryHeaderClick()

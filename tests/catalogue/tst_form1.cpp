@@ -215,9 +215,21 @@ private slots:
         Form1Fixture f;
         f.addMany(1);
         QSignalSpy scene(&f.form, &Form1::sceneStepBackRequested);
+        // "Sí" with nothing saved (no save flow here): the rows and the window stay.
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::Yes);
+        f.form.ExitProgram->trigger();
+        QVERIFY(f.form.isVisible());
+        QCOMPARE(f.catalogue.list().count(), 1);
+        QCOMPARE(scene.count(), 0);
+        // While a save has the list, its commands are greyed and the close box is refused.
+        f.catalogue.setBusy(true);
+        QVERIFY(!f.form.guardarb->isEnabled() && !f.form.Command6->isEnabled());
+        QVERIFY(!f.form.exitProgram());
+        f.catalogue.setBusy(false);
+        QVERIFY(f.form.guardarb->isEnabled() && f.form.vaciarl->isEnabled());
         f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
         f.form.close();
-        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked.size(), 2);
         QCOMPARE(f.catalogue.list().count(), 0);
         QCOMPARE(scene.count(), 1);
         QVERIFY(!f.form.isVisible());

@@ -17,6 +17,7 @@
 #include <csignal>
 #include <optional>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "TestFiles.h"
 
@@ -25,11 +26,12 @@ using database::CatalogueRecord;
 
 namespace {
 
-// Records the progress calls; raises the cancel flag at a chosen turn of a loop.
+// Records the progress calls; runs what the test chooses inside a chosen turn of a loop, as
+// a key press or a menu command would arrive while a save or load lets events run.
 struct FakeView final : database::ITransferView
 {
-    std::function<void()> cancel;
-    int cancelAtTurn = 0; // 0: never
+    std::function<void()> onTurn;
+    int atTurn = 0; // 0: never
     int turns = 0;
     int begun = 0;
     int ended = 0;
@@ -44,8 +46,8 @@ struct FakeView final : database::ITransferView
     void endProgress() override { ++ended; }
     void processEvents() override
     {
-        if (++turns == cancelAtTurn)
-            cancel();
+        if (++turns == atTurn && onTurn)
+            onTurn();
     }
 };
 
@@ -66,7 +68,6 @@ struct Flow
     Flow()
     {
         QDir(dir.path()).mkpath(QStringLiteral("log"));
-        view.cancel = [this] { flow.transfer().raiseCancelFlag(); };
         catalogue.setSaveFlow(&flow);
         QObject::connect(&catalogue.info(), &catalogue::InfoMessage::changed,
                          [this](const QString& text, quint32) { statuses.append(text); });
@@ -88,6 +89,24 @@ struct Flow
         return out;
     }
     QString status() const { return statuses.isEmpty() ? QString() : statuses.last(); }
+    // Runs what at the given turn of the next loop.
+    void atTurn(int turn, std::function<void()> what)
+    {
+        view.turns = 0;
+        view.atTurn = turn;
+        view.onTurn = std::move(what);
+    }
+    // The files left in the folder: a failed save leaves no temporary file behind.
+    QStringList files(const QString& folder = {}) const
+    {
+        return QDir(folder.isEmpty() ? dir.path() : folder)
+            .entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+    QString failure(const QString& path) const
+    {
+        return "No se puede acceder al archivo " + path +
+               " Compruebe que el archivo exista y no sea de solo lectura\nCausa: ";
+    }
 };
 
 // While it lives, files cannot grow beyond the limit, as on a full disk: writes past it fail
@@ -188,7 +207,7 @@ private slots:
         QFETCH(QString, name);
         Flow f;
         f.fill(6);
-        f.view.cancelAtTurn = 4;
+        f.atTurn(4, [&f] { f.flow.transfer().raiseCancelFlag(); });
         const QString path = f.path(name);
         f.flow.SaveByExtension(path);
         const bool workbook = name.endsWith(QLatin1String("xls"));
@@ -201,8 +220,7 @@ private slots:
         QCOMPARE(f.view.ended, 1);
 
         f.catalogue.list().clear();
-        f.view.turns = 0;
-        f.view.cancelAtTurn = 2;
+        f.atTurn(2, [&f] { f.flow.transfer().raiseCancelFlag(); });
         f.flow.LoadByExtension(path);
         QCOMPARE(f.names().size(), 1);
         QCOMPARE(f.status(), "CANCELADA...Agregados 1 archivos desde " + path);
@@ -272,56 +290,247 @@ private slots:
         QCOMPARE(f.dialogs.asked[1].title, QStringLiteral("Seleccione la base de datos a abrir"));
     }
 
-    void unwritableTargetKeepsTheOldFile_data()
+    // Each fault strikes a save of 3,000 rows over an old file. A failed save keeps the old
+    // file byte for byte (or nothing, where its folder went), leaves no temporary file, keeps
+    // the list and names its cause; a list emptied or cleared halfway cannot reach the file.
+    void faultsDuringASaveLoseNothing_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("obstacle");
-        for (const char* obstacle : {"read-only", "missing folder", "full disk"})
+        QTest::addColumn<QString>("fault");
+        for (const char* fault :
+             {"file-size limit", "folder removed", "folder removed mid-save", "read-only file",
+              "read-only folder", "emptied mid-save", "cleared under the save"})
             for (const char* name : {"v.xls", "v.mdb"})
-                QTest::addRow("%s, %s", obstacle, name)
-                    << (qstrcmp(obstacle, "missing folder") ? "" : "no/") + QString(name)
-                    << QString(obstacle);
+                QTest::addRow("%s, %s", fault, name) << QString(name) << QString(fault);
     }
-    void unwritableTargetKeepsTheOldFile()
+    void faultsDuringASaveLoseNothing()
     {
         QFETCH(QString, name);
-        QFETCH(QString, obstacle);
+        QFETCH(QString, fault);
+        // The superuser writes through permission bits: only the file's own write bit, which
+        // the save checks itself, can stand for read-only there.
+        if (fault == QLatin1String("read-only folder") && geteuid() == 0)
+            QSKIP("permission bits do not stop the superuser");
         Flow f;
-        f.fill(3000); // either file is well over the full disk's 64 KiB
-        const QString path = f.path(name);
-        const bool old = obstacle != QLatin1String("missing folder");
-        if (old)
-            test::writeFile(path, "old bytes");
-        if (obstacle == QLatin1String("read-only"))
+        f.fill(3000); // either file is well over the limit's 64 KiB
+        const QString folder = f.path(QStringLiteral("discos"));
+        const QString path = folder + QLatin1Char('/') + name;
+        test::writeFile(path, "old bytes");
+        const QStringList rows = f.names();
+        if (fault == QLatin1String("folder removed"))
+            QDir(folder).removeRecursively();
+        if (fault == QLatin1String("read-only file"))
             QFile::setPermissions(path, QFile::ReadOwner);
+        if (fault == QLatin1String("read-only folder"))
+            QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
+        if (fault == QLatin1String("folder removed mid-save"))
+            f.atTurn(2, [&] { QDir(folder).removeRecursively(); });
+        if (fault == QLatin1String("emptied mid-save")) // Ctrl+V, answered "No"
+            f.atTurn(2, [&] {
+                f.dialogs.messageAnswers.enqueue(platform::MessageAnswer::No);
+                f.catalogue.EmptyList();
+            });
+        if (fault == QLatin1String("cleared under the save"))
+            f.atTurn(2, [&] { f.catalogue.list().clear(); });
+        database::TransferOutcome outcome;
         {
             std::optional<FileSizeLimit> full;
-            if (obstacle == QLatin1String("full disk"))
+            if (fault == QLatin1String("file-size limit"))
                 full.emplace(64 * 1024);
-            f.flow.SaveByExtension(path);
+            outcome = f.flow.SaveByExtension(path);
         }
-        QCOMPARE(f.status(), "No se puede acceder al archivo " + path +
-                                 " Compruebe que el archivo exista y no sea de solo lectura");
-        QCOMPARE(test::fileBytes(path), old ? QByteArray("old bytes") : QByteArray());
-        QCOMPARE(QDir(f.dir.path()).entryList(QDir::Files | QDir::Hidden),
-                 QStringList(old ? QStringList{name} : QStringList{})); // no temporary file left
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(f.view.begun, f.view.ended);
+        if (fault == QLatin1String("emptied mid-save") ||
+            fault == QLatin1String("cleared under the save")) {
+            // The emptying is refused; whatever else changes the list, the file gets the rows
+            // as the save found them.
+            QCOMPARE(outcome, database::TransferOutcome::Done);
+            QCOMPARE(storedNames(path), rows);
+            QCOMPARE(f.files(folder), QStringList{name});
+            if (fault == QLatin1String("emptied mid-save")) {
+                QCOMPARE(f.names(), rows);
+                QVERIFY(f.dialogs.asked.isEmpty()); // refused before the question
+                QVERIFY(f.statuses.contains(QStringLiteral(
+                    "Espere a que la lista termine de guardarse o cargarse (Esc lo detiene)")));
+            }
+            return;
+        }
+        QCOMPARE(outcome, database::TransferOutcome::Failed);
+        QVERIFY2(f.status().startsWith(f.failure(path)), qPrintable(f.status()));
+        QCOMPARE(f.status().count(QLatin1Char('\n')), 1); // the cause is one line
+        QCOMPARE(f.names(), rows);
+        if (fault.startsWith(QLatin1String("folder removed"))) {
+            QVERIFY(!QFileInfo::exists(folder)); // nothing made it again
+        } else {
+            QCOMPARE(test::fileBytes(path), QByteArray("old bytes"));
+            QCOMPARE(f.files(folder), QStringList{name}); // no temporary file left
+        }
     }
 
-    void workbookTooLongTakesTheApplicationFailure()
+    // The program's end (F12, the exit button, the tray) stops a save at its next row: the
+    // previous file stays byte for byte and no temporary file is left.
+    void endingTheProgramMidSaveKeepsThePreviousFile_data() { addFormats(); }
+    void endingTheProgramMidSaveKeepsThePreviousFile()
+    {
+        QFETCH(QString, name);
+        Flow f;
+        f.fill(3000);
+        const QString path = f.path(name);
+        test::writeFile(path, "old bytes");
+        f.atTurn(100, [&f] {
+            f.catalogue.list().clear(); // F12 empties the list without a question
+            f.flow.transfer().stopForExit();
+        });
+        QCOMPARE(f.flow.SaveByExtension(path), database::TransferOutcome::Failed);
+        QCOMPARE(f.view.turns, 100);
+        QCOMPARE(test::fileBytes(path), QByteArray("old bytes"));
+        QCOMPARE(f.files(), QStringList{name});
+        QVERIFY(!f.status().contains(QLatin1String("archivos a la base de datos")));
+    }
+
+    // "Sí" to "¿ Desea guardar la lista ...?" empties only after a save that wrote every row;
+    // otherwise the rows, the current file and the save's failure text stay.
+    void emptyingKeepsTheRowsWhenTheSaveFails_data()
+    {
+        QTest::addColumn<QString>("current");
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("current file, folder gone") << "no/v.mdb"
+                                                   << "" << 3;
+        QTest::newRow("save as, folder gone") << ""
+                                              << "no/v.xls" << 3;
+        QTest::newRow("sheet row limit") << "grande.xls"
+                                         << "" << 65535;
+    }
+    void emptyingKeepsTheRowsWhenTheSaveFails()
+    {
+        QFETCH(QString, current);
+        QFETCH(QString, chosen);
+        QFETCH(int, rows);
+        Flow f;
+        f.fill(rows);
+        if (!current.isEmpty())
+            f.catalogue.setCurrentFile(f.path(current));
+        if (!chosen.isEmpty())
+            f.dialogs.fileAnswers.enqueue(f.path(chosen));
+        QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Stopped);
+        QCOMPARE(f.catalogue.list().count(), rows);
+        QCOMPARE(f.catalogue.currentFile(), current.isEmpty() ? QString() : f.path(current));
+        const QString target = f.path(current.isEmpty() ? chosen : current);
+        QVERIFY2(f.status().startsWith("No se puede acceder al archivo " + target),
+                 qPrintable(f.status()));
+        QVERIFY(f.status().contains(QLatin1String("\nCausa: ")));
+        QVERIFY(!QFileInfo::exists(target));
+    }
+
+    // A failed save names its real cause beside the program's own texts, and the current file
+    // does not become the name that was never written.
+    void saveFailureNamesItsCause()
     {
         Flow f;
         f.fill(65535);
         const QString path = f.path(QStringLiteral("grande.xls"));
         test::writeFile(path, "old bytes");
-        f.flow.SaveByExtension(path);
+        f.dialogs.fileAnswers.enqueue(path);
+        f.flow.saveAs();
+        const QString cause =
+            QStringLiteral("\nCausa: La hoja admite 65536 filas: 65537 filas no caben en ella.");
         QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Error al guardar archivo"));
-        QCOMPARE(f.status(),
-                 "No se puede acceder al archivo " + path + "Version de Office Incompatible");
+        QCOMPARE(f.dialogs.asked.last().text,
+                 "Microsoft Office 97 no se encuentra instalado,o su instalación no es correcta o "
+                 "la versión  es anterior al la 97" +
+                     cause);
+        QCOMPARE(f.status(), "No se puede acceder al archivo " + path +
+                                 "Version de Office Incompatible" + cause);
         QVERIFY(test::fileBytes(f.log.path())
                     .contains("Office 97 incorrecto, mal instalado o sin instalar.%" +
                               path.toUtf8() + "%Write"));
         QCOMPARE(test::fileBytes(path), QByteArray("old bytes"));
+        QCOMPARE(f.catalogue.currentFile(), QString());
+    }
+
+    // A text longer than a database field holds is named, row and field, before anything is
+    // written; the old file stays and a workbook takes the same list whole.
+    void longTextForADatabaseIsNamedBeforeWriting()
+    {
+        Flow f;
+        f.fill(3);
+        const QString deep = "/" + QString(300, QLatin1Char('a')) + "/";
+        f.catalogue.list().insertAtTop({"largo", deep, "g", "MP3", "C:"});
+        f.catalogue.list().insertAtTop({"r", "/d/", "g", "MP3", "C:"});
+        const QString path = f.path(QStringLiteral("viejo.mdb"));
+        test::writeFile(path, "old bytes");
+        f.catalogue.setCurrentFile(path);
+        QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Stopped);
+        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Error al guardar archivo"));
+        const QString box = f.dialogs.asked.last().text;
+        for (const char* word :
+             {"La fila 2 ", " DIRECCION ", " 302 caracteres", "(.mdb)", "255", "(.xls)"})
+            QVERIFY2(box.contains(QLatin1String(word)), word);
+        QCOMPARE(f.status(), "No se ha guardado " + path +
+                                 ": la fila 2 tiene en DIRECCION más de 255 caracteres; guarde "
+                                 "la lista como .xls");
+        QCOMPARE(test::fileBytes(path), QByteArray("old bytes"));
+        QCOMPARE(f.files(), QStringList{"viejo.mdb"});
+        QCOMPARE(f.catalogue.list().count(), 5);
+        const QString workbook = f.path(QStringLiteral("nuevo.xls"));
+        QCOMPARE(f.flow.SaveByExtension(workbook), database::TransferOutcome::Done);
+        database::WorkbookReader reader;
+        QVERIFY(reader.open(workbook));
+        QCOMPARE(reader.record(4).direccion, deep);
+    }
+
+    // A file the readers refuse, or one that is no catalogue at all, never becomes the current
+    // file: "&Guardar" afterwards writes the old current file and leaves the other untouched.
+    void refusedFilesDoNotBecomeCurrent_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("damaged workbook") << "viejo.xls"
+                                          << "Version de Office Incompatible";
+        QTest::newRow("damaged database") << "viejo.mdb"
+                                          << "Imposible Acceder a ";
+        QTest::newRow("text file") << "notas.txt"
+                                   << "no es un archivo .xls ni .mdb";
+    }
+    void refusedFilesDoNotBecomeCurrent()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, message);
+        Flow f;
+        f.fill(2);
+        const QString good = f.path(QStringLiteral("buena.xls"));
+        QCOMPARE(f.flow.SaveByExtension(good), database::TransferOutcome::Done);
+        f.catalogue.setCurrentFile(good);
+        const QString other = test::writtenFile(f.path(name), "no soy una lista");
+        f.flow.openFile(other);
+        QVERIFY2(f.status().contains(message), qPrintable(f.status()));
+        QCOMPARE(f.catalogue.currentFile(), good);
+        QCOMPARE(f.names(), (QStringList{"r0", "r1"}));
+        if (name.endsWith(QLatin1String("txt"))) {
+            QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Error al leer archivo"));
+            QVERIFY(f.dialogs.asked.last().text.contains(QLatin1String("(.xls)")));
+        }
+        f.flow.save();
+        QCOMPARE(test::fileBytes(other), QByteArray("no soy una lista"));
+        QCOMPARE(storedNames(good), (QStringList{"r0", "r1"}));
+    }
+
+    // Emptying with no current file, "Sí", and the save dialog left: the list stays and no
+    // message is shown; the plain save keeps its cancel text.
+    void emptyingStopsQuietlyWhenTheDialogIsLeft()
+    {
+        Flow f;
+        f.fill(2);
+        f.catalogue.ShowInfoMessage(QStringLiteral("antes"), 1000, 0);
+        QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Stopped);
+        QCOMPARE(f.dialogs.asked.last().kind, QStringLiteral("save"));
+        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Guardar como"));
+        QCOMPARE(f.catalogue.info().text(), QStringLiteral("antes"));
+        QCOMPARE(f.catalogue.list().count(), 2);
+        f.flow.save();
+        QCOMPARE(f.status(), QStringLiteral("La lista no se guardará"));
     }
 
     // Every fixture and a file of ours, truncated and bit-flipped: rows or the failure texts.

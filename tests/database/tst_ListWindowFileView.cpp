@@ -1,10 +1,16 @@
 #include "catalogue/ui/CatalogueView.h"
 #include "core/ActivityLog.h"
+#include "database/CatalogueFiles.h"
 #include "database/flow/CatalogueFileFlow.h"
 #include "database/ui/ListWindowFileView.h"
 
+#include <QAction>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
+
+#include <algorithm>
 
 #include "catalogue/Form1Fixture.h"
 
@@ -39,6 +45,57 @@ private slots:
             f.catalogue.info().text().startsWith(QStringLiteral("CANCELADA...Se ha agregado ")));
         QVERIFY(!f.form.ProgressBar1->isVisible());
         QVERIFY(f.form.ListView1->isEnabled());
+    }
+
+    // Ctrl+V pressed inside a save's event turn, with "No" ready for the question: the emptying
+    // is refused before it asks, the rows stay, and the file gets every row again, not blank
+    // ones (a workbook: the same bytes as the save before it; a database stamps its time).
+    void emptyingDuringASaveIsRefused_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("workbook") << "l.xls";
+        QTest::newRow("database") << "l.mdb";
+    }
+    void emptyingDuringASaveIsRefused()
+    {
+        QFETCH(QString, name);
+        Form1Fixture f;
+        core::ActivityLog log{f.app, [] { return false; }};
+        database::SheetSettings sheet;
+        database::ListWindowFileView view{f.form};
+        database::CatalogueFileFlow flow{{f.catalogue, view, f.dialogs, log, f.options, sheet}};
+        f.catalogue.setSaveFlow(&flow);
+        for (int i = 0; i < 20000; ++i)
+            f.catalogue.list().insertAtTop({QString::number(i), "/d/", "g", "MP3", "C:"});
+        const QString path = f.dir.filePath(name);
+        f.catalogue.setCurrentFile(path);
+        QCOMPARE(flow.SaveByExtension(path), database::TransferOutcome::Done);
+        const QByteArray previous = test::fileBytes(path);
+        bool greyedWhileSaving = false;
+        QTimer::singleShot(0, &f.form, [&] {
+            greyedWhileSaving = f.form.ProgressBar1->isVisible() && !f.form.guardarb->isEnabled() &&
+                                !f.form.Command6->isEnabled();
+            f.dialogs.messageAnswers.enqueue(platform::MessageAnswer::No);
+            QTest::keyClick(&f.form, Qt::Key_V, Qt::ControlModifier);
+        });
+        flow.save(); // "&Guardar" with a current file: no dialog
+        QVERIFY(greyedWhileSaving);
+        QVERIFY(f.dialogs.asked.isEmpty());
+        if (name.endsWith(QLatin1String("xls")))
+            QCOMPARE(test::fileBytes(path), previous);
+        QString error;
+        const auto stored = database::loadCatalogue(path, &error);
+        QVERIFY2(stored, qPrintable(error));
+        QCOMPARE(stored->rows.size(), 20000);
+        QVERIFY(
+            std::all_of(stored->rows.begin(), stored->rows.end(),
+                        [](const database::CatalogueRecord& r) { return !r.nombre.isEmpty(); }));
+        QCOMPARE(f.catalogue.list().count(), 20000);
+        QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("19999"));
+        QCOMPARE(f.form.lblCurList->text(), path);
+        QCOMPARE(f.form.LblInfo->text(), QStringLiteral("Agregados 20000 archivos a la base de "
+                                                        "datos."));
+        QVERIFY(f.form.guardarb->isEnabled() && f.form.Command6->isEnabled());
     }
 };
 

@@ -41,7 +41,12 @@ public:
         rects[std::size_t(w)].moveTopLeft(topLeft);
     }
     void emptyList() override { calls << "empty list"; }
-    void runListExit() override { calls << "list exit"; }
+    bool listExitGoesOn = true;
+    bool runListExit() override
+    {
+        calls << "list exit";
+        return listExitGoesOn;
+    }
     void endProgram() override { calls << "end"; }
 };
 

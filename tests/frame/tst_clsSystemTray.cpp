@@ -35,6 +35,10 @@ private slots:
         for (QAction* action : form.menu->actions())
             action->trigger();
         QCOMPARE(windows.calls, (QStringList{"show Author", "show Options", "list exit", "end"}));
+        windows.calls.clear();
+        windows.listExitGoesOn = false; // the list's save failed: its rows and the program stay
+        form.quit->trigger();
+        QCOMPARE(windows.calls, QStringList{"list exit"});
     }
 };
 

@@ -111,6 +111,10 @@ public:
     int focusedPosition() const;
     // The tag details box's text as the tag reader left it (line breaks CR LF).
     const QString& detailsText() const { return m_detailsText; }
+    // "&Salir", the close box and the tray's "&Quitar": EmptyList first, then the window goes.
+    // False when the rows stayed because a save the user asked for did not happen, or a save
+    // or load has the list: the window then stays, with the reason on its message line.
+    bool exitProgram();
 
 signals:
     void searchWindowRequested();
@@ -157,7 +161,7 @@ private:
     void toggleOnTop();
     void escape();
     void emergencyExit();
-    void exitProgram();
+    void enableListCommands(bool enabled);
     void showRightClickMenu(const QPoint& globalPos);
     void openOnDoubleClick();
     void showDetailsOf(int position);

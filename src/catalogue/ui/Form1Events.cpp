@@ -202,13 +202,15 @@ void Form1::emergencyExit()
     emit endProgramRequested();
 }
 
-void Form1::exitProgram()
+bool Form1::exitProgram()
 {
-    m_catalogue.EmptyList();
+    if (m_catalogue.EmptyList() == EmptyOutcome::Stopped)
+        return false;
     emit sceneStepBackRequested();
     if (m_search)
         m_search->stop();
     hide();
+    return true;
 }
 
 void Form1::closeEvent(QCloseEvent* event)

@@ -129,6 +129,8 @@ void Form1::connectCatalogue()
     connect(&m_catalogue.list(), &QAbstractItemModel::rowsInserted, this, showWaitingCountLine);
     connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, showWaitingCountLine);
     connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
+    connect(&m_catalogue, &Catalogue::busyChanged, this,
+            [this](bool busy) { enableListCommands(!busy); });
     connect(&m_catalogue, &Catalogue::groupNameChanged, txtvolumename, &QLineEdit::setText);
     connect(&m_catalogue.info(), &InfoMessage::changed, this,
             [this](const QString& text, quint32 colour) {
@@ -144,6 +146,15 @@ void Form1::connectCatalogue()
     connect(mnuFindFiles, &QAction::triggered, Command1, &QPushButton::click);
     connect(Timer1, &QTimer::timeout, this, &Form1::flashTick);
     connect(Timer2, &QTimer::timeout, this, &Form1::growTick);
+}
+
+// The commands that change the rows or start another save or load, greyed while a save or
+// load has the list (the catalogue refuses them then in any case, keys included).
+void Form1::enableListCommands(bool enabled)
+{
+    for (QAction* command : {DesdeA, guardarb, guardarc, vaciarl, Eli, ChngeName})
+        command->setEnabled(enabled);
+    Command6->setEnabled(enabled);
 }
 
 void Form1::connectList()

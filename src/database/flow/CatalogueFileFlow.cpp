@@ -1,6 +1,7 @@
 #include "database/flow/CatalogueFileFlow.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/Colours.h"
 #include "database/CatalogueFiles.h"
 #include "platform/IDialogs.h"
 
@@ -62,52 +63,59 @@ QString CatalogueFileFlow::AskOpenFile()
     return withKnownExtension(chosen);
 }
 
-QString CatalogueFileFlow::AskSaveFile(const QString& title, const QString& startFolder)
+// The save dialog without the cancel text: the chosen name with a known extension, or empty.
+QString CatalogueFileFlow::chooseSaveFile(const QString& title, const QString& startFolder)
 {
     const QString chosen = m_dialogs.saveFileName(title, saveFilter(), startFolder);
-    if (chosen.isEmpty()) {
-        m_catalogue.ShowInfoMessage(QStringLiteral("La lista no se guardará"), kStatusDelayMs,
-                                    kStatusColour);
-        return {};
-    }
-    return withKnownExtension(chosen);
+    return chosen.isEmpty() ? QString() : withKnownExtension(chosen);
 }
 
-void CatalogueFileFlow::SaveByExtension(const QString& path)
+QString CatalogueFileFlow::AskSaveFile(const QString& title, const QString& startFolder)
+{
+    const QString path = chooseSaveFile(title, startFolder);
+    if (path.isEmpty())
+        m_catalogue.ShowInfoMessage(QStringLiteral("La lista no se guardará"), kStatusDelayMs,
+                                    kStatusColour);
+    return path;
+}
+
+TransferOutcome CatalogueFileFlow::SaveByExtension(const QString& path)
 {
     const auto format = catalogueFormatOf(path);
     if (format == CatalogueFormat::Database)
-        m_transfer.SaveListToDatabase(path);
-    else if (format == CatalogueFormat::Workbook)
-        m_transfer.SaveListToWorkbook(path);
+        return m_transfer.SaveListToDatabase(path);
+    if (format == CatalogueFormat::Workbook)
+        return m_transfer.SaveListToWorkbook(path);
+    return TransferOutcome::Failed;
 }
 
-void CatalogueFileFlow::LoadByExtension(const QString& path)
+TransferOutcome CatalogueFileFlow::LoadByExtension(const QString& path)
 {
     const auto format = catalogueFormatOf(path);
     if (format == CatalogueFormat::Workbook)
-        m_transfer.LoadWorkbookIntoList(path);
-    else if (format == CatalogueFormat::Database)
-        m_transfer.LoadDatabaseIntoList(path);
+        return m_transfer.LoadWorkbookIntoList(path);
+    if (format == CatalogueFormat::Database)
+        return m_transfer.LoadDatabaseIntoList(path);
+    return TransferOutcome::Failed;
 }
 
-// A cancelled dialog leaves the current file as it was.
+// A cancelled dialog leaves the current file as it was, and so does a save that wrote nothing:
+// the label never names a file that was not written.
 void CatalogueFileFlow::askAndSave(const QString& startFolder)
 {
     const QString path = AskSaveFile(saveTitle(), startFolder);
-    if (path.isEmpty())
-        return;
-    m_catalogue.setCurrentFile(path);
-    SaveByExtension(path);
+    if (!path.isEmpty() && SaveByExtension(path) != TransferOutcome::Failed)
+        m_catalogue.setCurrentFile(path);
 }
 
 // "c:" and "c:\" are the Windows start folders: the dialogs map both to the last folder used or
 // the home folder (see docs/platform.md).
 void CatalogueFileFlow::save()
 {
-    if (!m_catalogue.currentFile().isEmpty())
-        return SaveByExtension(m_catalogue.currentFile());
-    askAndSave(QStringLiteral("c:"));
+    if (m_catalogue.currentFile().isEmpty())
+        askAndSave(QStringLiteral("c:"));
+    else
+        SaveByExtension(m_catalogue.currentFile());
 }
 
 void CatalogueFileFlow::saveAs()
@@ -123,25 +131,45 @@ void CatalogueFileFlow::loadFromFile()
         openFile(path);
 }
 
+// A file that could not be read leaves the current file as it was, so "&Guardar" never
+// replaces a file the readers refused.
 void CatalogueFileFlow::openFile(const QString& path)
 {
-    m_catalogue.setCurrentFile(path);
-    LoadByExtension(path);
+    if (!catalogueFormatOf(path)) {
+        refuseUnknownFile(path);
+        return;
+    }
+    if (LoadByExtension(path) != TransferOutcome::Failed)
+        m_catalogue.setCurrentFile(path);
 }
 
-void CatalogueFileFlow::saveToCurrentFile(const QString& currentFile)
+// A file handed over at start (or by a later start) that is neither a workbook nor a database.
+void CatalogueFileFlow::refuseUnknownFile(const QString& path)
 {
-    SaveByExtension(currentFile);
+    m_dialogs.messageBox(QStringLiteral("No se puede abrir %1: Nubo abre solamente listas "
+                                        "guardadas como libro de Excel (.xls) o base de datos de "
+                                        "Access (.mdb).")
+                             .arg(path),
+                         QStringLiteral("Error al leer archivo"));
+    m_catalogue.ShowInfoMessage(
+        QStringLiteral("No se puede abrir %1: no es un archivo .xls ni .mdb").arg(path), 10000,
+        catalogue::colours::kRed);
 }
 
+bool CatalogueFileFlow::saveToCurrentFile(const QString& currentFile)
+{
+    return SaveByExtension(currentFile) == TransferOutcome::Done;
+}
+
+// Leaving this dialog without a name stops the emptying without any message.
 QString CatalogueFileFlow::askSaveAsName()
 {
-    return AskSaveFile(QStringLiteral("Guardar como"), QStringLiteral("c:"));
+    return chooseSaveFile(QStringLiteral("Guardar como"), QStringLiteral("c:"));
 }
 
-void CatalogueFileFlow::saveToPath(const QString& path)
+bool CatalogueFileFlow::saveToPath(const QString& path)
 {
-    SaveByExtension(path);
+    return SaveByExtension(path) == TransferOutcome::Done;
 }
 
 } // namespace nubo::database

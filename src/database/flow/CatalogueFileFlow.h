@@ -22,22 +22,26 @@ public:
 
     QString AskOpenFile();
     QString AskSaveFile(const QString& title, const QString& startFolder);
-    void SaveByExtension(const QString& path);
-    void LoadByExtension(const QString& path);
-    // What "&Desde Archivo" does with the chosen file (it becomes the current file, its rows
-    // are appended); also for a file named when the program starts.
+    // A path of neither form reaches no writer or reader: Failed, and nothing is said.
+    TransferOutcome SaveByExtension(const QString& path);
+    TransferOutcome LoadByExtension(const QString& path);
+    // What "&Desde Archivo" does with the chosen file (its rows are appended, and once it has
+    // been read it becomes the current file); also for a file named when the program starts,
+    // which is refused with a message unless it is a workbook or a database.
     void openFile(const QString& path);
 
     // ICatalogueSaveFlow
-    void saveToCurrentFile(const QString& currentFile) override;
+    bool saveToCurrentFile(const QString& currentFile) override;
     QString askSaveAsName() override;
-    void saveToPath(const QString& path) override;
+    bool saveToPath(const QString& path) override;
 
     static QString openFilter();
     static QString saveFilter();
 
 private:
     QString withKnownExtension(const QString& chosen) const;
+    QString chooseSaveFile(const QString& title, const QString& startFolder);
+    void refuseUnknownFile(const QString& path);
     void askAndSave(const QString& startFolder);
 
     catalogue::Catalogue& m_catalogue;

@@ -20,6 +20,12 @@ QString officeLogText()
     return QStringLiteral("Office 97 incorrecto, mal instalado o sin instalar.");
 }
 
+// The writer's own reason for a failed save, on a line of its own after the program's text.
+QString causeLine(const QString& reason)
+{
+    return reason.isEmpty() ? QString() : QStringLiteral("\nCausa: ") + reason;
+}
+
 } // namespace
 
 CatalogueTransfer::CatalogueTransfer(const TransferServices& services, QObject* parent)
@@ -34,13 +40,18 @@ CatalogueHeader CatalogueTransfer::header() const
     return {captions[0], captions[1], captions[2], captions[3]};
 }
 
-// Rows removed while events ran are saved as empty records rather than read past the end.
-CatalogueRecord CatalogueTransfer::record(int position) const
+// The rows a save writes, top first, taken once as it starts: nothing that runs while the save
+// lets events run can put blank or shifted rows into the file.
+QList<CatalogueRecord> CatalogueTransfer::records() const
 {
-    if (position >= m_s.catalogue.list().count())
-        return {};
-    const catalogue::CatalogueRow& row = m_s.catalogue.list().row(position);
-    return {row.nombre, row.direccion, row.origen, row.formato};
+    const catalogue::CatalogueList& list = m_s.catalogue.list();
+    QList<CatalogueRecord> rows;
+    rows.reserve(list.count());
+    for (int p = 0; p < list.count(); ++p) {
+        const catalogue::CatalogueRow& row = list.row(p);
+        rows.append({row.nombre, row.direccion, row.origen, row.formato});
+    }
+    return rows;
 }
 
 void CatalogueTransfer::appendRow(const CatalogueRecord& record)
@@ -49,11 +60,11 @@ void CatalogueTransfer::appendRow(const CatalogueRecord& record)
         {record.nombre, record.direccion, record.origen, record.formato, loadedRowDrive()});
 }
 
-// Lets pending events run, then reads the cancel flag: once per row.
-bool CatalogueTransfer::cancelSeen()
+// Lets pending events run, then reads the cancel and exit flags: once per row.
+bool CatalogueTransfer::stopSeen()
 {
     m_s.view.processEvents();
-    return m_cancel;
+    return m_cancel || m_exiting;
 }
 
 void CatalogueTransfer::showStatus(const QString& text, qint16 delayMs, quint32 colour)
@@ -73,7 +84,7 @@ void CatalogueTransfer::reportAdded(const QString& count, bool cancelled)
                    15000, kWhite);
 }
 
-void CatalogueTransfer::showLoaded(qsizetype added, const QString& path, bool cancelled)
+TransferOutcome CatalogueTransfer::showLoaded(qsizetype added, const QString& path, bool cancelled)
 {
     const QString tail = QString::number(added) + QStringLiteral(" archivos desde ") + path;
     if (cancelled)
@@ -81,22 +92,26 @@ void CatalogueTransfer::showLoaded(qsizetype added, const QString& path, bool ca
     else
         showStatus(QStringLiteral("Se han agregado ") + tail, 15000, kWhite);
     m_s.catalogue.UpdateCountLine();
+    return cancelled ? TransferOutcome::Cancelled : TransferOutcome::Done;
 }
 
-// A workbook that cannot be built. The path and the text meet without a separator, kept so.
-void CatalogueTransfer::workbookSaveFailed(const QString& path)
+// A workbook that cannot be built. The path and the text meet without a separator, kept so;
+// the writer's reason follows the program's texts, which blame the spreadsheet application.
+TransferOutcome CatalogueTransfer::workbookSaveFailed(const QString& path, const QString& reason)
 {
     m_s.dialogs.messageBox(
         QStringLiteral("Microsoft Office 97 no se encuentra instalado,o su instalación no es "
-                       "correcta o la versión  es anterior al la 97"),
+                       "correcta o la versión  es anterior al la 97") +
+            causeLine(reason),
         QStringLiteral("Error al guardar archivo"));
     showStatus(QStringLiteral("No se puede acceder al archivo ") + path +
-                   QStringLiteral("Version de Office Incompatible"),
+                   QStringLiteral("Version de Office Incompatible") + causeLine(reason),
                10000, kRed);
     m_s.log.AnotarEnLog(officeLogText() + QLatin1Char('%') + path + QStringLiteral("%Write"));
+    return TransferOutcome::Failed;
 }
 
-void CatalogueTransfer::workbookLoadFailed(const QString& path)
+TransferOutcome CatalogueTransfer::workbookLoadFailed(const QString& path)
 {
     m_s.dialogs.messageBox(
         QStringLiteral("Microsoft Office 97 no se encuentra instalado,o su instalación es "
@@ -106,25 +121,34 @@ void CatalogueTransfer::workbookLoadFailed(const QString& path)
                    QStringLiteral(". Version de Office Incompatible"),
                10000, kRed);
     m_s.log.AnotarEnLog(officeLogText() + QLatin1Char('%') + path + QStringLiteral("%Read"));
+    return TransferOutcome::Failed;
 }
 
-void CatalogueTransfer::fileFailed(const QString& path)
+TransferOutcome CatalogueTransfer::fileFailed(const QString& path, const QString& reason)
 {
     showStatus(QStringLiteral("No se puede acceder al archivo ") + path +
-                   QStringLiteral(" Compruebe que el archivo exista y no sea de solo lectura"),
+                   QStringLiteral(" Compruebe que el archivo exista y no sea de solo lectura") +
+                   causeLine(reason),
                10000, kRed);
+    return TransferOutcome::Failed;
 }
 
-// A target the user may replace: an existing folder we can write in, and no read-only file
-// (the owner's write bit counts, so a read-only file is kept even for the superuser).
-bool CatalogueTransfer::targetWritable(const QString& path)
+// Why the target may not be replaced, or an empty text: it needs an existing folder we can
+// write in, and no read-only file (the owner's write bit counts, so a read-only file is kept
+// even for the superuser).
+QString CatalogueTransfer::targetRefusal(const QString& path) const
 {
     const QFileInfo target(path);
     const QFileInfo folder(target.absolutePath());
-    if (!folder.isDir() || !folder.isWritable())
-        return false;
-    return !target.exists() ||
-           (target.isFile() && target.isWritable() && target.permission(QFile::WriteOwner));
+    if (!folder.isDir())
+        return QStringLiteral("La carpeta %1 no existe.").arg(folder.filePath());
+    if (!folder.isWritable())
+        return QStringLiteral("No se puede escribir en la carpeta %1.").arg(folder.filePath());
+    if (target.exists() && !target.isFile())
+        return QStringLiteral("%1 no es un archivo.").arg(path);
+    if (target.exists() && (!target.isWritable() || !target.permission(QFile::WriteOwner)))
+        return QStringLiteral("El archivo es de solo lectura.");
+    return {};
 }
 
 } // namespace nubo::database

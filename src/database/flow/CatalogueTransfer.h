@@ -3,6 +3,7 @@
 #include "database/CatalogueRecord.h"
 #include "database/SheetSettings.h"
 
+#include <QList>
 #include <QObject>
 
 namespace nubo::core {
@@ -22,6 +23,11 @@ namespace nubo::database {
 
 class ITransferView;
 
+// How a save or load ended: every row written or read; stopped by the cancel flag (a save
+// still leaves a file with the rows written so far, a load keeps the rows read); or nothing
+// done (failed, refused, or stopped because the program ends): the previous file untouched.
+enum class TransferOutcome { Done, Cancelled, Failed };
+
 // The services a catalogue save or load reports to.
 struct TransferServices
 {
@@ -35,20 +41,23 @@ struct TransferServices
 
 // Writes the catalogue list into a workbook or database and appends one's rows to it, row by
 // row, letting window events run before each row so that the cancel flag can stop the loop.
+// A save writes the rows as they stood when it started; while it runs the catalogue is busy.
 class CatalogueTransfer final : public QObject
 {
     Q_OBJECT
 public:
     explicit CatalogueTransfer(const TransferServices& services, QObject* parent = nullptr);
 
-    void SaveListToWorkbook(const QString& path);
-    void LoadWorkbookIntoList(const QString& path);
-    void SaveListToDatabase(const QString& path);
-    void LoadDatabaseIntoList(const QString& path);
+    TransferOutcome SaveListToWorkbook(const QString& path);
+    TransferOutcome LoadWorkbookIntoList(const QString& path);
+    TransferOutcome SaveListToDatabase(const QString& path);
+    TransferOutcome LoadDatabaseIntoList(const QString& path);
 
     // The cancel flag that Escape raises; each loop clears it when it starts.
     void raiseCancelFlag() { m_cancel = true; }
-    bool isRunning() const { return m_running; }
+    // The program ends: a running save or load stops at its next row, and a save then writes
+    // nothing, so the previous file stays byte for byte.
+    void stopForExit() { m_exiting = true; }
 
 signals:
     // A loaded workbook has put its sheet name into the sheet settings.
@@ -58,20 +67,21 @@ private:
     friend class TransferRun;
 
     CatalogueHeader header() const;
-    CatalogueRecord record(int row) const;
+    QList<CatalogueRecord> records() const;
     void appendRow(const CatalogueRecord& record);
-    bool cancelSeen();
+    bool stopSeen();
     void showStatus(const QString& text, qint16 delayMs, quint32 colour);
     void reportAdded(const QString& text, bool cancelled);
-    void workbookSaveFailed(const QString& path);
-    void workbookLoadFailed(const QString& path);
-    void fileFailed(const QString& path);
-    bool targetWritable(const QString& path);
-    void showLoaded(qsizetype added, const QString& path, bool cancelled);
+    TransferOutcome workbookSaveFailed(const QString& path, const QString& reason);
+    TransferOutcome workbookLoadFailed(const QString& path);
+    TransferOutcome fileFailed(const QString& path, const QString& reason);
+    QString targetRefusal(const QString& path) const;
+    bool refuseTooLongForDatabase(const QList<CatalogueRecord>& rows, const QString& path);
+    TransferOutcome showLoaded(qsizetype added, const QString& path, bool cancelled);
 
     TransferServices m_s;
     bool m_cancel = false;
-    bool m_running = false;
+    bool m_exiting = false;
 };
 
 } // namespace nubo::database

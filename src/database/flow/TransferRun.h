@@ -1,28 +1,31 @@
 #pragma once
 
+#include "catalogue/Catalogue.h"
 #include "database/flow/CatalogueTransfer.h"
 #include "database/flow/ITransferView.h"
 
 namespace nubo::database {
 
-// One save or load: refuses to start inside another, clears the cancel flag, and gives the
-// list and the progress bar back on every way out.
+// One save or load: refuses to start while another has the list, holds the list busy (so
+// commands that change it are refused while events run), clears the cancel and exit flags,
+// and gives the list and the progress bar back on every way out.
 class TransferRun final
 {
 public:
     explicit TransferRun(CatalogueTransfer& transfer)
-        : m_transfer(transfer), m_entered(!transfer.m_running)
+        : m_transfer(transfer), m_entered(!transfer.m_s.catalogue.refuseWhileBusy())
     {
         if (!m_entered)
             return;
-        transfer.m_running = true;
+        transfer.m_s.catalogue.setBusy(true);
         transfer.m_cancel = false;
+        transfer.m_exiting = false;
     }
     ~TransferRun()
     {
         hideProgress();
         if (m_entered)
-            m_transfer.m_running = false;
+            m_transfer.m_s.catalogue.setBusy(false);
     }
     TransferRun(const TransferRun&) = delete;
     TransferRun& operator=(const TransferRun&) = delete;

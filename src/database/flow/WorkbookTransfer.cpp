@@ -13,46 +13,50 @@ namespace nubo::database {
 
 using catalogue::colours::kWhite;
 
-void CatalogueTransfer::SaveListToWorkbook(const QString& path)
+TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
 {
     TransferRun run(*this);
     if (!run)
-        return;
-    if (!targetWritable(path))
-        return fileFailed(path);
-    const int n = m_s.catalogue.list().count();
+        return TransferOutcome::Failed;
+    if (const QString refusal = targetRefusal(path); !refusal.isEmpty())
+        return fileFailed(path, refusal);
+    const QList<CatalogueRecord> rows = records();
+    const int n = int(rows.size());
     std::optional<SheetStyle> style;
     if (m_s.options.isOn(core::Option::ConfigExcel))
         style = m_s.sheet.style;
     WorkbookWriter writer;
     if (!writer.begin(path, {m_s.sheet.sheetName, header(), style}, n))
-        return workbookSaveFailed(path);
+        return workbookSaveFailed(path, writer.errorString());
     run.showProgress(n);
     int r = 3; // the sheet row; list row r - 2
     bool cancelled = false;
     for (; r <= n + 2; ++r) {
-        if (cancelSeen()) {
+        if (stopSeen()) {
             cancelled = true;
             break;
         }
         m_s.view.setProgress(r - 2);
-        if (!writer.addRow(record(r - 3)))
-            return workbookSaveFailed(path);
+        if (!writer.addRow(rows[r - 3]))
+            return workbookSaveFailed(path, writer.errorString());
     }
+    if (m_exiting)
+        return TransferOutcome::Failed; // nothing was written: the previous file stays
     if (cancelled)
         writer.dropStyle(); // a cancelled save is still written, unstyled
     if (!writer.finish())
-        return fileFailed(path);
+        return fileFailed(path, writer.errorString());
     run.hideProgress();
     // The count is the row counter at loop exit minus 3: the rows written.
     reportAdded(QString::number(r - 3), cancelled);
+    return cancelled ? TransferOutcome::Cancelled : TransferOutcome::Done;
 }
 
-void CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
+TransferOutcome CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
 {
     TransferRun run(*this);
     if (!run)
-        return;
+        return TransferOutcome::Failed;
     WorkbookReader reader;
     if (!reader.open(path))
         return workbookLoadFailed(path);
@@ -73,7 +77,7 @@ void CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
     qsizetype added = 0;
     bool cancelled = false;
     for (qint64 r = 3; r <= lastRow; ++r) {
-        if (cancelSeen()) {
+        if (stopSeen()) {
             cancelled = true;
             break;
         }
@@ -85,7 +89,7 @@ void CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
         m_s.view.setProgress(int(r - 2));
     }
     run.hideProgress();
-    showLoaded(added, path, cancelled);
+    return showLoaded(added, path, cancelled);
 }
 
 } // namespace nubo::database

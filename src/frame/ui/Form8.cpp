@@ -82,10 +82,11 @@ Form8::Form8(IFrameWindows& windows, QWidget* parent) : QWidget(parent), m_windo
             [this] { m_windows.showWindow(FrameWindow::Author); });
     connect(options, &QAction::triggered, this,
             [this] { m_windows.showWindow(FrameWindow::Options); });
-    // The list window's own exit handling runs first, then the program ends.
+    // The list window's own exit handling runs first, then the program ends, unless the list
+    // window kept its rows because their save did not happen.
     connect(quit, &QAction::triggered, this, [this] {
-        m_windows.runListExit();
-        m_windows.endProgram();
+        if (m_windows.runListExit())
+            m_windows.endProgram();
     });
 }
 

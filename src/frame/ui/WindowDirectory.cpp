@@ -62,10 +62,9 @@ void WindowDirectory::emptyList()
         m_emptyList();
 }
 
-void WindowDirectory::runListExit()
+bool WindowDirectory::runListExit()
 {
-    if (m_listExit)
-        m_listExit();
+    return !m_listExit || m_listExit();
 }
 
 void WindowDirectory::endProgram()

@@ -16,7 +16,7 @@ class WindowDirectory final : public IFrameWindows
 {
 public:
     void connectWindow(FrameWindow window, QWidget* widget);
-    void setListExit(std::function<void()> listExit) { m_listExit = std::move(listExit); }
+    void setListExit(std::function<bool()> listExit) { m_listExit = std::move(listExit); }
     void setEmptyList(std::function<void()> emptyList) { m_emptyList = std::move(emptyList); }
     void setEndProgram(std::function<void()> endProgram) { m_endProgram = std::move(endProgram); }
 
@@ -26,7 +26,7 @@ public:
     QRect windowRect(FrameWindow window) const override;
     void moveWindow(FrameWindow window, QPoint topLeft) override;
     void emptyList() override;
-    void runListExit() override;
+    bool runListExit() override;
     void endProgram() override;
 
 private:
@@ -34,7 +34,7 @@ private:
     QWidget* widget(FrameWindow window) const { return m_windows[std::size_t(window)]; }
 
     std::array<QPointer<QWidget>, 4> m_windows;
-    std::function<void()> m_listExit;
+    std::function<bool()> m_listExit;
     std::function<void()> m_emptyList;
     std::function<void()> m_endProgram;
 };

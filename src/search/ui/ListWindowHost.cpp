@@ -124,6 +124,11 @@ void ListWindowHost::setVolumeDetails(const QString& serial, const QString& maxC
     m_form.lblFlags->setText(QString(flags).replace(QStringLiteral("&&"), QStringLiteral("&")));
 }
 
+bool ListWindowHost::refuseWhileListBusy()
+{
+    return m_catalogue.refuseWhileBusy();
+}
+
 void ListWindowHost::RunSearch()
 {
     if (m_engine)

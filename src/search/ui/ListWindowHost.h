@@ -32,6 +32,7 @@ public:
     void setGroupName(const QString& name) override;
     void updateCountLine() override;
     void showInfoMessage(const QString& text, int delayMs, quint32 rgb) override;
+    bool refuseWhileListBusy() override;
     void setCaption(const QString& caption) override;
     void setFindMenuVisible(bool visible) override;
     void setFindMenuCaption(const QString& caption) override;
