@@ -2,6 +2,7 @@
 
 #include "platform/DriveType.h"
 
+#include <QList>
 #include <QString>
 
 namespace nubo::platform {
@@ -27,5 +28,17 @@ struct DriveInfo
         return mountPoint;
     }
 };
+
+// The path a drive-list text stands for: a labelled drive's own entry text loses its
+// " [label]"; any other text stays whole, so a folder named "Disco [2]" keeps its name.
+inline QString pathOfDriveText(const QList<DriveInfo>& drives, const QString& text)
+{
+    for (const DriveInfo& drive : drives) {
+        if (drive.hasMedium && !drive.label.isEmpty() && text != drive.mountPoint &&
+            text == drive.listText())
+            return drive.mountPoint;
+    }
+    return text;
+}
 
 } // namespace nubo::platform

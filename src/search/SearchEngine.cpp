@@ -84,7 +84,7 @@ bool SearchEngine::askGroupName()
 void SearchEngine::ShowVolumeDetails(const QString& root)
 {
     const std::optional<platform::VolumeDetails> details =
-        m_services.volumes.details(DriveList::pathOf(root));
+        m_services.volumes.details(DriveList(m_services.drives).pathOf(root));
     if (!details)
         return;
     m_services.host.setVolumeName(details->label);
@@ -116,7 +116,7 @@ QString SearchEngine::startPathFor(const QString& folder, const QString& driveTe
     QString clean = folder;
     while (clean.size() > 1 && clean.endsWith(QLatin1Char('/')))
         clean.chop(1);
-    QString driveRoot = DriveList::pathOf(driveText);
+    QString driveRoot = DriveList(m_services.drives).pathOf(driveText);
     while (driveRoot.size() > 1 && driveRoot.endsWith(QLatin1Char('/')))
         driveRoot.chop(1);
     // At a drive's root the walk starts from the drive list's text, label included, so the
@@ -162,6 +162,25 @@ void SearchEngine::RunSearch()
     host.setBusyCursor(false);
     host.setFolderStrip(QString());
     reportOutcome(countBefore);
+    reportOverflow();
+}
+
+void SearchEngine::reportOverflow()
+{
+    if (m_overflowFolder.isEmpty())
+        return;
+    const QString what = m_walker.MatchCount.value() >= SearchCounter::kSixteenBitLimit
+                             ? QStringLiteral("32.767 archivos encontrados")
+                             : QStringLiteral("32.767 carpetas recorridas");
+    // The counters stop the walk as 16-bit counters do; this box says so and where.
+    m_services.dialogs.messageBox(
+        QStringLiteral("La búsqueda se detuvo al llegar a %1, en la carpeta:\n%2\n\n"
+                       "Los archivos siguientes no se agregaron a la lista. Busque el resto "
+                       "carpeta por carpeta, o use \"nubo-cli scan\", que no tiene este "
+                       "límite.")
+            .arg(what, m_overflowFolder),
+        QStringLiteral("Búsqueda detenida en 32.767"));
+    m_overflowFolder.clear();
 }
 
 void SearchEngine::walkOncePerFloppy()
@@ -176,6 +195,7 @@ void SearchEngine::walkOncePerFloppy()
             m_walker.WalkFolder(StartPath);
         } catch (const SearchOverflow&) {
             // The overflow abandons this walk; the driver goes on with its next statement.
+            m_overflowFolder = m_walker.currentFolder();
         }
     }
 }

@@ -60,10 +60,12 @@ private:
     QString driveRootOf(const QString& folder) const;
     void walkOncePerFloppy();
     void reportOutcome(int countBefore);
+    void reportOverflow();
 
     Services m_services;
     QLocale m_locale;
     FolderWalker m_walker;
+    QString m_overflowFolder; // where the last walk hit the 16-bit limit; empty when it did not
 };
 
 } // namespace nubo::search

@@ -135,6 +135,19 @@ private slots:
         QCOMPARE(rig.host.rows, QStringList{"/raiz.mp3"});
     }
 
+    void onlyALabelledDrivesOwnTextLosesItsLabel()
+    {
+        Rig rig;
+        rig.drives.list.clear();
+        rig.drives.add("/", platform::DriveType::Fixed, "sistema");
+        rig.drives.add("/media/ana/Disco [2]", platform::DriveType::Removable);
+        rig.engine.ShowVolumeDetails("/ [sistema]");
+        rig.engine.ShowVolumeDetails("/media/ana/Disco [2]");
+        rig.engine.ShowVolumeDetails("/media/ana/Otro [x]");
+        QCOMPARE(rig.volumes.asked,
+                 (QStringList{"/", "/media/ana/Disco [2]", "/media/ana/Otro [x]"}));
+    }
+
     void theMatchOverflowAbandonsTheWalkAndKeepsTheCount()
     {
         Rig rig;
@@ -157,6 +170,16 @@ private slots:
                  QStringLiteral("Han sido agregados 32767 archivos a la lista"));
         QCOMPARE(rig.host.caption, QStringLiteral("La Búsqueda ha finalizado con exito"));
         QCOMPARE(rig.host.batchDepth, 0);
+        // The stop is then told in a box of its own, with the folder and the way round it.
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        const QString told = rig.dialogs.asked[0].text;
+        QVERIFY2(told.contains("32.767 archivos") && told.contains("/big/") &&
+                     told.contains("nubo-cli scan"),
+                 qPrintable(told));
+        // A later search that ends normally says nothing more.
+        rig.drives.floppies = {true, false};
+        rig.searchFolder("/m");
+        QCOMPARE(rig.dialogs.asked.size(), 1);
     }
 
     void theGroupNameAnswers_data()

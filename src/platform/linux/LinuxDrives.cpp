@@ -73,7 +73,7 @@ QList<DriveInfo> LinuxDrives::drives() const
 {
     QList<DriveInfo> list;
     QStringList mountedDevices;
-    for (const MountEntry& entry : table().entries()) {
+    for (const MountEntry& entry : table().offered(QDir::homePath())) {
         list.append(describe(entry));
         mountedDevices.append(QFileInfo(entry.device).canonicalFilePath());
     }
@@ -107,10 +107,9 @@ std::optional<MountEntry> LinuxDrives::volumeOf(const QString& path) const
 
 DriveType LinuxDrives::driveType(const QString& drive) const
 {
-    QString text = drive;
-    const qsizetype bracket = text.indexOf(QStringLiteral(" ["));
-    if (bracket > 0 && text.endsWith(QLatin1Char(']')))
-        text.truncate(bracket);
+    // Only a text that ends like a labelled entry needs the drive list to be read.
+    const QString text =
+        drive.endsWith(QLatin1Char(']')) ? pathOfDriveText(drives(), drive) : drive;
     if (MountTable::isOpticalDevice(text) && QFileInfo::exists(text))
         return DriveType::CdRom;
     QString mountPoint = MountTable::prefixOf(text);
