@@ -30,12 +30,14 @@ struct DriveInfo
 };
 
 // The path a drive-list text stands for: a labelled drive's own entry text loses its
-// " [label]"; any other text stays whole, so a folder named "Disco [2]" keeps its name.
+// " [label]" and a mounted drive's device node stands for its mount point; any other text
+// stays whole, so a folder named "Disco [2]" keeps its name.
 inline QString pathOfDriveText(const QList<DriveInfo>& drives, const QString& text)
 {
     for (const DriveInfo& drive : drives) {
-        if (drive.hasMedium && !drive.label.isEmpty() && text != drive.mountPoint &&
-            text == drive.listText())
+        if (!drive.hasMedium || drive.mountPoint.isEmpty() || text == drive.mountPoint)
+            continue;
+        if ((!drive.label.isEmpty() && text == drive.listText()) || text == drive.device)
             return drive.mountPoint;
     }
     return text;

@@ -4,6 +4,9 @@
 #include "search/DriveList.h"
 #include "search/DriveSpace.h"
 
+#include <QElapsedTimer>
+#include <QThread>
+
 namespace nubo::search {
 
 namespace {
@@ -24,8 +27,9 @@ void SearchEngine::StartSearch(const QString& drive)
 {
     using platform::MessageAnswer;
     using platform::MessageButtons;
+    QString target = drive;
     for (;;) {
-        const int error = prepareAndRun(drive);
+        const int error = prepareAndRun(target);
         if (error == 0)
             return;
         if (error != core::errors::kDeviceUnavailable) {
@@ -34,15 +38,40 @@ void SearchEngine::StartSearch(const QString& drive)
                                           QStringLiteral("Error Desconocido"));
             return;
         }
+        // A disc that is in but not mounted is not an empty drive: it is mounted, or said to
+        // hold no files (an audio CD), and its tray stays shut.
+        if (m_services.tray.mediumPresent(target)) {
+            const QString mountPoint = m_services.tray.mountMedium(target);
+            if (mountPoint.isEmpty()) {
+                m_services.dialogs.messageBox(
+                    QStringLiteral("El disco de la unidad no contiene archivos"),
+                    QStringLiteral("No se puede leer el disco"));
+                return;
+            }
+            target = mountPoint;
+            continue;
+        }
         // A drive without a disc: the tray opens, and the prompt repeats while it stays empty.
-        m_services.tray.EjectTray(drive);
+        m_services.tray.EjectTray(target);
         const MessageAnswer answer = m_services.dialogs.messageBox(
             QStringLiteral("Por Favor Inserte un CD en la unidad, pero sin cerrarla, el "
                            "programa lo hará por Usted "),
             QStringLiteral("No hay CD en la bandeja"), MessageButtons::OkCancel);
-        m_services.tray.CloseTray(drive);
+        m_services.tray.CloseTray(target);
         if (answer != MessageAnswer::Ok)
             return;
+        waitForMedium(target);
+    }
+}
+
+void SearchEngine::waitForMedium(const QString& drive)
+{
+    // A shut drive needs a few seconds to read a disc in; events keep running meanwhile.
+    QElapsedTimer waited;
+    waited.start();
+    while (!m_services.tray.mediumPresent(drive) && waited.elapsed() < m_mediumWait) {
+        m_services.host.letEventsRun();
+        QThread::msleep(100);
     }
 }
 

@@ -134,6 +134,7 @@ struct SearchRig
         : engine({host, window, chooser, dialogs, drives, volumes, directories, cdTray},
                  QLocale(QLocale::Spanish, QLocale::Spain))
     {
+        engine.setMediumWait(0);
     }
 
     platform::FakeDrives drives;

@@ -220,6 +220,64 @@ private slots:
             QCOMPARE(rig.host.volume, group);
     }
 
+    // /dev/sr0 holds a disc the desktop has not mounted; mounting it puts it at /media/cd.
+    static void mountableDisc(Rig& rig)
+    {
+        rig.drives.addEmptyCd("/dev/sr0");
+        rig.tray.openable = {"/dev/sr0"};
+        rig.reader.addFolder("/media/cd/", {"pista.mp3"});
+        rig.volumes.detailsByPath.insert("/media/cd", {"MI CD", 1, 255, 0, "iso9660"});
+        rig.window.folder = "/media/cd";
+        rig.tray.onMount = [&rig](const QString& device) {
+            rig.drives.list.removeLast();
+            rig.drives.add("/media/cd", platform::DriveType::CdRom);
+            rig.drives.list.last().device = device;
+            return QStringLiteral("/media/cd");
+        };
+    }
+
+    void aDiscThatIsInButNotMountedIsMountedAndSearched()
+    {
+        Rig rig;
+        mountableDisc(rig);
+        rig.tray.withMedium = {"/dev/sr0"};
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.tray.log, QStringList{"mount /dev/sr0"}); // the tray stays shut
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].kind, QStringLiteral("input")); // the group, no prompt
+        QCOMPARE(rig.volumes.asked.first(), QStringLiteral("/media/cd"));
+        QCOMPARE(rig.host.groupName, QStringLiteral("MI CD"));
+        QCOMPARE(rig.host.rows, QStringList{"/media/cd/pista.mp3"});
+    }
+
+    void aDiscInsertedAtThePromptIsSearchedAfterOneQuestion()
+    {
+        Rig rig;
+        mountableDisc(rig);
+        rig.tray.loadedOnShut = {"/dev/sr0"};
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.dialogs.asked.size(), 2);
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("No hay CD en la bandeja"));
+        QCOMPARE(rig.dialogs.asked[1].kind, QStringLiteral("input"));
+        QCOMPARE(rig.tray.log.filter("eject").size(), 1);
+        QCOMPARE(rig.tray.log.last(), QStringLiteral("mount /dev/sr0"));
+        QVERIFY(!rig.volumes.asked.contains("/dev/sr0"));
+        QCOMPARE(rig.host.rows, QStringList{"/media/cd/pista.mp3"});
+    }
+
+    void anAudioDiscIsNotEjectedButSaidToHoldNoFiles()
+    {
+        Rig rig;
+        rig.drives.addEmptyCd("/dev/sr0");
+        rig.tray.openable = rig.tray.withMedium = {"/dev/sr0"};
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.tray.log, QStringList{"mount /dev/sr0"});
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].text,
+                 QStringLiteral("El disco de la unidad no contiene archivos"));
+        QVERIFY(rig.host.rows.isEmpty());
+    }
+
     void driveErrors()
     {
         Rig rig;
