@@ -15,8 +15,8 @@ namespace nubo::app {
 
 using frame::FrameWindow;
 
-Composition::Composition(const QString& appFolder)
-    : m_appFolder(appFolder),
+Composition::Composition(const QString& appFolder, std::function<void()> prepareAppFolder)
+    : m_prepareAppFolder(std::move(prepareAppFolder)), m_appFolder(appFolder),
       m_log(m_appFolder, [this] { return m_options.isOn(core::Option::EscribirLog); }),
       m_store(m_appFolder, m_options, m_log), m_sheetStore(m_appFolder),
       m_mainWindow({m_appFolder, m_options, m_windows, &m_notifyArea,
@@ -32,9 +32,9 @@ Composition::Composition(const QString& appFolder)
 bool Composition::start()
 {
     showAsNubo();
-    StartupSequence startup(
-        {m_appFolder, m_options, m_store, m_log, m_services, m_dialogs,
-         QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()});
+    StartupSequence startup({m_appFolder, m_options, m_store, m_log, m_services, m_dialogs,
+                             QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath(),
+                             m_prepareAppFolder});
     if (startup.run(m_mainWindow) == StartupSequence::Outcome::EndProgram)
         return false;
     m_list = std::make_unique<catalogue::ListWindow>(catalogue::ListWindowServices{

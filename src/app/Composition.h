@@ -19,8 +19,10 @@
 #include "platform/PlatformServices.h"
 #include "platform/ui/QtDialogs.h"
 #include "print/ui/FormPrint1.h"
+
 #include "search/ui/ListWindowHost.h"
 #include "search/ui/SearchWindows.h"
+#include <functional>
 
 #include <memory>
 
@@ -31,7 +33,8 @@ class Composition final
 {
 public:
     // appFolder: the folder that holds the program's pictures, options and log.
-    explicit Composition(const QString& appFolder);
+    // prepareAppFolder makes appFolder ready once the start-up checks let the program run.
+    explicit Composition(const QString& appFolder, std::function<void()> prepareAppFolder = {});
 
     // Runs start-up; false when the program must end at once.
     bool start();
@@ -52,6 +55,7 @@ private:
     // The sheet configuration window, created on first use (the tray icon takes its icon).
     database::Form7& sheetWindow();
 
+    std::function<void()> m_prepareAppFolder;
     const platform::AppFolder m_appFolder;
     platform::PlatformServices m_services;
     platform::QtDialogs m_dialogs;

@@ -50,6 +50,8 @@ StartupSequence::Outcome StartupSequence::run(core::IStartupView& view)
         return Outcome::EndProgram;
     }
 
+    if (m_deps.prepareAppFolder)
+        m_deps.prepareAppFolder();
     InstanceRegistration(*m_deps.platform.registry, m_deps.log)
         .RegistrarInstancia(view.nativeHandle(), m_deps.options.value(core::Option::MInstances),
                             m_deps.executablePath);

@@ -8,6 +8,8 @@
 #include "platform/IDialogs.h"
 #include "platform/PlatformServices.h"
 
+#include <functional>
+
 namespace nubo::app {
 
 // The main window's load handler: reads the options, refuses a second instance or a start
@@ -26,6 +28,9 @@ public:
         platform::PlatformServices& platform;
         platform::IDialogs& dialogs;
         QString executablePath;
+        // Makes the application folder ready; runs only once the start-up checks let the
+        // program run, so a start they end changes no file.
+        std::function<void()> prepareAppFolder = {};
     };
 
     explicit StartupSequence(Deps deps) : m_deps(std::move(deps)) {}

@@ -47,7 +47,8 @@ int main(int argc, char** argv)
     if (qtTexts.load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&qtTexts);
-    nubo::app::Composition program(nubo::platform::AppFolderLocation::ofRunningProgram().prepare());
+    const auto location = nubo::platform::AppFolderLocation::ofRunningProgram();
+    nubo::app::Composition program(location.folder(), [location] { location.prepare(); });
     // "Abrir con Nubo" and the menu entry's %f pass one catalogue file.
     const QString catalogue = application.arguments().size() > 1
                                   ? QFileInfo(application.arguments().at(1)).absoluteFilePath()

@@ -10,14 +10,11 @@ namespace nubo::catalogue {
 
 namespace {
 
-// The drive part of a drive-list text: its mount point without the " [label]" suffix and
-// without a trailing '/', so that the root volume gives the empty text.
-QString driveOfListText(const QString& text)
+// The drive part of a drive-list text: a labelled drive's mount point without its
+// " [label]", without a trailing '/', so that the root volume gives the empty text.
+QString driveOfListText(const QList<platform::DriveInfo>& drives, const QString& text)
 {
-    QString drive = text;
-    const qsizetype bracket = drive.indexOf(QStringLiteral(" ["));
-    if (bracket > 0 && drive.endsWith(QLatin1Char(']')))
-        drive.truncate(bracket);
+    QString drive = platform::pathOfDriveText(drives, text);
     while (drive.endsWith(QLatin1Char('/')))
         drive.chop(1);
     return drive;
@@ -71,10 +68,11 @@ QString EntryPathResolver::ResolveEntryPath(const CatalogueList& list, int posit
 QString EntryPathResolver::findOnDrives(const QString& rest) const
 {
     const QStringList texts = m_driveList();
+    const QList<platform::DriveInfo> drives = m_drives.drives();
     for (qsizetype i = texts.size() - 1; i >= 0; --i) {
         if (m_drives.driveType(texts.at(i)) == platform::DriveType::Removable)
             return {};
-        const QString candidate = existingSpelling(driveOfListText(texts.at(i)), rest);
+        const QString candidate = existingSpelling(driveOfListText(drives, texts.at(i)), rest);
         if (QFileInfo(candidate).isFile())
             return candidate;
     }

@@ -41,6 +41,11 @@ bool AppFolderLocation::usesUserFolder() const
     return !m_executableFolderWritable || QFileInfo(installedPictures()).isDir();
 }
 
+QString AppFolderLocation::folder() const
+{
+    return usesUserFolder() ? userFolder() : m_executableFolder;
+}
+
 QString AppFolderLocation::prepare() const
 {
     if (!usesUserFolder())

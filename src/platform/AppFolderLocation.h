@@ -22,7 +22,9 @@ public:
     // in the user's data folder; so even root never writes beside /usr/bin.
     bool usesUserFolder() const;
 
-    // The application folder to use. The user's folder is created when missing and given
+    // The application folder to use; nothing is written.
+    QString folder() const;
+    // The application folder, made ready: the user's folder is created when missing and given
     // every installed picture it lacks (so deleted folders come back); none is overwritten.
     QString prepare() const;
 

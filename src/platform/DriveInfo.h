@@ -2,6 +2,7 @@
 
 #include "platform/DriveType.h"
 
+#include <QList>
 #include <QString>
 
 namespace nubo::platform {
@@ -27,5 +28,19 @@ struct DriveInfo
         return mountPoint;
     }
 };
+
+// The path a drive-list text stands for: a labelled drive's own entry text loses its
+// " [label]" and a mounted drive's device node stands for its mount point; any other text
+// stays whole, so a folder named "Disco [2]" keeps its name.
+inline QString pathOfDriveText(const QList<DriveInfo>& drives, const QString& text)
+{
+    for (const DriveInfo& drive : drives) {
+        if (!drive.hasMedium || drive.mountPoint.isEmpty() || text == drive.mountPoint)
+            continue;
+        if ((!drive.label.isEmpty() && text == drive.listText()) || text == drive.device)
+            return drive.mountPoint;
+    }
+    return text;
+}
 
 } // namespace nubo::platform

@@ -12,6 +12,10 @@ struct DirEntry
 {
     QString name;
     bool isFolder = false;
+    // A folder on another file system than the one listed: a mount point below it.
+    bool otherFileSystem = false;
+    // The name's bytes are not valid UTF-8: name holds a lossy decoding of them.
+    bool undecodable = false;
 };
 
 // Lists folders the cheap way: one pass over the directory, no per-entry look-up where the

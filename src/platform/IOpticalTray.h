@@ -16,6 +16,9 @@ public:
     // Result code of the door command: 0 when it succeeded.
     virtual int setDoor(int id, bool open) = 0;
     virtual bool mediumPresent(const QString& device) = 0;
+    // Mounts the disc in the drive the way the desktop does, and gives its mount point; empty
+    // when the disc holds no file system to mount (an audio CD) or the mount failed.
+    virtual QString mountMedium(const QString& device) = 0;
 };
 
 } // namespace nubo::platform

@@ -1,6 +1,7 @@
 #include "platform/MountTable.h"
 
 #include <QSet>
+#include <QStringList>
 
 namespace nubo::platform {
 
@@ -35,6 +36,40 @@ bool MountTable::isPseudo(const QString& fsType)
         "mqueue",   "debugfs", "tracefs",     "securityfs", "pstore", "bpf",
         "configfs", "fusectl", "binfmt_misc", "hugetlbfs",  "autofs", "nsfs"};
     return pseudo.contains(fsType);
+}
+
+bool MountTable::isSystemPlace(const MountEntry& entry)
+{
+    // File systems that hold the system's own state, RAM or packaged programs.
+    static const QSet<QString> systemTypes = {
+        "tmpfs",     "ramfs",    "overlay",    "efivarfs",        "rpc_pipefs", "nfsd",
+        "selinuxfs", "squashfs", "fuse.lxcfs", "fuse.gvfsd-fuse", "fuse.portal"};
+    static const QStringList systemFolders = {"/dev",  "/proc",     "/sys",     "/run",
+                                              "/snap", "/var/snap", "/var/lib", "/boot",
+                                              "/etc",  "/tmp",      "/var/tmp"};
+    static const QString userMedia = QStringLiteral("/run/media/");
+    if (systemTypes.contains(entry.fsType))
+        return true;
+    if (entry.mountPoint.startsWith(userMedia))
+        return false;
+    for (const QString& folder : systemFolders) {
+        if (entry.mountPoint == folder || entry.mountPoint.startsWith(folder + QLatin1Char('/')))
+            return true;
+    }
+    return false;
+}
+
+QList<MountEntry> MountTable::offered(const QString& homePath) const
+{
+    const MountEntry* home = volumeOf(homePath);
+    QList<MountEntry> list;
+    for (const MountEntry& entry : m_entries) {
+        const bool kept = entry.mountPoint == QLatin1String("/") ||
+                          (home && entry.mountPoint == home->mountPoint) || !isSystemPlace(entry);
+        if (kept)
+            list.append(entry);
+    }
+    return list;
 }
 
 MountTable MountTable::parse(const QByteArray& mountinfo)

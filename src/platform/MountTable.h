@@ -25,6 +25,11 @@ public:
     // A drive prefix is the mount point without a trailing '/'; the root volume's is "".
     static QString prefixOf(const QString& mountPoint);
 
+    // The volumes the drive list offers, in table order: what a file manager shows. The root
+    // volume and the one that holds homePath always; system places and RAM never.
+    QList<MountEntry> offered(const QString& homePath) const;
+    static bool isSystemPlace(const MountEntry& entry);
+
     static bool isPseudo(const QString& fsType);
     static bool isOpticalDevice(const QString& device);
     // Type from the mount alone; removability is decided by the caller from sysfs.

@@ -1,41 +1,111 @@
 #include "platform/Wildcard.h"
 
+#include <QList>
+
 namespace nubo::platform {
 
 namespace {
+
+// The mask tokens of Windows file enumeration.
+enum class Token {
+    Literal,
+    AnyRun,    // '*' not followed by '.': any run of characters
+    RunToDot,  // '*' followed by '.': any run that does not take the name's last dot
+    OneOrNone, // '?': one character other than '.', or none before a dot or the end
+    DotOrEnd,  // '.' before a wildcard or at the end: a dot, or the end of the name
+};
+
+struct Item
+{
+    Token token;
+    QChar ch;
+};
 
 bool sameChar(QChar a, QChar b)
 {
     return a == b || a.toCaseFolded() == b.toCaseFolded();
 }
 
+// Trailing blanks and dots are dropped as Windows drops them from a path, but a trailing dot
+// still means "no extension" ("*." names files without one), so one dot is kept.
+QString normalised(const QString& pattern)
+{
+    QString mask = pattern;
+    bool droppedDot = false;
+    while (!mask.isEmpty() &&
+           (mask.back() == QLatin1Char(' ') || mask.back() == QLatin1Char('.'))) {
+        droppedDot = droppedDot || mask.back() == QLatin1Char('.');
+        mask.chop(1);
+    }
+    if (droppedDot && !mask.isEmpty())
+        mask.append(QLatin1Char('.'));
+    // A run of stars is one star: "**.*" is "*.*".
+    while (mask.contains(QLatin1String("**")))
+        mask.replace(QLatin1String("**"), QLatin1String("*"));
+    return mask;
+}
+
+QList<Item> tokens(const QString& mask)
+{
+    QList<Item> items;
+    for (qsizetype i = 0; i < mask.size(); ++i) {
+        const QChar c = mask[i];
+        const QChar next = i + 1 < mask.size() ? mask[i + 1] : QChar();
+        if (c == QLatin1Char('*'))
+            items.append({next == QLatin1Char('.') ? Token::RunToDot : Token::AnyRun, c});
+        else if (c == QLatin1Char('?'))
+            items.append({Token::OneOrNone, c});
+        else if (c == QLatin1Char('.') &&
+                 (next.isNull() || next == QLatin1Char('*') || next == QLatin1Char('?')))
+            items.append({Token::DotOrEnd, c});
+        else
+            items.append({Token::Literal, c});
+    }
+    return items;
+}
+
 } // namespace
 
 bool wildcardMatch(const QString& pattern, const QString& name)
 {
+    const QString mask = normalised(pattern);
     // "*.*" names every file, with or without a dot.
-    if (pattern == QLatin1String("*.*"))
+    if (mask == QLatin1String("*.*") || mask == QLatin1String("*"))
         return true;
-    // Iterative glob with single backtracking point: linear in practice, never recursive.
-    qsizetype p = 0, n = 0, starP = -1, starN = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == QLatin1Char('*')) {
-            starP = p++;
-            starN = n;
-        } else if (p < pattern.size() &&
-                   (pattern[p] == QLatin1Char('?') || sameChar(pattern[p], name[n]))) {
-            ++p;
-            ++n;
-        } else if (starP >= 0) {
-            p = starP + 1;
-            n = ++starN;
-        } else {
-            return false;
+    const QList<Item> items = tokens(mask);
+    const qsizetype length = name.size();
+    const qsizetype lastDot = name.lastIndexOf(QLatin1Char('.'));
+    const QChar dot(QLatin1Char('.'));
+    // next[n]: the rest of the mask after the current token matches name from n. Filled from
+    // the mask's end, so the cost is the mask length times the name length, never exponential.
+    QList<bool> next(length + 1, false);
+    next[length] = true;
+    for (qsizetype p = items.size() - 1; p >= 0; --p) {
+        QList<bool> here(length + 1, false);
+        for (qsizetype n = length; n >= 0; --n) {
+            const bool atEnd = n == length;
+            switch (items[p].token) {
+            case Token::Literal:
+                here[n] = !atEnd && sameChar(items[p].ch, name[n]) && next[n + 1];
+                break;
+            case Token::AnyRun:
+                here[n] = next[n] || (!atEnd && here[n + 1]);
+                break;
+            case Token::RunToDot:
+                here[n] = next[n] || (!atEnd && n != lastDot && here[n + 1]);
+                break;
+            case Token::OneOrNone:
+                here[n] = (!atEnd && name[n] != dot && next[n + 1]) ||
+                          ((atEnd || name[n] == dot) && next[n]);
+                break;
+            case Token::DotOrEnd:
+                here[n] = (!atEnd && name[n] == dot && next[n + 1]) || (atEnd && next[n]);
+                break;
+            }
         }
+        next = here;
     }
-    while (p < pattern.size() && pattern[p] == QLatin1Char('*'))
-        ++p;
-    return p == pattern.size();
+    return next[0];
 }
 
 } // namespace nubo::platform

@@ -11,6 +11,18 @@ QString CdTray::deviceOf(const QString& drive) const
     return index < 0 ? QString() : list.entries()[index].device;
 }
 
+bool CdTray::mediumPresent(const QString& drive)
+{
+    const QString device = deviceOf(drive);
+    return !device.isEmpty() && m_tray.mediumPresent(device);
+}
+
+QString CdTray::mountMedium(const QString& drive)
+{
+    const QString device = deviceOf(drive);
+    return device.isEmpty() ? QString() : m_tray.mountMedium(device);
+}
+
 bool CdTray::OpenCdDevice(const QString& drive)
 {
     const int id = m_tray.open(deviceOf(drive));

@@ -22,6 +22,9 @@ public:
 
     // The device node a drive text stands for; empty when no drive answers to it.
     QString deviceOf(const QString& drive) const;
+    bool mediumPresent(const QString& drive);
+    // The mount point of the drive's disc, mounting it when needed; empty when it has none.
+    QString mountMedium(const QString& drive);
 
     int CdDeviceId = -1;
     int DoorResult = 0; // result of the last door command, kept and never read

@@ -61,12 +61,9 @@ int DriveList::check(const QString& text) const
     return 0;
 }
 
-QString DriveList::pathOf(const QString& driveText)
+QString DriveList::pathOf(const QString& driveText) const
 {
-    const qsizetype bracket = driveText.indexOf(QStringLiteral(" ["));
-    if (bracket > 0 && driveText.endsWith(QLatin1Char(']')))
-        return driveText.left(bracket);
-    return driveText;
+    return platform::pathOfDriveText(m_entries, driveText);
 }
 
 QString DriveList::withSlash(const QString& path)

@@ -24,8 +24,8 @@ public:
     // 0 when text names a drive with a medium; otherwise the device-unavailable error, 68.
     int check(const QString& text) const;
 
-    // The path a drive text stands for: the text without a " [label]" suffix.
-    static QString pathOf(const QString& driveText);
+    // The path a drive text stands for: a labelled drive's entry text without its " [label]".
+    QString pathOf(const QString& driveText) const;
     // A folder path joined with '/', without doubling a trailing one.
     static QString withSlash(const QString& path);
 

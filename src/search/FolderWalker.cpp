@@ -43,6 +43,7 @@ void FolderWalker::letEventsRun()
 
 void FolderWalker::WalkFolder(const QString& path)
 {
+    m_currentFolder = path;
     QString shown = path;
     if (!shown.isEmpty())
         shown[0] = shown[0].toUpper();
@@ -55,10 +56,18 @@ void FolderWalker::WalkFolder(const QString& path)
     if (const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path)) {
         for (const platform::DirEntry& entry : *entries) {
             // Every folder whose name begins with a dot is left out, not only "." and "..".
-            if (entry.isFolder && !entry.name.startsWith(QLatin1Char('.'))) {
+            // A Windows drive's tree never enters another drive: other file systems mounted
+            // below the start are left out too.
+            if (entry.isFolder &&
+                (entry.name.startsWith(QLatin1Char('.')) || entry.otherFileSystem))
+                continue;
+            if (entry.isFolder) {
                 FoldersSeen.increment();
-                subFolders.append(entry.name);
-            } else if (!entry.isFolder && !CollectFiles) {
+                if (entry.undecodable)
+                    m_host.undecodableName(path + entry.name + QLatin1Char('/'));
+                else
+                    subFolders.append(entry.name);
+            } else if (!CollectFiles) {
                 FilesSeen.increment();
             }
         }
@@ -83,6 +92,8 @@ void FolderWalker::MatchFilesInFolder(const QString& path)
         letEventsRun();
         if (!Searching)
             return;
+        if (entry.undecodable)
+            m_host.undecodableName(path + entry.name);
         m_host.addFileToList(path + entry.name);
         // Counted whatever the list did with the name.
         MatchCount.increment();

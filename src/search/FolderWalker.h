@@ -24,6 +24,8 @@ public:
     // path ends in '/'. Folders whose names begin with '.' and links to folders are not entered.
     void WalkFolder(const QString& path);
     void MatchFilesInFolder(const QString& path);
+    // The folder the walk entered last: where an overflow stopped it.
+    const QString& currentFolder() const { return m_currentFolder; }
 
     bool Searching = false;
     bool CollectFiles = false;
@@ -37,6 +39,7 @@ private:
 
     IWalkHost& m_host;
     const platform::IDirectoryReader& m_directories;
+    QString m_currentFolder;
     int m_eventInterval = 0;
     QElapsedTimer m_sinceEvents;
 };

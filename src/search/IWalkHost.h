@@ -15,6 +15,9 @@ public:
     virtual void beginFolderBatch() = 0;                  // list redraw off
     virtual void endFolderBatch() = 0;                    // scrolled to its bottom, redraw on
     virtual void letEventsRun() = 0;                      // pending window events
+    // A file or folder whose name the file system holds in bytes that are not UTF-8: the walk
+    // can neither add nor enter it. Only the command line reports these.
+    virtual void undecodableName(const QString& path) { Q_UNUSED(path); }
 };
 
 } // namespace nubo::search

@@ -14,13 +14,15 @@ struct SearchOverflow
 class SearchCounter final
 {
 public:
+    static constexpr qint64 kSixteenBitLimit = 32767;
+
     explicit SearchCounter(bool sixteenBit = true) : m_sixteenBit(sixteenBit) {}
 
     void setSixteenBit(bool sixteenBit) { m_sixteenBit = sixteenBit; }
     void reset() { m_value = 0; }
     void increment()
     {
-        if (m_sixteenBit && m_value >= 32767)
+        if (m_sixteenBit && m_value >= kSixteenBitLimit)
             throw SearchOverflow{};
         ++m_value;
     }

@@ -4,6 +4,9 @@
 #include "search/DriveList.h"
 #include "search/DriveSpace.h"
 
+#include <QElapsedTimer>
+#include <QThread>
+
 namespace nubo::search {
 
 namespace {
@@ -24,8 +27,9 @@ void SearchEngine::StartSearch(const QString& drive)
 {
     using platform::MessageAnswer;
     using platform::MessageButtons;
+    QString target = drive;
     for (;;) {
-        const int error = prepareAndRun(drive);
+        const int error = prepareAndRun(target);
         if (error == 0)
             return;
         if (error != core::errors::kDeviceUnavailable) {
@@ -34,15 +38,40 @@ void SearchEngine::StartSearch(const QString& drive)
                                           QStringLiteral("Error Desconocido"));
             return;
         }
+        // A disc that is in but not mounted is not an empty drive: it is mounted, or said to
+        // hold no files (an audio CD), and its tray stays shut.
+        if (m_services.tray.mediumPresent(target)) {
+            const QString mountPoint = m_services.tray.mountMedium(target);
+            if (mountPoint.isEmpty()) {
+                m_services.dialogs.messageBox(
+                    QStringLiteral("El disco de la unidad no contiene archivos"),
+                    QStringLiteral("No se puede leer el disco"));
+                return;
+            }
+            target = mountPoint;
+            continue;
+        }
         // A drive without a disc: the tray opens, and the prompt repeats while it stays empty.
-        m_services.tray.EjectTray(drive);
+        m_services.tray.EjectTray(target);
         const MessageAnswer answer = m_services.dialogs.messageBox(
             QStringLiteral("Por Favor Inserte un CD en la unidad, pero sin cerrarla, el "
                            "programa lo hará por Usted "),
             QStringLiteral("No hay CD en la bandeja"), MessageButtons::OkCancel);
-        m_services.tray.CloseTray(drive);
+        m_services.tray.CloseTray(target);
         if (answer != MessageAnswer::Ok)
             return;
+        waitForMedium(target);
+    }
+}
+
+void SearchEngine::waitForMedium(const QString& drive)
+{
+    // A shut drive needs a few seconds to read a disc in; events keep running meanwhile.
+    QElapsedTimer waited;
+    waited.start();
+    while (!m_services.tray.mediumPresent(drive) && waited.elapsed() < m_mediumWait) {
+        m_services.host.letEventsRun();
+        QThread::msleep(100);
     }
 }
 
@@ -84,7 +113,7 @@ bool SearchEngine::askGroupName()
 void SearchEngine::ShowVolumeDetails(const QString& root)
 {
     const std::optional<platform::VolumeDetails> details =
-        m_services.volumes.details(DriveList::pathOf(root));
+        m_services.volumes.details(DriveList(m_services.drives).pathOf(root));
     if (!details)
         return;
     m_services.host.setVolumeName(details->label);
@@ -116,7 +145,7 @@ QString SearchEngine::startPathFor(const QString& folder, const QString& driveTe
     QString clean = folder;
     while (clean.size() > 1 && clean.endsWith(QLatin1Char('/')))
         clean.chop(1);
-    QString driveRoot = DriveList::pathOf(driveText);
+    QString driveRoot = DriveList(m_services.drives).pathOf(driveText);
     while (driveRoot.size() > 1 && driveRoot.endsWith(QLatin1Char('/')))
         driveRoot.chop(1);
     // Kept: at a drive's root the walk starts from the drive list's text, label included, so
@@ -164,6 +193,25 @@ void SearchEngine::RunSearch()
     host.setBusyCursor(false);
     host.setFolderStrip(QString());
     reportOutcome(countBefore);
+    reportOverflow();
+}
+
+void SearchEngine::reportOverflow()
+{
+    if (m_overflowFolder.isEmpty())
+        return;
+    const QString what = m_walker.MatchCount.value() >= SearchCounter::kSixteenBitLimit
+                             ? QStringLiteral("32.767 archivos encontrados")
+                             : QStringLiteral("32.767 carpetas recorridas");
+    // The counters stop the walk as 16-bit counters do; this box says so and where.
+    m_services.dialogs.messageBox(
+        QStringLiteral("La búsqueda se detuvo al llegar a %1, en la carpeta:\n%2\n\n"
+                       "Los archivos siguientes no se agregaron a la lista. Busque el resto "
+                       "carpeta por carpeta, o use \"nubo-cli scan\", que no tiene este "
+                       "límite.")
+            .arg(what, m_overflowFolder),
+        QStringLiteral("Búsqueda detenida en 32.767"));
+    m_overflowFolder.clear();
 }
 
 void SearchEngine::walkOncePerFloppy()
@@ -178,6 +226,7 @@ void SearchEngine::walkOncePerFloppy()
             m_walker.WalkFolder(StartPath);
         } catch (const SearchOverflow&) {
             // The overflow abandons this walk; the driver goes on with its next statement.
+            m_overflowFolder = m_walker.currentFolder();
         }
     }
 }

@@ -33,6 +33,8 @@ public:
     explicit SearchEngine(const Services& services, QLocale locale = QLocale());
 
     void StartSearch(const QString& drive);
+    // How long a retry waits for a shut drive to find its disc.
+    void setMediumWait(int milliseconds) { m_mediumWait = milliseconds; }
     // The hidden search button: starts a search, or asks the running one to stop.
     void RunSearch();
     void WalkFolder(const QString& path) { m_walker.WalkFolder(path); }
@@ -55,15 +57,19 @@ public:
 private:
     // Steps of StartSearch that may raise; the runtime error number, or 0.
     int prepareAndRun(const QString& drive);
+    void waitForMedium(const QString& drive);
     bool askGroupName();
     QString startPathFor(const QString& folder, const QString& driveText) const;
     QString driveRootOf(const QString& folder) const;
     void walkOncePerFloppy();
     void reportOutcome(int countBefore);
+    void reportOverflow();
 
     Services m_services;
     QLocale m_locale;
     FolderWalker m_walker;
+    int m_mediumWait = 8000;
+    QString m_overflowFolder; // where the last walk hit the 16-bit limit; empty when it did not
 };
 
 } // namespace nubo::search

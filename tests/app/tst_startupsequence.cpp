@@ -71,7 +71,8 @@ struct Fixture : AppFixture
     }
     StartupSequence::Outcome run()
     {
-        StartupSequence sequence({app, options, store, log, services, dialogs, executable});
+        StartupSequence sequence({app, options, store, log, services, dialogs, executable,
+                                  [this] { view.steps << "prepare"; }});
         return sequence.run(view);
     }
     QByteArray logText() const
@@ -109,8 +110,8 @@ private slots:
         for (const char* placed : {"Bitmap/foto.JPG", "Bitmap/fondo.bmp", "Icons/Nubologo.ico",
                                    "Ini/Config.nbo", "Log/nubo.log"})
             QVERIFY2(QFile::exists(f.dir.filePath(QLatin1String(placed))), placed);
-        QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor", "tray", "skinbox", "skin",
-                                            "fit", "region"}));
+        QCOMPARE(f.view.steps, QStringList({"prepare", "faces", "events", "cursor", "tray",
+                                            "skinbox", "skin", "fit", "region"}));
         QVERIFY(f.dialogs.asked.isEmpty());
         // It runs with the defaults it wrote, up to the show-properties key they lack.
         for (const Option option :
@@ -160,6 +161,7 @@ private slots:
         QCOMPARE(f.dialogs.asked[0].buttons, MessageButtons::Ok);
         QCOMPARE(f.dialogs.asked[0].icon, MessageIcon::None);
         QVERIFY(f.registry->keys.isEmpty());
+        QVERIFY(f.view.steps.isEmpty()); // the application folder was not made ready
     }
 
     void missingCursorReportsFileNotFound()
@@ -169,7 +171,7 @@ private slots:
         QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
                                       savedConfig("0")));
         QCOMPARE(f.run(), StartupSequence::Outcome::Running);
-        QCOMPARE(f.view.steps, QStringList({"faces", "events", "cursor"}));
+        QCOMPARE(f.view.steps, QStringList({"prepare", "faces", "events", "cursor"}));
         QCOMPARE(f.dialogs.asked.size(), 1);
         QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Error: No se encuentran los archivos!"));
         QVERIFY(f.dialogs.asked[0].text.contains(

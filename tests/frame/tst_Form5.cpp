@@ -38,17 +38,21 @@ class TestForm5 final : public QObject
 {
     Q_OBJECT
 private slots:
-    // Opening the window reads the file again: changes that were not accepted are gone.
-    void openingForgetsUnacceptedChanges()
+    // Closing the window without accepting reads the file again: the changes end with it.
+    void closingForgetsUnacceptedChanges()
     {
         Fixture f;
         f.form->show();
         f.form->ChkAnim->click();
         QCOMPARE(f.options.value(Option::PermitirAnims), 0); // in force while open
         f.form->close();
+        QCOMPARE(f.options.value(Option::PermitirAnims), 1); // gone with the window
         f.form->show();
         QVERIFY(f.form->ChkAnim->isChecked());
-        QCOMPARE(f.options.value(Option::PermitirAnims), 1);
+        f.form->ChkAnim->click();
+        f.form->Command1->click(); // accepted changes stay
+        QCOMPARE(f.options.value(Option::PermitirAnims), 0);
+        QVERIFY(f.optionsFile().contains(QStringLiteral("PERMITIRANIMS=0")));
     }
 
     void defaultsThenSaveWriteConfigExcel()

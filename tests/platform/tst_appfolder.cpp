@@ -73,6 +73,8 @@ private slots:
         const AppFolderLocation location(bin, data, writable);
 
         QCOMPARE(location.usesUserFolder(), userFolder);
+        QCOMPARE(location.folder(), userFolder ? data + QStringLiteral("/nubo") : bin);
+        QVERIFY(!QFileInfo::exists(data)); // naming the folder writes nothing
         QCOMPARE(location.prepare(), userFolder ? data + QStringLiteral("/nubo") : bin);
         QCOMPARE(QFileInfo::exists(data), userFolder);
         if (!userFolder)

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxVolumes.h"
 
+#include <QDir>
 #include <QTest>
 
 using nubo::platform::LinuxVolumes;
@@ -21,6 +22,15 @@ private slots:
         QFETCH(QString, uuid);
         const std::optional<quint32> got = LinuxVolumes::serialFromUuid(uuid);
         QTEST(got ? qint64(*got) : qint64(-1), "serial");
+    }
+
+    // A device node is no folder of its volume: it would report the volume /dev lies on.
+    void detailsComeFromFoldersOnly()
+    {
+        const LinuxVolumes volumes;
+        QVERIFY(volumes.details(QDir::tempPath()));
+        QVERIFY(!volumes.details(QStringLiteral("/dev/null")));
+        QVERIFY(!volumes.details(QStringLiteral("/no/existe/nunca")));
     }
 };
 

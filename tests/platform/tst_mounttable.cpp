@@ -76,6 +76,31 @@ private slots:
         QTEST(int(MountTable::typeOf(*table.byMountPoint(mountPoint))), "type");
     }
 
+    void theDriveListOffersWhatAFileManagerShows()
+    {
+        const QByteArray desktop =
+            kMountInfo + "40 22 0:23 / /dev/shm rw - tmpfs tmpfs rw\n"
+                         "41 22 0:24 / /run/user/1000 rw - tmpfs tmpfs rw\n"
+                         "42 22 0:25 / /sys/fs/cgroup rw - cgroup2 cgroup2 rw\n"
+                         "43 22 7:1 / /snap/core/123 ro - squashfs /dev/loop1 ro\n"
+                         "44 22 8:4 / /boot/efi rw - vfat /dev/sda4 rw\n"
+                         "45 22 8:33 / /run/media/ana/PENDRIVE rw - exfat /dev/sdc1 rw\n"
+                         "46 22 8:5 /hosts /etc/hosts rw - ext4 /dev/sda5 rw\n"
+                         "47 22 0:26 / /run/user/1000/gvfs rw - fuse.gvfsd-fuse gvfsd-fuse rw\n"
+                         "48 22 8:6 / /var/home rw - btrfs /dev/sda6 rw\n"
+                         "49 22 8:7 / /data rw - ext4 /dev/sda7 rw\n";
+        const MountTable table = MountTable::parse(desktop);
+        QStringList points;
+        // A live session's home on RAM: its volume is offered all the same.
+        for (const MountEntry& e : table.offered(QStringLiteral("/tmp/ana")))
+            points.append(e.mountPoint);
+        QCOMPARE(points, (QStringList{"/", "/tmp", "/media/ana/MI CD", "/media/usb", "/mnt/red",
+                                      "/home/ana/nube", "/home", "/run/media/ana/PENDRIVE",
+                                      "/var/home", "/data"}));
+        // Hidden places still give paths their drive.
+        QCOMPARE(MountTable::prefixOf(table.volumeOf("/dev/shm/x")->mountPoint), "/dev/shm");
+    }
+
     void driveListText()
     {
         DriveInfo labelled{QStringLiteral("/data"), {},

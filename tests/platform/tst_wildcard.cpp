@@ -29,6 +29,20 @@ private slots:
             {"backtracking fails", "*a*b*c", "aXbYbZ", false},
             {"accented letters fold", "canción.*", "CANCIÓN.mp3", true},
             {"mask without a dot", "mp3", "tema.mp3", false},
+            {"any extension finds no extension", "tema.*", "tema", true},
+            {"any extension finds one", "tema.*", "tema.ogg", true},
+            {"star-dot finds no extension", "*.", "LEAME", true},
+            {"star-dot refuses an extension", "*.", "tema.mp3", false},
+            {"star-dot refuses a dot file", "*.", ".hidden", false},
+            {"question mark at the end may be none", "tema?", "tema", true},
+            {"question mark at the end takes one", "tema?", "temas", true},
+            {"question mark before a dot may be none", "tema?.mp3", "tema.mp3", true},
+            {"question mark never takes a dot", "a?b", "a.b", false},
+            {"trailing blanks ignored", "*.mp3  ", "tema.mp3", true},
+            {"trailing dots ignored", "tema..", "tema", true},
+            {"trailing dot and blank ignored", "tema. ", "tema.mp3", false},
+            {"doubled star is one star", "**.*", "LEAME", true},
+            {"star stops at the last dot", "*.mp3", "a.b.mp3", true},
         };
         for (const Case& c : cases)
             QTest::newRow(c.row) << QString::fromUtf8(c.pattern) << QString::fromUtf8(c.name)

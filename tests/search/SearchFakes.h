@@ -28,6 +28,7 @@ public:
 
     QStringList rows;
     QStringList offered;
+    QStringList undecodable;
     QString groupName, countLine, caption, folderStrip, volume;
     QList<Message> messages;
     bool findMenuVisible = false, busy = false, listShown = false;
@@ -63,6 +64,7 @@ public:
     void beginFolderBatch() override { ++batchDepth; }
     void endFolderBatch() override { --batchDepth; }
     void letEventsRun() override {}
+    void undecodableName(const QString& path) override { undecodable.append(path); }
     void startFlash() override { ++flashStarts; }
     void showListWindow() override { listShown = true; }
     void setDriveSpace(const QString&, const QString&) override {}
@@ -132,6 +134,7 @@ struct SearchRig
         : engine({host, window, chooser, dialogs, drives, volumes, directories, cdTray},
                  QLocale(QLocale::Spanish, QLocale::Spain))
     {
+        engine.setMediumWait(0);
     }
 
     platform::FakeDrives drives;

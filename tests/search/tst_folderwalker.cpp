@@ -3,10 +3,14 @@
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "search/FolderWalker.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <cstdio>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace nubo;
 
@@ -114,11 +118,52 @@ private slots:
         FILE* file = std::fopen(bad.constData(), "w");
         QVERIFY(file);
         std::fclose(file);
+        const QByteArray badFolder = QFile::encodeName(dir.path()) + "/dir\xff";
+        QCOMPARE(::mkdir(badFolder.constData(), 0700), 0);
         Walk walk;
         const QStringList rows = walk.run(dir.path());
         QVERIFY(rows.contains(dir.path() + "/linea\nrota.mp3"));
         QCOMPARE(walk.walker.MatchCount.value(), 2);
+        // Both names are reported, so the command line can say what it left out.
+        QCOMPARE(walk.host.undecodable.size(), 2);
+        QVERIFY(walk.host.undecodable.first().startsWith(dir.path() + "/"));
+        QVERIFY(walk.host.undecodable.filter(".mp3").size() == 1);
         std::remove(bad.constData());
+        ::rmdir(badFolder.constData());
+    }
+
+    void otherFileSystemsBelowTheStartAreNotEntered()
+    {
+        FakeWalk w;
+        w.reader.addFolder("/r/", {"a.mp3", "usb/", "musica/"});
+        w.reader.addFolder("/r/usb/", {"b.mp3"});
+        w.reader.addFolder("/r/musica/", {"c.mp3"});
+        w.reader.mountPoints = {"/r/usb/"};
+        walk(w.walker, "/r/");
+        QCOMPARE(w.host.rows, (QStringList{"/r/a.mp3", "/r/musica/c.mp3"}));
+        // A mount point that is the start itself is walked.
+        walk(w.walker, "/r/usb/");
+        QCOMPARE(w.host.rows.last(), QStringLiteral("/r/usb/b.mp3"));
+    }
+
+    void theReaderTellsMountPointsApart()
+    {
+        // The root holds /proc, always another file system; a fresh folder is on its parent's.
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkdir("sub"));
+        platform::LinuxDirectoryReader reader;
+        const auto own = reader.read(dir.path());
+        QVERIFY(own);
+        for (const platform::DirEntry& e : *own)
+            QVERIFY(!e.otherFileSystem);
+        const auto root = reader.read("/");
+        QVERIFY(root);
+        const auto proc = std::find_if(root->begin(), root->end(), [](const platform::DirEntry& e) {
+            return e.name == "proc";
+        });
+        if (proc == root->end() || !QFileInfo::exists("/proc/self"))
+            QSKIP("no /proc here");
+        QVERIFY(proc->isFolder && proc->otherFileSystem);
     }
 
     void unreadableAndVanishedFoldersAreSkippedWithTheirTrees()

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cstdio>
+
 using namespace nubo;
 
 class TestScanCommand final : public QObject
@@ -80,6 +82,35 @@ private slots:
         names.sort();
         QCOMPARE(names, (QStringList{"dos", "uno"}));
         QCOMPARE(loaded->rows[0].formato, QStringLiteral("MP3"));
+    }
+
+    // Blanks that would split a row or a field are escaped; a name that is not UTF-8 is
+    // reported on the error stream, left out, and ends the command with status 2.
+    void oddNamesAreEscapedOrReported()
+    {
+        QTemporaryDir dir;
+        QVERIFY(test::writeFile(dir.path() + "/a\tb\\c.mp3"));
+        QVERIFY(test::writeFile(dir.path() + "/linea\nrota.mp3"));
+        const Result clean = scan({dir.path()});
+        QCOMPARE(clean.status, 0);
+        QCOMPARE(clean.lines.size(), 2);
+        QStringList names{clean.lines[0].section('\t', 0, 0), clean.lines[1].section('\t', 0, 0)};
+        names.sort();
+        QCOMPARE(names, (QStringList{"a\\tb\\\\c", "linea\\nrota"}));
+
+        const QByteArray bad = QFile::encodeName(dir.path()) + "/mal\xff.mp3";
+        FILE* raw = std::fopen(bad.constData(), "w");
+        QVERIFY(raw);
+        std::fclose(raw);
+        const Result mixed = scan({dir.path()});
+        std::remove(bad.constData());
+        QCOMPARE(mixed.status, 2);
+        QCOMPARE(mixed.lines.size(), 2);
+        QVERIFY2(mixed.err.contains("omitido: " + dir.path() + "/mal"), qPrintable(mixed.err));
+
+        const Result help = scan({"--help"});
+        QCOMPARE(help.status, 0);
+        QVERIFY(help.lines.join('\n').contains("\\t"));
     }
 
     // A usage error gives 1 and a missing folder 2, with nothing on the output.

@@ -135,6 +135,19 @@ private slots:
         QCOMPARE(rig.host.rows, QStringList{"/raiz.mp3"});
     }
 
+    void onlyALabelledDrivesOwnTextLosesItsLabel()
+    {
+        Rig rig;
+        rig.drives.list.clear();
+        rig.drives.add("/", platform::DriveType::Fixed, "sistema");
+        rig.drives.add("/media/ana/Disco [2]", platform::DriveType::Removable);
+        rig.engine.ShowVolumeDetails("/ [sistema]");
+        rig.engine.ShowVolumeDetails("/media/ana/Disco [2]");
+        rig.engine.ShowVolumeDetails("/media/ana/Otro [x]");
+        QCOMPARE(rig.volumes.asked,
+                 (QStringList{"/", "/media/ana/Disco [2]", "/media/ana/Otro [x]"}));
+    }
+
     void theMatchOverflowAbandonsTheWalkAndKeepsTheCount()
     {
         Rig rig;
@@ -157,6 +170,16 @@ private slots:
                  QStringLiteral("Han sido agregados 32767 archivos a la lista"));
         QCOMPARE(rig.host.caption, QStringLiteral("La Búsqueda ha finalizado con exito"));
         QCOMPARE(rig.host.batchDepth, 0);
+        // The stop is then told in a box of its own, with the folder and the way round it.
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        const QString told = rig.dialogs.asked[0].text;
+        QVERIFY2(told.contains("32.767 archivos") && told.contains("/big/") &&
+                     told.contains("nubo-cli scan"),
+                 qPrintable(told));
+        // A later search that ends normally says nothing more.
+        rig.drives.floppies = {true, false};
+        rig.searchFolder("/m");
+        QCOMPARE(rig.dialogs.asked.size(), 1);
     }
 
     void theGroupNameAnswers_data()
@@ -195,6 +218,64 @@ private slots:
         }
         if (searched)
             QCOMPARE(rig.host.volume, group);
+    }
+
+    // /dev/sr0 holds a disc the desktop has not mounted; mounting it puts it at /media/cd.
+    static void mountableDisc(Rig& rig)
+    {
+        rig.drives.addEmptyCd("/dev/sr0");
+        rig.tray.openable = {"/dev/sr0"};
+        rig.reader.addFolder("/media/cd/", {"pista.mp3"});
+        rig.volumes.detailsByPath.insert("/media/cd", {"MI CD", 1, 255, 0, "iso9660"});
+        rig.window.folder = "/media/cd";
+        rig.tray.onMount = [&rig](const QString& device) {
+            rig.drives.list.removeLast();
+            rig.drives.add("/media/cd", platform::DriveType::CdRom);
+            rig.drives.list.last().device = device;
+            return QStringLiteral("/media/cd");
+        };
+    }
+
+    void aDiscThatIsInButNotMountedIsMountedAndSearched()
+    {
+        Rig rig;
+        mountableDisc(rig);
+        rig.tray.withMedium = {"/dev/sr0"};
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.tray.log, QStringList{"mount /dev/sr0"}); // the tray stays shut
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].kind, QStringLiteral("input")); // the group, no prompt
+        QCOMPARE(rig.volumes.asked.first(), QStringLiteral("/media/cd"));
+        QCOMPARE(rig.host.groupName, QStringLiteral("MI CD"));
+        QCOMPARE(rig.host.rows, QStringList{"/media/cd/pista.mp3"});
+    }
+
+    void aDiscInsertedAtThePromptIsSearchedAfterOneQuestion()
+    {
+        Rig rig;
+        mountableDisc(rig);
+        rig.tray.loadedOnShut = {"/dev/sr0"};
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.dialogs.asked.size(), 2);
+        QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("No hay CD en la bandeja"));
+        QCOMPARE(rig.dialogs.asked[1].kind, QStringLiteral("input"));
+        QCOMPARE(rig.tray.log.filter("eject").size(), 1);
+        QCOMPARE(rig.tray.log.last(), QStringLiteral("mount /dev/sr0"));
+        QVERIFY(!rig.volumes.asked.contains("/dev/sr0"));
+        QCOMPARE(rig.host.rows, QStringList{"/media/cd/pista.mp3"});
+    }
+
+    void anAudioDiscIsNotEjectedButSaidToHoldNoFiles()
+    {
+        Rig rig;
+        rig.drives.addEmptyCd("/dev/sr0");
+        rig.tray.openable = rig.tray.withMedium = {"/dev/sr0"};
+        rig.engine.StartSearch("/dev/sr0");
+        QCOMPARE(rig.tray.log, QStringList{"mount /dev/sr0"});
+        QCOMPARE(rig.dialogs.asked.size(), 1);
+        QCOMPARE(rig.dialogs.asked[0].text,
+                 QStringLiteral("El disco de la unidad no contiene archivos"));
+        QVERIFY(rig.host.rows.isEmpty());
     }
 
     void driveErrors()

@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QHideEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QShowEvent>
@@ -132,7 +133,9 @@ void Form5::buildButtons()
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, [this] {
         m_store.GuardarOpciones();
+        m_accepting = true;
         close();
+        m_accepting = false;
     });
     connect(Command2, &QPushButton::clicked, this, &Form5::VolverAPredeterminados);
     connect(CmdVaciarLog, &QPushButton::clicked, this, [this] { m_log.VaciarLog(); });
@@ -156,6 +159,15 @@ void Form5::showEvent(QShowEvent* event)
     if (!event->spontaneous())
         m_store.LeerOpciones();
     QWidget::showEvent(event);
+}
+
+// Leaving the window any way but "&ACEPTAR CAMBIOS" (its close box, the main window's button)
+// unloads it: the options file is read again, so changes not accepted end with it.
+void Form5::hideEvent(QHideEvent* event)
+{
+    if (!event->spontaneous() && !m_accepting)
+        m_store.LeerOpciones();
+    QWidget::hideEvent(event);
 }
 
 void Form5::closeEvent(QCloseEvent* event)

@@ -47,6 +47,7 @@ signals:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -58,6 +59,7 @@ private:
     core::Options& m_options;
     core::OptionsStore& m_store;
     core::ActivityLog& m_log;
+    bool m_accepting = false;
 };
 
 } // namespace nubo::frame

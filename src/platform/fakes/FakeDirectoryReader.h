@@ -14,6 +14,7 @@ class FakeDirectoryReader final : public IDirectoryReader
 {
 public:
     QHash<QString, QList<DirEntry>> folders;
+    QStringList mountPoints; // folders, with their trailing '/', that another volume is on
     std::function<std::optional<QList<DirEntry>>(const QString&)> generator;
     mutable QStringList reads;
 
@@ -34,7 +35,15 @@ public:
         if (generator)
             return generator(folder);
         const auto it = folders.find(folder);
-        return it == folders.end() ? std::nullopt : std::optional<QList<DirEntry>>(*it);
+        if (it == folders.end())
+            return std::nullopt;
+        QList<DirEntry> entries = *it;
+        for (DirEntry& entry : entries) {
+            entry.otherFileSystem = entry.isFolder && entry.name != QLatin1String(".") &&
+                                    entry.name != QLatin1String("..") &&
+                                    mountPoints.contains(folder + entry.name + QLatin1Char('/'));
+        }
+        return entries;
     }
 };
 

@@ -9,21 +9,37 @@ namespace nubo::platform {
 
 namespace {
 
-bool isFolder(const QByteArray& folder, const dirent* entry)
+QByteArray childPath(const QByteArray& folder, const char* name)
 {
-    if (entry->d_type == DT_DIR)
-        return true;
-    if (entry->d_type != DT_UNKNOWN)
-        return false;
-    // Some file systems do not fill d_type; lstat keeps links to folders out as well.
     QByteArray path = folder;
     if (!path.endsWith('/'))
         path.append('/');
-    path.append(entry->d_name);
+    return path.append(name);
+}
+
+// Folders are looked up once more to learn their device, so a walk can stay on one file
+// system; "." and ".." are never walked into, so they are not looked up.
+DirEntry describe(const QByteArray& folder, dev_t folderDevice, const dirent* entry)
+{
+    DirEntry result;
+    const QByteArray name(entry->d_name);
+    result.name = QFile::decodeName(name);
+    result.undecodable = !QUtf8StringView(name).isValidUtf8();
+    if (entry->d_type != DT_DIR && entry->d_type != DT_UNKNOWN)
+        return result;
+    if (name == "." || name == "..") {
+        result.isFolder = entry->d_type == DT_DIR;
+        return result;
+    }
+    // Some file systems do not fill d_type; lstat keeps links to folders out as well.
     struct stat info
     {
     };
-    return ::lstat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
+    if (::lstat(childPath(folder, entry->d_name).constData(), &info) != 0)
+        return result;
+    result.isFolder = S_ISDIR(info.st_mode);
+    result.otherFileSystem = result.isFolder && info.st_dev != folderDevice;
+    return result;
 }
 
 } // namespace
@@ -34,9 +50,13 @@ std::optional<QList<DirEntry>> LinuxDirectoryReader::read(const QString& folder)
     DIR* dir = ::opendir(encoded.constData());
     if (!dir)
         return std::nullopt;
+    struct stat self
+    {
+    };
+    const dev_t device = ::fstat(::dirfd(dir), &self) == 0 ? self.st_dev : dev_t(0);
     QList<DirEntry> entries;
     while (const dirent* entry = ::readdir(dir))
-        entries.append({QFile::decodeName(entry->d_name), isFolder(encoded, entry)});
+        entries.append(describe(encoded, device, entry));
     ::closedir(dir);
     return entries;
 }

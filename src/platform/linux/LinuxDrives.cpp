@@ -6,9 +6,9 @@
 
 namespace nubo::platform {
 
-const MountTable& LinuxDrives::table() const
+const MountTable& LinuxDrives::table(bool fresh) const
 {
-    if (!m_age.isValid() || m_age.elapsed() > 2000) {
+    if (fresh || !m_age.isValid() || m_age.elapsed() > 2000) {
         QFile file(QStringLiteral("/proc/self/mountinfo"));
         if (file.open(QIODevice::ReadOnly))
             m_table = MountTable::parse(file.readAll());
@@ -73,7 +73,8 @@ QList<DriveInfo> LinuxDrives::drives() const
 {
     QList<DriveInfo> list;
     QStringList mountedDevices;
-    for (const MountEntry& entry : table().entries()) {
+    // The list is read seldom and must show a disc mounted a moment ago.
+    for (const MountEntry& entry : table(true).offered(QDir::homePath())) {
         list.append(describe(entry));
         mountedDevices.append(QFileInfo(entry.device).canonicalFilePath());
     }
@@ -107,10 +108,9 @@ std::optional<MountEntry> LinuxDrives::volumeOf(const QString& path) const
 
 DriveType LinuxDrives::driveType(const QString& drive) const
 {
-    QString text = drive;
-    const qsizetype bracket = text.indexOf(QStringLiteral(" ["));
-    if (bracket > 0 && text.endsWith(QLatin1Char(']')))
-        text.truncate(bracket);
+    // Only a text that ends like a labelled entry needs the drive list to be read.
+    const QString text =
+        drive.endsWith(QLatin1Char(']')) ? pathOfDriveText(drives(), drive) : drive;
     if (MountTable::isOpticalDevice(text) && QFileInfo::exists(text))
         return DriveType::CdRom;
     QString mountPoint = MountTable::prefixOf(text);

@@ -24,8 +24,9 @@ public:
     std::optional<MountEntry> volumeOf(const QString& path) const;
 
 private:
-    // The mount table, re-read at most every two seconds: prefixes are asked once per file.
-    const MountTable& table() const;
+    // The mount table, re-read at most every two seconds unless fresh: prefixes are asked
+    // once per file.
+    const MountTable& table(bool fresh = false) const;
     DriveInfo describe(const MountEntry& entry) const;
     static bool isRemovable(const QString& device);
 

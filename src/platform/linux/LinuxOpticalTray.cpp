@@ -1,6 +1,10 @@
 #include "platform/linux/LinuxOpticalTray.h"
 
+#include "platform/MountTable.h"
+
 #include <QFile>
+#include <QFileInfo>
+#include <QProcess>
 
 #include <fcntl.h>
 #include <linux/cdrom.h>
@@ -38,6 +42,36 @@ bool LinuxOpticalTray::mediumPresent(const QString& device)
     const bool present = ::ioctl(fd, CDROM_DRIVE_STATUS, CDSL_CURRENT) == CDS_DISC_OK;
     close(fd);
     return present;
+}
+
+bool LinuxOpticalTray::audioOnly(const QString& device)
+{
+    const int fd = open(device);
+    if (fd < 0)
+        return false;
+    const bool audio = ::ioctl(fd, CDROM_DISC_STATUS, 0) == CDS_AUDIO;
+    close(fd);
+    return audio;
+}
+
+QString LinuxOpticalTray::mountMedium(const QString& device)
+{
+    if (device.isEmpty() || audioOnly(device))
+        return {};
+    QProcess udisks;
+    udisks.start(QStringLiteral("udisksctl"), {QStringLiteral("mount"), QStringLiteral("-b"),
+                                               device, QStringLiteral("--no-user-interaction")});
+    udisks.waitForFinished(20000);
+    // The desktop may have mounted it meanwhile: the mount table decides either way.
+    QFile mountinfo(QStringLiteral("/proc/self/mountinfo"));
+    if (!mountinfo.open(QIODevice::ReadOnly))
+        return {};
+    const QString target = QFileInfo(device).canonicalFilePath();
+    for (const MountEntry& entry : MountTable::parse(mountinfo.readAll()).entries()) {
+        if (QFileInfo(entry.device).canonicalFilePath() == target)
+            return entry.mountPoint;
+    }
+    return {};
 }
 
 } // namespace nubo::platform

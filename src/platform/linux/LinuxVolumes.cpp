@@ -48,6 +48,9 @@ QString LinuxVolumes::uuidOf(const QString& device)
 
 std::optional<VolumeDetails> LinuxVolumes::details(const QString& path) const
 {
+    // A volume is asked about by a folder on it; a device node names none.
+    if (!QFileInfo(path).isDir())
+        return std::nullopt;
     const std::optional<struct statvfs> info = statOf(path);
     const std::optional<MountEntry> volume = m_drives.volumeOf(QFileInfo(path).absoluteFilePath());
     if (!info || !volume)

@@ -29,12 +29,23 @@ struct ScanArguments
 const char* const kUsage =
     "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE] [--output ARCHIVO]\n";
 
+const char* const kHelp =
+    "\nSin --output escribe una fila por archivo: NOMBRE, CARPETA, ORIGEN, FORMATO y UNIDAD\n"
+    "separados por tabuladores. Dentro de un campo, la barra invertida se escribe \\\\,\n"
+    "el tabulador \\t, el salto de linea \\n y el retorno de carro \\r.\n"
+    "Un nombre que no es UTF-8 valido no se puede catalogar: se avisa en la salida de\n"
+    "errores, se omite (con su carpeta, si lo es) y el estado de salida es 2.\n";
+
 // The arguments, or the status to end with.
 std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
 {
     ScanArguments parsed;
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString& arg = args[i];
+        if (arg == QLatin1String("--help") || arg == QLatin1String("-h")) {
+            io.out << kUsage << kHelp;
+            return nubo::cli::kOk;
+        }
         if (arg == QLatin1String("--mask") || arg == QLatin1String("--group") ||
             arg == QLatin1String("--output")) {
             if (i + 1 >= args.size()) {
@@ -95,26 +106,47 @@ public:
     void beginFolderBatch() override {}
     void endFolderBatch() override {}
     void letEventsRun() override {}
+    void undecodableName(const QString& path) override
+    {
+        finish();
+        m_io.err << "nubo-cli scan: nombre que no es UTF-8 valido, omitido: " << path << '\n';
+        ++m_leftOut;
+    }
 
     void finish()
     {
         if (m_shown)
             m_io.err << "\r\033[K" << Qt::flush;
+        m_shown = false;
     }
+    int leftOut() const { return m_leftOut; }
 
 private:
     catalogue::Catalogue& m_catalogue;
     CliIo& m_io;
     QElapsedTimer m_progress;
     bool m_shown = false;
+    int m_leftOut = 0;
 };
 
-QString field(QString text)
+// One field of a row: the bytes that would split a row or a field are written escaped.
+QString field(const QString& text)
 {
-    text.replace(QLatin1Char('\t'), QLatin1Char(' '));
-    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    text.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    return text;
+    QString out;
+    out.reserve(text.size());
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\\'))
+            out += QLatin1String("\\\\");
+        else if (c == QLatin1Char('\t'))
+            out += QLatin1String("\\t");
+        else if (c == QLatin1Char('\n'))
+            out += QLatin1String("\\n");
+        else if (c == QLatin1Char('\r'))
+            out += QLatin1String("\\r");
+        else
+            out += c;
+    }
+    return out;
 }
 
 // Saves the rows in list order with the list's column captions; the previous file survives a
@@ -159,14 +191,21 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
     host.finish();
 
     const catalogue::CatalogueList& list = catalogue.list();
-    if (!scan.output.isEmpty())
-        return saveRows(list, scan.output, io);
-    for (int p = 0; p < list.count(); ++p) {
-        const catalogue::CatalogueRow& row = list.row(p);
-        io.out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
-               << '\t' << field(row.formato) << '\t' << field(row.unidad) << '\n';
+    int status = nubo::cli::kOk;
+    if (!scan.output.isEmpty()) {
+        status = saveRows(list, scan.output, io);
+    } else {
+        for (int p = 0; p < list.count(); ++p) {
+            const catalogue::CatalogueRow& row = list.row(p);
+            io.out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
+                   << '\t' << field(row.formato) << '\t' << field(row.unidad) << '\n';
+        }
     }
-    return nubo::cli::kOk;
+    if (host.leftOut() > 0) {
+        io.err << "nubo-cli scan: " << host.leftOut() << " nombres omitidos\n";
+        return nubo::cli::kFileError;
+    }
+    return status;
 }
 
 } // namespace
@@ -176,7 +215,8 @@ nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
 {
     return {QStringLiteral("scan"),
             QStringLiteral("scan CARPETA... [--mask M] [--group G] [--output ARCHIVO]"),
-            QStringLiteral("Busca archivos como la ventana de busqueda y muestra las filas"),
+            QStringLiteral("Busca archivos como la ventana de busqueda y muestra las filas "
+                           "(scan --help: campos escapados)"),
             [&drives, &directories](const QStringList& args, CliIo& io) {
                 return runScan(drives, directories, args, io);
             }};
