@@ -111,6 +111,8 @@ public:
     int focusedPosition() const;
     // The tag details box's text as the tag reader left it (line breaks CR LF).
     const QString& detailsText() const { return m_detailsText; }
+    // Empties the details box and the text a blank-title tag would append to.
+    void forgetDetails();
 
 signals:
     void searchWindowRequested();
