@@ -17,9 +17,11 @@ namespace nubo::app {
 namespace {
 
 // A window opened from the list window belongs to it, so it stacks above the list window even
-// while that one is kept on top.
+// while that one is kept on top. X11 window managers honour the owner only for dialogs.
 void stackAbove(QWidget& window, QWidget& owner)
 {
+    if (window.windowType() != Qt::Dialog)
+        window.setWindowFlags(window.windowFlags() | Qt::Dialog);
     window.winId();
     owner.winId();
     if (QWindow* handle = window.windowHandle())

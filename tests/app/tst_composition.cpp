@@ -159,6 +159,7 @@ private slots:
             8); // the frame is not known before the first show
         // It stacks above the list window, even one kept on top.
         QVERIFY(sheet->windowHandle());
+        QCOMPARE(sheet->windowType(), Qt::Dialog);
         QCOMPARE(sheet->windowHandle()->transientParent(), list->windowHandle());
     }
 
