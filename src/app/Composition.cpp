@@ -10,8 +10,25 @@
 #include <QIcon>
 #include <QPlainTextEdit>
 #include <QTimer>
+#include <QWindow>
 
 namespace nubo::app {
+
+namespace {
+
+// A window opened from the list window belongs to it, so it stacks above the list window even
+// while that one is kept on top. X11 window managers honour the owner only for dialogs.
+void stackAbove(QWidget& window, QWidget& owner)
+{
+    if (window.windowType() != Qt::Dialog)
+        window.setWindowFlags(window.windowFlags() | Qt::Dialog);
+    window.winId();
+    owner.winId();
+    if (QWindow* handle = window.windowHandle())
+        handle->setTransientParent(owner.windowHandle());
+}
+
+} // namespace
 
 using frame::FrameWindow;
 
@@ -126,12 +143,13 @@ void Composition::connectList()
         // The first time over the list window that asks for it; later where it was left.
         if (!window.isVisible() && !window.testAttribute(Qt::WA_Moved))
             window.move(form.frameGeometry().center() - window.rect().center());
+        stackAbove(window, form);
         window.show();
         window.raise();
         window.activateWindow();
     });
     QObject::connect(&m_optionsWindow, &frame::Form5::ChkproClicked, &form,
-                     [&form] { form.txtMp3Info->clear(); });
+                     [&form] { form.forgetDetails(); });
 }
 
 void Composition::connectSearch()
@@ -157,6 +175,7 @@ void Composition::connectPrint()
     QObject::connect(&m_list->form, &catalogue::Form1::printCoverRequested, &m_list->form, [this] {
         if (!m_cover)
             m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list());
+        stackAbove(*m_cover, m_list->form);
         m_cover->showCover();
     });
 }

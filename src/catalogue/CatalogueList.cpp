@@ -1,5 +1,7 @@
 #include "catalogue/CatalogueList.h"
 
+#include <QCollator>
+
 #include <algorithm>
 #include <numeric>
 
@@ -136,9 +138,15 @@ void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
     // order[newPosition] = oldPosition; equal texts keep their relative order.
     std::vector<int> byNewPosition(m_rows.size());
     std::iota(byNewPosition.begin(), byNewPosition.end(), 0);
+    // The user's language decides the order: accents sort beside their letter, case is ignored.
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::vector<QCollatorSortKey> keys;
+    keys.reserve(m_rows.size());
+    for (int p = 0; p < count(); ++p)
+        keys.push_back(collator.sortKey(row(p).text(column).toCaseFolded())); // C locale too
     std::stable_sort(byNewPosition.begin(), byNewPosition.end(), [&](int a, int b) {
-        const int c =
-            QString::compare(row(a).text(column), row(b).text(column), Qt::CaseInsensitive);
+        const int c = keys[std::size_t(a)].compare(keys[std::size_t(b)]);
         return order == Qt::AscendingOrder ? c < 0 : c > 0;
     });
     std::deque<CatalogueRow> sorted(m_rows.size());
@@ -195,6 +203,9 @@ bool CatalogueList::setData(const QModelIndex& index, const QVariant& value, int
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::EditRole ||
         index.column() != static_cast<int>(Column::Nombre))
+        return false;
+    // A blank name would be saved as a nameless row: the old name stays.
+    if (value.toString().trimmed().isEmpty())
         return false;
     m_rows[shownIndex(index.row())].nombre = value.toString();
     emit dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});

@@ -11,7 +11,7 @@
 //   void removeAt(int p), void clear()
 //   bool isSelected(int p), void setSelected(int p, bool)
 //   int removeSelected()                    removes every selected row; returns how many
-//   void sortByColumn(Column, Qt::SortOrder)  stable, case-insensitive text order
+//   void sortByColumn(Column, Qt::SortOrder)  stable, the locale's collation, case-blind
 //   void flush()                            announces pending rows to the views now
 //   int positionOf(QModelIndex), QModelIndex indexAt(int p)   view <-> position
 // Rows are derived from paths by Catalogue::AddFileToList (Catalogue.h), the one way in

@@ -6,23 +6,60 @@
 #include "core/Options.h"
 #include "platform/IShell.h"
 
+#include <QFileInfo>
+
 namespace nubo::catalogue {
+
+namespace {
+
+constexpr qint16 kMissingDelayMs = 10000;
+
+// The row's file as its columns name it, for a message about a file that is not there.
+QString rowFileText(const CatalogueRow& row)
+{
+    QString folder = row.direccion == rootFolderText() ? QStringLiteral("/") : row.direccion;
+    folder.replace(QLatin1Char('\\'), QLatin1Char('/')); // catalogues written on Windows
+    const QString extension =
+        row.formato == noExtensionText() ? QString() : QLatin1Char('.') + row.formato;
+    return folder + row.nombre + extension;
+}
+
+} // namespace
+
+QString EntryOpener::foundPath(int position)
+{
+    const CatalogueList& list = m_catalogue.list();
+    const QString path = m_resolver.ResolveEntryPath(list, position);
+    if (QFileInfo(path).isFile() || position < 0 || position >= list.count())
+        return path;
+    // A renamed or deleted file, or a disc that is not in any drive: the user is told which.
+    const CatalogueRow& row = list.row(position);
+    const QString text = row.unidad == unknownDriveText()
+                             ? QStringLiteral("No se encuentra %1: inserte el disco del grupo %2")
+                                   .arg(rowFileText(row), row.origen)
+                             : QStringLiteral("No se encuentra el archivo %1").arg(path);
+    m_catalogue.ShowInfoMessage(text, kMissingDelayMs, colours::kYellow);
+    return {};
+}
 
 void EntryOpener::PlaySelectedEntry(int focusedPosition)
 {
-    const CatalogueList& list = m_catalogue.list();
-    if (list.isEmpty())
+    if (m_catalogue.list().isEmpty())
         return;
-    // An unresolved row still goes to the shell as an empty path.
-    m_shell.open(m_resolver.ResolveEntryPath(list, focusedPosition));
+    const QString path = foundPath(focusedPosition);
+    if (!path.isEmpty())
+        m_shell.open(path);
 }
 
 void EntryOpener::EnqueueSelectedEntries()
 {
     const CatalogueList& list = m_catalogue.list();
     for (int p = 0; p < list.count(); ++p) {
-        if (list.isSelected(p))
-            m_shell.enqueue(m_resolver.ResolveEntryPath(list, p));
+        if (!list.isSelected(p))
+            continue;
+        const QString path = foundPath(p);
+        if (!path.isEmpty())
+            m_shell.enqueue(path);
     }
 }
 
@@ -31,8 +68,8 @@ void EntryOpener::ExecuteOnDoubleClick(int focusedPosition)
     const CatalogueList& list = m_catalogue.list();
     if (!m_options.isOn(core::Option::DblClkExecute) || list.isEmpty())
         return;
-    const QString path = m_resolver.ResolveEntryPath(list, focusedPosition);
-    if (m_shell.open(path) != platform::IShell::Result::NoAssociation)
+    const QString path = foundPath(focusedPosition);
+    if (path.isEmpty() || m_shell.open(path) != platform::IShell::Result::NoAssociation)
         return;
     // Kept from Windows: a file type without an application gets the "open with" chooser.
     if (!m_shell.openWith(path)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace nubo::core {
 class Options;
 }
@@ -22,15 +24,19 @@ public:
     {
     }
 
-    // "open" for the row that has the focus; the outcome is not checked.
+    // "open" for the row that has the focus; the shell's outcome is not checked. A file that
+    // is not found is reported on the message line instead (which file, or which group's disc).
     void PlaySelectedEntry(int focusedPosition);
-    // "Enqueue" for every selected row, top to bottom; the outcome is not checked.
+    // "Enqueue" for every selected row, top to bottom; missing files are reported as above.
     void EnqueueSelectedEntries();
     // With the double-click option on: "open" for the focused row, and the "open with"
     // chooser when no application is associated with the file.
     void ExecuteOnDoubleClick(int focusedPosition);
 
 private:
+    // The row's existing file, or the empty text after telling the user it was not found.
+    QString foundPath(int position);
+
     Catalogue& m_catalogue;
     const EntryPathResolver& m_resolver;
     platform::IShell& m_shell;

@@ -50,7 +50,8 @@ void appendLine(QString& text, const QString& label, const QString& value)
 
 bool IsMpegAudioFile(const QString& path)
 {
-    if (path.isEmpty() || !QFileInfo::exists(path))
+    // An existing file, hidden or not; a folder named like one is not audio.
+    if (path.isEmpty() || !QFileInfo(path).isFile())
         return false;
     // A substring rule over the whole path, not an extension test: "a.mp3.txt" passes too.
     for (const char* marker : {".mp3", ".mp2", ".mp1"}) {

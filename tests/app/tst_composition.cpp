@@ -197,6 +197,10 @@ private slots:
         QVERIFY(
             (sheet->frameGeometry().center() - list->frameGeometry().center()).manhattanLength() <=
             8); // the frame is not known before the first show
+        // It stacks above the list window, even one kept on top.
+        QVERIFY(sheet->windowHandle());
+        QCOMPARE(sheet->windowType(), Qt::Dialog);
+        QCOMPARE(sheet->windowHandle()->transientParent(), list->windowHandle());
     }
 
     // A later start's request brings the hidden window back and opens the catalogue it names.

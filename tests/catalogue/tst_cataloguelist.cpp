@@ -120,6 +120,32 @@ private slots:
         QCOMPARE(names(list), QStringList({"c", "a", "B", "b"}));
         QCOMPARE(shownNames(list), names(list));
     }
+
+    // A Spanish user expects accented names beside their letter, whatever the case.
+    void sortFollowsTheLanguage()
+    {
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+        CatalogueList list;
+        fill(list, {QStringLiteral("Zeta"), QStringLiteral("beta"), QStringLiteral("Álvaro"),
+                    QStringLiteral("gamma"), QStringLiteral("ñu"), QStringLiteral("Oca")});
+        list.sortByColumn(Column::Nombre, Qt::AscendingOrder);
+        QLocale::setDefault(before);
+        QCOMPARE(names(list), QStringList({"Álvaro", "beta", "gamma", "ñu", "Oca", "Zeta"}));
+    }
+
+    // A blank new name would be saved as a nameless row: the old name stays.
+    void renamingToBlankKeepsTheName()
+    {
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        fill(list, {QStringLiteral("tema")});
+        const QModelIndex name = list.indexAt(0);
+        QVERIFY(!list.setData(name, QString()));
+        QVERIFY(!list.setData(name, QStringLiteral("  \t")));
+        QVERIFY(list.setData(name, QStringLiteral(" otro ")));
+        QCOMPARE(list.row(0).nombre, QStringLiteral(" otro "));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCatalogueList)

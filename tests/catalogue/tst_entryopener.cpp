@@ -1,5 +1,7 @@
 #include <QTest>
 
+#include <functional>
+
 #include "CatalogueFixture.h"
 
 using namespace nubo::catalogue;
@@ -81,33 +83,62 @@ private slots:
         f.opener.EnqueueSelectedEntries();
         QVERIFY(f.shell.calls.isEmpty());
 
-        for (const char* n : {"a", "b", "c"})
-            f.catalogue.list().insertAtTop(row(QLatin1String(n), "/m/", "MP3", "/d"));
+        for (const char* n : {"a", "b", "c"}) {
+            f.file(QStringLiteral("m/%1.MP3").arg(QLatin1String(n)));
+            f.catalogue.list().insertAtTop(row(QLatin1String(n), "/m/", "MP3", f.drive));
+        }
         f.catalogue.list().setSelected(0, true);
         f.catalogue.list().setSelected(2, true);
         f.opener.PlaySelectedEntry(1);
-        QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/b.MP3"}}));
+        QCOMPARE(f.shell.calls, QList<Call>({{"open", f.drive + "/m/b.MP3"}}));
         f.shell.calls.clear();
         f.opener.EnqueueSelectedEntries();
-        QCOMPARE(f.shell.calls,
-                 QList<Call>({{"enqueue", "/d/m/c.MP3"}, {"enqueue", "/d/m/a.MP3"}}));
+        QCOMPARE(f.shell.calls, QList<Call>({{"enqueue", f.drive + "/m/c.MP3"},
+                                             {"enqueue", f.drive + "/m/a.MP3"}}));
+    }
+
+    // A file that is gone is named on the message line, and a disc row names its group.
+    void aMissingFileIsNamedNotOpened()
+    {
+        OpenerFixture f;
+        f.options.setValue(nubo::core::Option::DblClkExecute, 1);
+        f.catalogue.list().insertAtTop(row("tema", "/m/", "MP3", f.drive));
+        f.opener.PlaySelectedEntry(0);
+        QCOMPARE(f.catalogue.info().text(),
+                 QStringLiteral("No se encuentra el archivo ") + f.drive + "/m/tema.MP3");
+        QCOMPARE(f.catalogue.info().colour(), 0xFFFF00u);
+
+        f.catalogue.list().insertAtTop({"otro", "\\Rock\\", "Disco 7", "WAV", "NN"});
+        f.catalogue.list().setSelected(0, true);
+        for (const auto& open :
+             {std::function<void()>([&] { f.opener.PlaySelectedEntry(0); }),
+              std::function<void()>([&] { f.opener.ExecuteOnDoubleClick(0); }),
+              std::function<void()>([&] { f.opener.EnqueueSelectedEntries(); })}) {
+            f.catalogue.ShowInfoMessage({}, 10, 0);
+            open();
+            QCOMPARE(f.catalogue.info().text(),
+                     QStringLiteral("No se encuentra /Rock/otro.WAV: inserte el disco del grupo "
+                                    "Disco 7"));
+        }
+        QVERIFY(f.shell.calls.isEmpty());
     }
 
     void doubleClickNeedsTheOptionAndFallsBackToOpenWith()
     {
         OpenerFixture f;
-        f.catalogue.list().insertAtTop(row("a", "/m/", "XYZ", "/d"));
+        const QString path = f.file(QStringLiteral("m/a.XYZ"));
+        f.catalogue.list().insertAtTop(row("a", "/m/", "XYZ", f.drive));
         f.opener.ExecuteOnDoubleClick(0);
         QVERIFY(f.shell.calls.isEmpty());
 
         f.options.setValue(nubo::core::Option::DblClkExecute, 1);
         f.opener.ExecuteOnDoubleClick(0);
-        QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}}));
+        QCOMPARE(f.shell.calls, QList<Call>({{"open", path}}));
 
         f.shell.calls.clear();
         f.shell.openResult = nubo::platform::IShell::Result::NoAssociation;
         f.opener.ExecuteOnDoubleClick(0);
-        QCOMPARE(f.shell.calls, QList<Call>({{"open", "/d/m/a.XYZ"}, {"openWith", "/d/m/a.XYZ"}}));
+        QCOMPARE(f.shell.calls, QList<Call>({{"open", path}, {"openWith", path}}));
         QCOMPARE(f.catalogue.info().text(), QStringLiteral("Info Adicional"));
 
         f.shell.openWithResult = false;

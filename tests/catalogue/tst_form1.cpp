@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QUrl>
@@ -19,6 +20,7 @@ using nubo::platform::MessageAnswer;
 
 namespace {
 
+// Drops the names and lets the list window handle them.
 void dropNames(QWidget* viewport, const QStringList& paths)
 {
     QMimeData mime;
@@ -30,6 +32,31 @@ void dropNames(QWidget* viewport, const QStringList& paths)
     QCoreApplication::sendEvent(viewport, &enter);
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(viewport, &drop);
+    QCoreApplication::processEvents();
+}
+
+// An MP3 file ending in an ID3v1 tag with these fields, each padded to its width with pad.
+QString writeTagged(Form1Fixture& f, const QString& name, const QByteArray& title,
+                    const QByteArray& artist, char pad = ' ')
+{
+    QByteArray tag(128, pad);
+    tag.replace(0, 3, "TAG");
+    tag.replace(3, title.size(), title);
+    tag.replace(33, artist.size(), artist);
+    tag[127] = char(0);
+    const QString path = f.drive + QStringLiteral("/M/") + name;
+    nubo::test::writeFile(path, QByteArray(200, 'x') + tag);
+    return path;
+}
+
+// Whether a user can reach the action: it and every menu that holds it are enabled.
+bool reachable(QAction* action)
+{
+    for (QObject* o = action; o; o = o->parent()) {
+        if (auto* menu = qobject_cast<QMenu*>(o); menu && !menu->menuAction()->isEnabled())
+            return false;
+    }
+    return action->isEnabled();
 }
 
 } // namespace
@@ -50,7 +77,8 @@ private slots:
         QTRY_COMPARE(f.form.ListView1->model()->rowCount(), 3);
         QCOMPARE(f.form.ListView1->model()->index(0, 0).data().toString(), QStringLiteral("f2"));
         QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 3 archivos actualmente"));
-        QCOMPARE(f.form.txtvolumename->text(), QStringLiteral("CD 1"));
+        QVERIFY(f.form.txtvolumename->text().isEmpty()); // the search alone writes the box
+        QCOMPARE(f.catalogue.list().row(0).origen, QStringLiteral("CD 1"));
     }
 
     // The counts and texts are the catalogue's; here the Delete key and the menu entry reach it.
@@ -107,7 +135,11 @@ private slots:
         for (QAction* mode : {f.form.Edit, f.form.Mover}) {
             mode->trigger();
             QVERIFY(mode->isChecked() && !f.form.Funcional->isChecked());
-            QVERIFY(!f.form.mnuOpcionesLista->menuAction()->isEnabled());
+            // The file options are off, the modes stay within reach: the way back.
+            for (QAction* option : {f.form.Rep, f.form.Agr1, f.form.Eli, f.form.ChngeName})
+                QVERIFY(!reachable(option));
+            for (QAction* way : {f.form.Funcional, f.form.Edit, f.form.Mover, f.form.Reest})
+                QVERIFY(reachable(way));
             QCOMPARE(f.form.ListView1->editTriggers(), QAbstractItemView::NoEditTriggers);
             QTest::mouseClick(viewport, Qt::RightButton, {}, f.rowPoint(0));
             QVERIFY(!f.form.mnuOpcionesLista->isVisible());
@@ -119,7 +151,11 @@ private slots:
         f.form.Reest->trigger();
         QCOMPARE(f.form.listMode(), ListMode::Funcional);
         QVERIFY(f.form.Funcional->isChecked() && !f.form.Mover->isChecked());
-        QVERIFY(f.form.mnuOpcionesLista->menuAction()->isEnabled());
+        QVERIFY(reachable(f.form.Rep) && reachable(f.form.ChngeName));
+        f.form.Edit->trigger();
+        f.form.Funcional->trigger();
+        QCOMPARE(f.form.listMode(), ListMode::Funcional);
+        QVERIFY(reachable(f.form.Eli));
     }
 
     void f12LeavesWithoutAQuestion()
@@ -172,6 +208,36 @@ private slots:
         f.dialogs.inputAnswers.enqueue(QString());
         dropNames(f.form.ListView1->viewport(), {m, a});
         QCOMPARE(f.catalogue.list().count(), 3); // an empty answer stops the whole drop
+    }
+
+    // The dragging program is let go before the question and the walk: and it is never told
+    // that the files were moved, which would let it delete them.
+    void aDropIsACopyFinishedBeforeTheFolderIsSearched()
+    {
+        Form1Fixture f;
+        QWidget* viewport = f.form.ListView1->viewport();
+        QMimeData mime;
+        mime.setUrls({QUrl::fromLocalFile(f.drive)});
+        QDragEnterEvent moveOnly(QPoint(10, 10), Qt::MoveAction, &mime, Qt::LeftButton,
+                                 Qt::ShiftModifier);
+        QCoreApplication::sendEvent(viewport, &moveOnly);
+        QVERIFY(!moveOnly.isAccepted());
+
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction | Qt::MoveAction, &mime,
+                              Qt::LeftButton, Qt::ShiftModifier);
+        enter.setDropAction(Qt::MoveAction);
+        QCoreApplication::sendEvent(viewport, &enter);
+        QVERIFY(enter.isAccepted());
+        QCOMPARE(enter.dropAction(), Qt::CopyAction);
+        QDropEvent drop(QPointF(10, 10), Qt::MoveAction | Qt::LinkAction, &mime, Qt::LeftButton,
+                        Qt::ShiftModifier);
+        QCoreApplication::sendEvent(viewport, &drop);
+        QVERIFY(drop.isAccepted());
+        QCOMPARE(drop.dropAction(), Qt::LinkAction);
+        QVERIFY(f.dialogs.asked.isEmpty());
+        QVERIFY(f.search.calls.isEmpty());
+        QTRY_COMPARE(f.search.calls, QStringList({f.drive + "|*.*"}));
+        QCOMPARE(f.dialogs.asked.size(), 1);
     }
 
     void ctrlTTogglesAlwaysOnTop()
@@ -266,6 +332,71 @@ private slots:
         QVERIFY(!f.form.ListView1->toolTip().isEmpty());
         QTest::keyClick(f.form.ListView1, Qt::Key_Up);
         QVERIFY(!f.form.txtMp3Info->isVisible());
+    }
+
+    // The box never shows what it held before the option was switched, nor another row's tag
+    // once the rows under a still pointer have changed; zero-byte padding draws as nothing.
+    void detailsBoxShowsOnlyTheRowUnderThePointer()
+    {
+        Form1Fixture f;
+        f.options.setValue(nubo::core::Option::MostrarPro, 1);
+        f.add(writeTagged(f, QStringLiteral("a.mp3"), "Hola", "Ana", '\0'));
+        f.add(writeTagged(f, QStringLiteral("b.mp3"), {}, "Luis"));
+        f.add(writeTagged(f, QStringLiteral("c.mp3"), "Otra", "Eva"));
+        const auto pointAt = [&f](int position) {
+            f.catalogue.list().flush();
+            emit f.form.ListView1->pointerOverRow(f.catalogue.list().indexAt(position));
+        };
+        pointAt(2);
+        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola") + QChar(0)));
+        QVERIFY(f.form.txtMp3Info->toPlainText().startsWith(QStringLiteral("Titulo: Hola\n")));
+        QVERIFY(!f.form.txtMp3Info->toPlainText().contains(QChar(0)));
+
+        f.form.forgetDetails(); // the option switched off and on
+        pointAt(1);
+        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("\r\nArtista: Luis")));
+
+        pointAt(0);
+        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Otra")));
+        f.catalogue.SortByColumn(0);
+        f.catalogue.SortByColumn(0); // ascending: a.mp3 now lies under the pointer
+        pointAt(0);
+        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
+
+        f.form.ListView1->setCurrentIndex(f.catalogue.list().indexAt(0));
+        QTest::keyClick(f.form.ListView1, Qt::Key_Down); // shows the focused b.mp3
+        QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
+        pointAt(0);
+        QVERIFY(!f.form.detailsText().contains(QStringLiteral("Luis")));
+
+        f.form.ListView1->clearSelection();
+        f.catalogue.list().setSelected(0, true);
+        f.catalogue.DeleteSelectedRows();
+        pointAt(0);
+        QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
+    }
+
+    // The scrollbar and the details box narrow the list; FORMATO stays in sight.
+    void theFourColumnsFitTheVisibleWidth()
+    {
+        Form1Fixture f;
+        QTRY_VERIFY(!f.form.Timer2->isActive());
+        QHeaderView* header = f.form.ListView1->header();
+        const auto shown = [header] {
+            return header->sectionSize(0) + header->sectionSize(1) + header->sectionSize(2) +
+                   header->sectionSize(3);
+        };
+        header->resizeSection(0, header->sectionSize(0) * 2);
+        f.addMany(80);
+        f.catalogue.list().flush();
+        QTRY_VERIFY(f.form.ListView1->verticalScrollBar()->isVisible());
+        QTRY_COMPARE(shown(), f.form.ListView1->viewport()->width());
+        const int wide = header->sectionSize(0);
+        QVERIFY(wide > header->sectionSize(1) * 3 / 2); // the user's proportions are kept
+        f.form.txtMp3Info->setVisible(true);
+        QTRY_VERIFY(header->sectionSize(0) < wide);
+        QCOMPARE(shown(), f.form.ListView1->viewport()->width());
+        QCOMPARE(header->sectionSize(4), 0);
     }
 };
 

@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <optional>
+
 using namespace nubo;
 
 // The search run into the real list window, as the program puts them together.
@@ -63,6 +65,46 @@ private slots:
         QVERIFY(!rig.list.form.mnuFindFiles->isVisible());
         QVERIFY(rig.list.form.isVisible());
         QVERIFY(rig.list.form.Timer1->isActive());
+        QCOMPARE(rig.list.form.Timer1->interval(), 500); // six ticks: three seconds
+    }
+
+    // Until an answer counts, the box keeps the volume's name that the question offered.
+    void theGroupQuestionWritesTheBoxOnlyWithAName()
+    {
+        Rig rig;
+        rig.volumes.detailsByPath.insert(rig.root.path(), {"DISCO", 1u, 255, 0, "ext4"});
+        for (const std::optional<QString>& answer :
+             {std::optional<QString>(), {QStringLiteral(" ")}}) {
+            rig.dialogs.inputAnswers.enqueue(answer);
+            rig.dialogs.messageAnswers.enqueue(platform::MessageAnswer::Yes); // cancel the search
+            rig.search.controller.Command1Click();
+            const auto& question = rig.dialogs.asked.at(rig.dialogs.asked.size() - 2);
+            QCOMPARE(question.defaultText, QStringLiteral("DISCO"));
+            QCOMPARE(rig.list.form.txtvolumename->text(), QStringLiteral("DISCO"));
+        }
+        QCOMPARE(rig.list.catalogue.list().count(), 0);
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
+        rig.search.controller.Command1Click();
+        QCOMPARE(rig.list.form.txtvolumename->text(), QStringLiteral("Rock"));
+        QCOMPARE(rig.list.catalogue.list().row(0).origen, QStringLiteral("Rock"));
+    }
+
+    // The strip keeps a deep folder's start and end; the window stays within the screen.
+    void aDeepFolderNeverWidensTheWindow()
+    {
+        Rig rig;
+        catalogue::Form1& form = rig.list.form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        const QString deep = QStringLiteral("Buscando ... /inicio") +
+                             QStringLiteral("/carpeta").repeated(300) + QStringLiteral("/fin");
+        rig.host.setFolderStrip(deep);
+        QCoreApplication::processEvents();
+        QVERIFY(form.frameGeometry().width() <= form.screen()->availableGeometry().width());
+        const QString shown = form.Picture1->text();
+        QVERIFY(shown.startsWith(QStringLiteral("Buscando ... /inicio/carpeta")));
+        QVERIFY(shown.endsWith(QStringLiteral("/fin")));
+        QVERIFY(shown.contains(QChar(0x2026)));
     }
 
     void theHiddenButtonAndItsMenuEntryStopARunningSearch()

@@ -138,6 +138,8 @@ private slots:
         QCOMPARE(ShowTagText(path, "antes").isMpegAudio, expected); // false hides the box
         QVERIFY(!IsMpegAudioFile(m_dir.filePath("falta/" + name)));
         QVERIFY(!ShowTagText(m_dir.filePath("falta/" + name), "antes").isMpegAudio);
+        QVERIFY(QDir(m_dir.path()).mkpath("carpeta/" + name)); // a folder is no audio file
+        QVERIFY(!IsMpegAudioFile(m_dir.filePath("carpeta/" + name)));
     }
 
     // id3v2 writes the same 128-byte tag this reader reads.

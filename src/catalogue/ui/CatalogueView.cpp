@@ -8,6 +8,9 @@
 #include <QMouseEvent>
 #include <QUrl>
 
+#include <algorithm>
+#include <array>
+
 namespace nubo::catalogue {
 
 CatalogueView::CatalogueView(QWidget* parent) : QTreeView(parent)
@@ -26,6 +29,37 @@ CatalogueView::CatalogueView(QWidget* parent) : QTreeView(parent)
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(0);
+}
+
+void CatalogueView::fitColumns()
+{
+    QHeaderView* columns = header();
+    const int width = viewport()->width();
+    if (columns->count() < kShownColumns || width <= 0)
+        return;
+    int shown = 0;
+    for (int c = 0; c < kShownColumns; ++c)
+        shown += columns->sectionSize(c);
+    // Each column keeps its share of the width; with no width yet they share it equally.
+    std::array<int, kShownColumns> sizes{};
+    int left = width;
+    for (int c = 0; c < kShownColumns - 1; ++c) {
+        sizes[c] = shown > 0 ? int(qint64(columns->sectionSize(c)) * width / shown)
+                             : width / kShownColumns;
+        left -= sizes[c];
+    }
+    sizes[kShownColumns - 1] = std::max(0, left);
+    for (int c = 0; c < kShownColumns; ++c)
+        columns->resizeSection(c, sizes[c]);
+}
+
+bool CatalogueView::viewportEvent(QEvent* event)
+{
+    const bool handled = QTreeView::viewportEvent(event);
+    // The details box or a scrollbar narrows the list: the four columns stay in sight.
+    if (event->type() == QEvent::Resize)
+        fitColumns();
+    return handled;
 }
 
 void CatalogueView::keyPressEvent(QKeyEvent* event)
@@ -61,20 +95,37 @@ void CatalogueView::mouseMoveEvent(QMouseEvent* event)
     emit pointerOverRow(indexAt(event->position().toPoint()));
 }
 
+namespace {
+
+// Files are only catalogued, never taken: a move would let the dragging program delete them.
+bool acceptAsCopyOrLink(QDropEvent* event)
+{
+    const Qt::DropActions offered = event->possibleActions();
+    if (!event->mimeData()->hasUrls() || !(offered & (Qt::CopyAction | Qt::LinkAction))) {
+        event->ignore();
+        return false;
+    }
+    event->setDropAction(offered & Qt::CopyAction ? Qt::CopyAction : Qt::LinkAction);
+    event->accept();
+    return true;
+}
+
+} // namespace
+
 void CatalogueView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasUrls())
-        event->acceptProposedAction();
+    acceptAsCopyOrLink(event);
 }
 
 void CatalogueView::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (event->mimeData()->hasUrls())
-        event->acceptProposedAction();
+    acceptAsCopyOrLink(event);
 }
 
 void CatalogueView::dropEvent(QDropEvent* event)
 {
+    if (!acceptAsCopyOrLink(event))
+        return;
     QStringList names;
     for (const QUrl& url : event->mimeData()->urls()) {
         if (!url.isLocalFile())
@@ -84,7 +135,6 @@ void CatalogueView::dropEvent(QDropEvent* event)
             name.chop(1);
         names.append(name);
     }
-    event->acceptProposedAction();
     emit filesDropped(names);
 }
 

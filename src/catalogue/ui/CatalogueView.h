@@ -10,7 +10,12 @@ class CatalogueView final : public QTreeView
 {
     Q_OBJECT
 public:
+    static constexpr int kShownColumns = 4; // the drive column is kept but has no width
+
     explicit CatalogueView(QWidget* parent = nullptr);
+
+    // Shares the visible width among the shown columns, each keeping its proportion.
+    void fitColumns();
 
 signals:
     void filesDropped(const QStringList& names);
@@ -21,6 +26,7 @@ signals:
     void pointerOverRow(const QModelIndex& index);
 
 protected:
+    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

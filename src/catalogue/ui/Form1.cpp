@@ -85,7 +85,7 @@ void Form1::createControls()
     txtMp3Info->setFixedWidth(230);
     Timer1 = platform::namedChild<QTimer>(this, "Timer1");
     Timer2 = platform::namedChild<QTimer>(this, "Timer2");
-    Timer1->setInterval(250);
+    Timer1->setInterval(500); // six ticks: three seconds of flashing
     Timer2->setInterval(10);
     Timer3 = &m_catalogue.info().timer();
     createStatusControls();
@@ -127,6 +127,8 @@ void Form1::createVolumeControls()
     Picture1 =
         label(this, "Picture1", {}, QStringLiteral("Muestra la direccion actual de busqueda"));
     Picture1->setMinimumHeight(20);
+    // A deep folder's path is elided by the search, never widening the window.
+    Picture1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     // The value labels start empty; the captions beside them are plain labels.
     LblBytesLibres = label(this, "LblBytesLibres", {},
                            QStringLiteral("Espacio libre en la unidad de busqueda actual"));

@@ -115,6 +115,8 @@ public:
     // False when the rows stayed because a save the user asked for did not happen, or a save
     // or load has the list: the window then stays, with the reason on its message line.
     bool exitProgram();
+    // Empties the details box and the text a blank-title tag would append to.
+    void forgetDetails();
 
 signals:
     void searchWindowRequested();

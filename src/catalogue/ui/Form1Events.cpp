@@ -46,6 +46,8 @@ bool Form1::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyPress: {
         if (qobject_cast<QMenu*>(watched))
             break; // open menus keep their own keys
+        // A key may move other rows under a pointer that stays put.
+        m_lastPointerRow = -1;
         const auto* key = static_cast<QKeyEvent*>(event);
         return handleWindowKey(key->key(), key->modifiers());
     }
@@ -149,7 +151,9 @@ void Form1::applyMode(ListMode mode)
     ListView1->setEditTriggers(rules.editOnClick ? QAbstractItemView::SelectedClicked
                                                  : QAbstractItemView::NoEditTriggers);
     ListView1->setAllColumnsShowFocus(rules.allColumnsShowFocus);
-    mnuOpcionesLista->menuAction()->setEnabled(rules.popupEnabled);
+    // The file options follow the mode; the mode submenu stays reachable, as the way back.
+    for (QAction* option : {Rep, Agr1, Eli, ChngeName})
+        option->setEnabled(rules.popupEnabled);
     QAction* checked = mode == ListMode::Funcional ? Funcional
                        : mode == ListMode::Edit    ? Edit
                                                    : Mover;
@@ -247,9 +251,17 @@ void Form1::showDetailsOf(int position)
     ListView1->setToolTip(view.toolTip);
     ListView1->viewport()->setToolTip(view.toolTip);
     m_detailsText = view.boxText;
-    txtMp3Info->setPlainText(
-        QString(m_detailsText).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    // The tag's zero-byte padding stays in the text but draws as nothing.
+    txtMp3Info->setPlainText(QString(m_detailsText)
+                                 .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                                 .remove(QChar(0)));
     txtMp3Info->setVisible(view.boxVisible);
+}
+
+void Form1::forgetDetails()
+{
+    m_detailsText.clear();
+    txtMp3Info->clear();
 }
 
 void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)
@@ -298,6 +310,9 @@ void Form1::growTick()
 void Form1::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    // Whatever its controls ask for, the window stays within the screen's width.
+    if (const QScreen* screen = this->screen())
+        setMaximumWidth(screen->availableGeometry().width() - (frameGeometry().width() - width()));
     if (m_loaded)
         return;
     m_loaded = true;

@@ -9,7 +9,6 @@
 #include <QActionGroup>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -131,7 +130,6 @@ void Form1::connectCatalogue()
     connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
     connect(&m_catalogue, &Catalogue::busyChanged, this,
             [this](bool busy) { enableListCommands(!busy); });
-    connect(&m_catalogue, &Catalogue::groupNameChanged, txtvolumename, &QLineEdit::setText);
     connect(&m_catalogue.info(), &InfoMessage::changed, this,
             [this](const QString& text, quint32 colour) {
                 LblInfo->setText(text);
@@ -161,8 +159,11 @@ void Form1::connectList()
 {
     connect(ListView1->header(), &QHeaderView::sectionClicked, &m_catalogue,
             &Catalogue::SortByColumn);
-    connect(ListView1, &CatalogueView::filesDropped, this,
-            [this](const QStringList& names) { m_drops.handleDrop(names); });
+    // The drop is finished first: a folder's question and walk must not hold the dragging
+    // program until the walk ends.
+    connect(
+        ListView1, &CatalogueView::filesDropped, this,
+        [this](const QStringList& names) { m_drops.handleDrop(names); }, Qt::QueuedConnection);
     connect(ListView1, &CatalogueView::editNameRequested, this, &Form1::editFocusedName);
     connect(ListView1, &CatalogueView::deleteRequested, &m_catalogue,
             &Catalogue::DeleteSelectedRows);
@@ -183,6 +184,12 @@ void Form1::connectList()
     connect(ListView1, &CatalogueView::doubleClicked, this, &Form1::openOnDoubleClick);
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Form1::syncSelection);
+    // Once rows move or go, the row under the pointer is another one.
+    const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };
+    connect(&m_catalogue.list(), &QAbstractItemModel::layoutChanged, this, forgetPointerRow);
+    connect(&m_catalogue.list(), &QAbstractItemModel::rowsInserted, this, forgetPointerRow);
+    connect(&m_catalogue.list(), &QAbstractItemModel::rowsRemoved, this, forgetPointerRow);
+    connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, forgetPointerRow);
     applyMode(ListMode::Funcional);
 }
 

@@ -19,6 +19,7 @@ public:
         QString title;
         MessageButtons buttons = MessageButtons::Ok;
         MessageIcon icon = MessageIcon::None;
+        QString defaultText = {}; // the text an input box offered
     };
 
     QList<Asked> asked;
@@ -42,7 +43,8 @@ public:
     std::optional<QString> inputBox(const QString& prompt, const QString& title,
                                     const QString& defaultText) override
     {
-        asked.append({QStringLiteral("input"), prompt, title});
+        asked.append({QStringLiteral("input"), prompt, title, MessageButtons::Ok, MessageIcon::None,
+                      defaultText});
         return inputAnswers.isEmpty() ? std::optional<QString>(defaultText)
                                       : inputAnswers.dequeue();
     }

@@ -25,7 +25,10 @@ void ListWindowHost::addFileToList(const QString& path)
 
 void ListWindowHost::setFolderStrip(const QString& text)
 {
-    m_form.Picture1->setText(text);
+    // A deep folder keeps its start and its end in sight; the middle gives way.
+    QLabel* strip = m_form.Picture1;
+    strip->setText(
+        strip->fontMetrics().elidedText(text, Qt::ElideMiddle, strip->contentsRect().width()));
 }
 
 void ListWindowHost::endFolderBatch()
