@@ -395,27 +395,31 @@ private slots:
     {
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("chosen");
-        QTest::addColumn<int>("rows");
+        QTest::addColumn<QString>("sheetName");
         QTest::newRow("current file, folder gone") << "no/v.mdb"
-                                                   << "" << 3;
+                                                   << ""
+                                                   << "Hoja";
         QTest::newRow("save as, folder gone") << ""
-                                              << "no/v.xls" << 3;
-        QTest::newRow("sheet row limit") << "grande.xls"
-                                         << "" << 65535;
+                                              << "no/v.xls"
+                                              << "Hoja";
+        QTest::newRow("invalid sheet name") << "v.xls"
+                                            << ""
+                                            << "a/b";
     }
     void emptyingKeepsTheRowsWhenTheSaveFails()
     {
         QFETCH(QString, current);
         QFETCH(QString, chosen);
-        QFETCH(int, rows);
         Flow f;
-        f.fill(rows);
+        QFETCH(QString, sheetName);
+        f.sheet.sheetName = sheetName;
+        f.fill(3);
         if (!current.isEmpty())
             f.catalogue.setCurrentFile(f.path(current));
         if (!chosen.isEmpty())
             f.dialogs.fileAnswers.enqueue(f.path(chosen));
         QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Stopped);
-        QCOMPARE(f.catalogue.list().count(), rows);
+        QCOMPARE(f.catalogue.list().count(), 3);
         QCOMPARE(f.catalogue.currentFile(), current.isEmpty() ? QString() : f.path(current));
         const QString target = f.path(current.isEmpty() ? chosen : current);
         QVERIFY2(f.status().startsWith("No se puede acceder al archivo " + target),

@@ -45,6 +45,23 @@ class TestListWindowHost final : public QObject
     };
 
 private slots:
+    // A search started while a catalogue save or load has the list adds nothing and says why.
+    void aSearchIsRefusedWhileTheListIsBusy()
+    {
+        Rig rig;
+        rig.list.catalogue.setBusy(true);
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
+        rig.search.controller.Command1Click();
+        QCOMPARE(rig.list.catalogue.list().count(), 0);
+        QCOMPARE(rig.list.form.LblInfo->text(),
+                 QStringLiteral("Espere a que la lista termine de guardarse o cargarse (Esc lo "
+                                "detiene)"));
+        rig.list.catalogue.setBusy(false);
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
+        rig.search.controller.Command1Click();
+        QCOMPARE(rig.list.catalogue.list().count(), 3);
+    }
+
     void aSearchFillsTheListWindow()
     {
         Rig rig;
