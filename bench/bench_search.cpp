@@ -89,7 +89,7 @@ qint64 searchInListWindow(const platform::PlatformServices& services, const QStr
     list.form.show();
     search.form3.setFolderPath(root);
     search.form3.setMaskText(QStringLiteral("*.mp3"));
-    list.form.Command1->click();
+    list.form.findChild<QPushButton*>(QStringLiteral("Command1"))->click();
     QCoreApplication::processEvents();
     return list.catalogue.list().count();
 }

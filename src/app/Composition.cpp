@@ -161,7 +161,7 @@ void Composition::connectSearch()
         *m_services.directories, *m_services.tray});
     m_searchHost->setEngine(&m_search->engine);
     form.setSearchLauncher(m_searchHost.get());
-    m_search->controller.setCancelFlagRaiser([&form] { emit form.cancelRequested(); });
+    m_search->controller.setCancelFlagRaiser([&form] { form.requestCancel(); });
     QObject::connect(&form, &catalogue::Form1::searchWindowRequested, &m_search->form3,
                      [this] { m_search->showSearchWindow(); });
     m_windows.connectWindow(FrameWindow::Search, &m_search->form3);

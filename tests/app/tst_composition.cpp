@@ -24,8 +24,10 @@
 #include <memory>
 
 #include "TestFiles.h"
+#include "WindowControl.h"
 
 using namespace nubo;
+using test::control;
 
 namespace {
 
@@ -119,7 +121,8 @@ private slots:
         search->setFolderPath(tree);
         search->setMaskText(QStringLiteral("*.mp3"));
 
-        const QAbstractItemModel* rows = list->ListView1->model();
+        const QAbstractItemModel* rows =
+            control<catalogue::CatalogueView>(*list, "ListView1")->model();
         QElapsedTimer sinceExit;
         // Ctrl+S as soon as the walk shows its first rows.
         QObject::connect(
@@ -131,14 +134,15 @@ private slots:
                 }
             },
             Qt::QueuedConnection);
-        QTimer::singleShot(0, list->Command1, &QPushButton::click);
+        QTimer::singleShot(0, control<QPushButton>(*list, "Command1"), &QPushButton::click);
         QCOMPARE(runUntilEnd(30000), 0);
         // The time is reported, not asserted: a walk left running would add rows below.
         qInfo("ended %lld ms after Ctrl+S", static_cast<long long>(sinceExit.elapsed()));
 
         QCOMPARE(list->windowTitle(),
                  QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
-        QCOMPARE(list->mnuFindFiles->text(), QStringLiteral("&Buscar Archivo(s)..."));
+        QCOMPARE(control<QAction>(*list, "mnuFindFiles")->text(),
+                 QStringLiteral("&Buscar Archivo(s)..."));
         QCOMPARE(rows->rowCount(), 0);
     }
 
@@ -160,19 +164,21 @@ private slots:
         auto* list = window<catalogue::Form1>("Form1");
         QVERIFY(list);
         program->openAtStart(catalogue);
-        QTRY_COMPARE_WITH_TIMEOUT(list->ListView1->model()->rowCount(), 30000, 60000);
-        QTRY_COMPARE(list->lblCurList->text(), catalogue);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            control<catalogue::CatalogueView>(*list, "ListView1")->model()->rowCount(), 30000,
+            60000);
+        QTRY_COMPARE(control<QLabel>(*list, "lblCurList")->text(), catalogue);
 
         QElapsedTimer sinceF12;
         QTimer pressF12; // ticks on every turn of events, the save's own included
         pressF12.setInterval(0);
         QObject::connect(&pressF12, &QTimer::timeout, list, [&] {
-            if (list->ProgressBar1->isVisible() && !sinceF12.isValid()) {
+            if (control<QProgressBar>(*list, "ProgressBar1")->isVisible() && !sinceF12.isValid()) {
                 sinceF12.start();
                 QTest::keyClick(list, Qt::Key_F12);
             }
         });
-        QTimer::singleShot(0, list->guardarb, &QAction::trigger);
+        QTimer::singleShot(0, control<QAction>(*list, "guardarb"), &QAction::trigger);
         pressF12.start();
         QCOMPARE(runUntilEnd(60000), 0);
         QVERIFY(sinceF12.isValid());
@@ -191,7 +197,7 @@ private slots:
         QVERIFY(list);
         list->show();
         list->move(40, 30);
-        QTest::mouseClick(list->PicExcelConf, Qt::LeftButton);
+        QTest::mouseClick(control<QLabel>(*list, "PicExcelConf"), Qt::LeftButton);
         const QWidget* sheet = window<QWidget>("Form7");
         QVERIFY(sheet && sheet->isVisible());
         QVERIFY(
@@ -220,7 +226,7 @@ private slots:
         QVERIFY(app::InstanceChannel::send(app::Composition::channelName(), catalogue));
         QTRY_VERIFY(main->isVisible());
         auto* list = window<catalogue::Form1>("Form1");
-        QTRY_COMPARE(list->ListView1->model()->rowCount(), 2);
+        QTRY_COMPARE(control<catalogue::CatalogueView>(*list, "ListView1")->model()->rowCount(), 2);
         QVERIFY(list->isVisible());
     }
 

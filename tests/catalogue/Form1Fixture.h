@@ -3,13 +3,17 @@
 #include "catalogue/DropHandler.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/RowDetails.h"
+#include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/Form1.h"
 
+#include <QAction>
+#include <QLabel>
 #include <QTest>
 
 #include <optional>
 
 #include "CatalogueFixture.h"
+#include "WindowControl.h"
 
 // Records what the list window asks of the search.
 class FakeSearch final : public nubo::catalogue::ISearchLauncher
@@ -53,11 +57,20 @@ struct Form1Fixture : OpenerFixture
             qWarning("the list window was not exposed");
     }
 
+    // The window's controls, by their names.
+    template <class T> T* control(const char* name) { return nubo::test::control<T>(form, name); }
+    nubo::catalogue::CatalogueView* view()
+    {
+        return control<nubo::catalogue::CatalogueView>("ListView1");
+    }
+    QAction* action(const char* name) { return control<QAction>(name); }
+    QLabel* label(const char* name) { return control<QLabel>(name); }
+
     // The centre of the row at position in the list's viewport, once the view knows it.
     QPoint rowPoint(int position, int column = 0)
     {
         catalogue.list().flush();
-        return form.ListView1
+        return view()
             ->visualRect(
                 catalogue.list().indexAt(position, static_cast<nubo::catalogue::Column>(column)))
             .center();

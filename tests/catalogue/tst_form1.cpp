@@ -69,15 +69,18 @@ private slots:
     void addingShowsRowsAndTheCountLine()
     {
         Form1Fixture f;
-        QTRY_VERIFY(!f.form.Timer2->isActive());
-        QCOMPARE(f.form.ListView1->header()->sectionSize(4), 0);
-        QVERIFY(f.form.ListView1->header()->sectionSize(0) > 0);
+        QTRY_VERIFY(!f.control<QTimer>("Timer2")->isActive());
+        QCOMPARE(f.view()->header()->sectionSize(4), 0);
+        QVERIFY(f.view()->header()->sectionSize(0) > 0);
         f.catalogue.setGroupName(QStringLiteral("CD 1"));
         f.addMany(3);
-        QTRY_COMPARE(f.form.ListView1->model()->rowCount(), 3);
-        QCOMPARE(f.form.ListView1->model()->index(0, 0).data().toString(), QStringLiteral("f2"));
-        QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 3 archivos actualmente"));
-        QVERIFY(f.form.txtvolumename->text().isEmpty()); // the search alone writes the box
+        QTRY_COMPARE(f.view()->model()->rowCount(), 3);
+        QCOMPARE(f.view()->model()->index(0, 0).data().toString(), QStringLiteral("f2"));
+        QCOMPARE(f.label("Label2")->text(),
+                 QStringLiteral("La lista contiene 3 archivos actualmente"));
+        QVERIFY(f.control<QLineEdit>("txtvolumename")
+                    ->text()
+                    .isEmpty()); // the search alone writes the box
         QCOMPARE(f.catalogue.list().row(0).origen, QStringLiteral("CD 1"));
     }
 
@@ -86,14 +89,14 @@ private slots:
     {
         Form1Fixture f;
         f.addMany(10);
-        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
-        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, Qt::ShiftModifier,
-                          f.rowPoint(3));
-        QTest::keyClick(f.form.ListView1, Qt::Key_Delete);
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, Qt::ShiftModifier, f.rowPoint(3));
+        QTest::keyClick(f.view(), Qt::Key_Delete);
         QCOMPARE(f.catalogue.list().count(), 7);
-        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
-        f.form.Eli->trigger();
-        QCOMPARE(f.form.Label2->text(), QStringLiteral("La lista contiene 6 archivo actualmente"));
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
+        f.action("Eli")->trigger();
+        QCOMPARE(f.label("Label2")->text(),
+                 QStringLiteral("La lista contiene 6 archivo actualmente"));
         QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("f5"));
     }
 
@@ -103,59 +106,62 @@ private slots:
         Form1Fixture f;
         f.addMany(2);
         f.dialogs.messageAnswers.enqueue(MessageAnswer::Cancel);
-        f.form.Command6->click();
+        f.control<QPushButton>("Command6")->click();
         f.dialogs.messageAnswers.enqueue(MessageAnswer::Yes); // no save flow: kept
         QTest::keyClick(&f.form, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(f.catalogue.list().count(), 2);
         f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
-        f.form.vaciarl->trigger();
-        QCOMPARE(f.form.ListView1->model()->rowCount(), 0);
+        f.action("vaciarl")->trigger();
+        QCOMPARE(f.view()->model()->rowCount(), 0);
         QCOMPARE(f.dialogs.asked.size(), 3);
-        QTest::mouseClick(f.form.Picture2, Qt::LeftButton);
-        QCOMPARE(f.form.LblInfo->text(), QStringLiteral("No es posible vaciar una lista vacia"));
-        QCOMPARE(f.form.LblInfo->palette().color(QPalette::WindowText), QColor(Qt::red));
+        QTest::mouseClick(f.label("Picture2"), Qt::LeftButton);
+        QCOMPARE(f.label("LblInfo")->text(),
+                 QStringLiteral("No es posible vaciar una lista vacia"));
+        QCOMPARE(f.label("LblInfo")->palette().color(QPalette::WindowText), QColor(Qt::red));
     }
 
     void modesRuleThePopupAndTheDoubleClick()
     {
         Form1Fixture f;
-        QWidget* viewport = f.form.ListView1->viewport();
+        QWidget* viewport = f.view()->viewport();
         QTest::mouseClick(viewport, Qt::RightButton, {}, QPoint(20, 20));
-        QVERIFY(!f.form.mnuOpcionesLista->isVisible()); // empty list: no popup
+        QVERIFY(!f.control<QMenu>("mnuOpcionesLista")->isVisible()); // empty list: no popup
 
         f.options.setValue(nubo::core::Option::DblClkExecute, 1);
         f.add(f.file(QStringLiteral("M/tema.mp3")));
         QTest::mouseClick(viewport, Qt::RightButton, {}, f.rowPoint(0));
-        QVERIFY(f.form.mnuOpcionesLista->isVisible());
-        f.form.mnuOpcionesLista->hide();
+        QVERIFY(f.control<QMenu>("mnuOpcionesLista")->isVisible());
+        f.control<QMenu>("mnuOpcionesLista")->hide();
         QTest::mouseDClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
         QCOMPARE(f.shell.calls.size(), 1);
         QCOMPARE(f.shell.calls[0].first, QStringLiteral("open"));
 
-        for (QAction* mode : {f.form.Edit, f.form.Mover}) {
+        for (QAction* mode : {f.action("Edit"), f.action("Mover")}) {
             mode->trigger();
-            QVERIFY(mode->isChecked() && !f.form.Funcional->isChecked());
+            QVERIFY(mode->isChecked() && !f.action("Funcional")->isChecked());
             // The file options are off, the modes stay within reach: the way back.
-            for (QAction* option : {f.form.Rep, f.form.Agr1, f.form.Eli, f.form.ChngeName})
+            for (QAction* option :
+                 {f.action("Rep"), f.action("Agr1"), f.action("Eli"), f.action("ChngeName")})
                 QVERIFY(!reachable(option));
-            for (QAction* way : {f.form.Funcional, f.form.Edit, f.form.Mover, f.form.Reest})
+            for (QAction* way :
+                 {f.action("Funcional"), f.action("Edit"), f.action("Mover"), f.action("Reest")})
                 QVERIFY(reachable(way));
-            QCOMPARE(f.form.ListView1->editTriggers(), QAbstractItemView::NoEditTriggers);
+            QCOMPARE(f.view()->editTriggers(), QAbstractItemView::NoEditTriggers);
             QTest::mouseClick(viewport, Qt::RightButton, {}, f.rowPoint(0));
-            QVERIFY(!f.form.mnuOpcionesLista->isVisible());
+            QVERIFY(!f.control<QMenu>("mnuOpcionesLista")->isVisible());
             QTest::mouseDClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
             QCOMPARE(f.shell.calls.size(), 1);
         }
-        f.form.Mover->trigger(); // the checked item again: nothing changes
+        f.action("Mover")->trigger(); // the checked item again: nothing changes
         QCOMPARE(f.form.listMode(), ListMode::Mover);
-        f.form.Reest->trigger();
+        f.action("Reest")->trigger();
         QCOMPARE(f.form.listMode(), ListMode::Funcional);
-        QVERIFY(f.form.Funcional->isChecked() && !f.form.Mover->isChecked());
-        QVERIFY(reachable(f.form.Rep) && reachable(f.form.ChngeName));
-        f.form.Edit->trigger();
-        f.form.Funcional->trigger();
+        QVERIFY(f.action("Funcional")->isChecked() && !f.action("Mover")->isChecked());
+        QVERIFY(reachable(f.action("Rep")) && reachable(f.action("ChngeName")));
+        f.action("Edit")->trigger();
+        f.action("Funcional")->trigger();
         QCOMPARE(f.form.listMode(), ListMode::Funcional);
-        QVERIFY(reachable(f.form.Eli));
+        QVERIFY(reachable(f.action("Eli")));
     }
 
     void f12LeavesWithoutAQuestion()
@@ -173,15 +179,15 @@ private slots:
     {
         Form1Fixture f;
         QSignalSpy cancel(&f.form, &Form1::cancelRequested);
-        f.form.mnuFindFiles->setVisible(true);
-        QTest::keyClick(f.form.ListView1, Qt::Key_Escape);
+        f.action("mnuFindFiles")->setVisible(true);
+        QTest::keyClick(f.view(), Qt::Key_Escape);
         QCOMPARE(cancel.count(), 1);
-        QVERIFY(f.form.mnuFindFiles->isVisible()); // nothing was running
+        QVERIFY(f.action("mnuFindFiles")->isVisible()); // nothing was running
         f.search.searching = true;
-        QTest::keyClick(f.form.txtvolumename, Qt::Key_Escape);
-        QVERIFY(!f.form.mnuFindFiles->isVisible());
+        QTest::keyClick(f.control<QLineEdit>("txtvolumename"), Qt::Key_Escape);
+        QVERIFY(!f.action("mnuFindFiles")->isVisible());
         QCOMPARE(f.search.calls, QStringList({"stop", "stop"}));
-        f.form.mnuFindFiles->trigger(); // presses the search button
+        f.action("mnuFindFiles")->trigger(); // presses the search button
         QCOMPARE(f.search.calls.last(), QStringLiteral("run"));
     }
 
@@ -190,13 +196,13 @@ private slots:
         Form1Fixture f;
         const QString a = f.file(QStringLiteral("M/a.mp3"));
         const QString b = f.file(QStringLiteral("M/b.wav"));
-        dropNames(f.form.ListView1->viewport(), {a, b});
+        dropNames(f.view()->viewport(), {a, b});
         QCOMPARE(f.catalogue.list().count(), 2);
         QVERIFY(f.dialogs.asked.isEmpty());
 
         f.dialogs.inputAnswers.enqueue(QStringLiteral("*.mp3"));
         const QString m = f.drive + QStringLiteral("/M");
-        dropNames(f.form.ListView1->viewport(), {m, a, f.drive});
+        dropNames(f.view()->viewport(), {m, a, f.drive});
         QCOMPARE(f.dialogs.asked.size(), 1); // two folders, one question
         QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Defina una extencion!"));
         QCOMPARE(
@@ -206,7 +212,7 @@ private slots:
         QCOMPARE(f.catalogue.list().count(), 3);
 
         f.dialogs.inputAnswers.enqueue(QString());
-        dropNames(f.form.ListView1->viewport(), {m, a});
+        dropNames(f.view()->viewport(), {m, a});
         QCOMPARE(f.catalogue.list().count(), 3); // an empty answer stops the whole drop
     }
 
@@ -215,7 +221,7 @@ private slots:
     void aDropIsACopyFinishedBeforeTheFolderIsSearched()
     {
         Form1Fixture f;
-        QWidget* viewport = f.form.ListView1->viewport();
+        QWidget* viewport = f.view()->viewport();
         QMimeData mime;
         mime.setUrls({QUrl::fromLocalFile(f.drive)});
         QDragEnterEvent moveOnly(QPoint(10, 10), Qt::MoveAction, &mime, Qt::LeftButton,
@@ -244,10 +250,10 @@ private slots:
     {
         Form1Fixture f;
         QTest::keyClick(&f.form, Qt::Key_T, Qt::ControlModifier);
-        QVERIFY(f.form.isOnTop() && f.form.Check1->isChecked());
+        QVERIFY(f.form.isOnTop() && f.control<QCheckBox>("Check1")->isChecked());
         QVERIFY(f.form.windowFlags() & Qt::WindowStaysOnTopHint);
         QVERIFY(f.form.isVisible());
-        QTest::mouseClick(f.form.PicOnTop, Qt::LeftButton);
+        QTest::mouseClick(f.label("PicOnTop"), Qt::LeftButton);
         QVERIFY(!f.form.isOnTop());
         QVERIFY(!(f.form.windowFlags() & Qt::WindowStaysOnTopHint));
     }
@@ -259,10 +265,10 @@ private slots:
         QSignalSpy options(&f.form, &Form1::optionsWindowRequested);
         QSignalSpy sheet(&f.form, &Form1::sheetConfigurationRequested);
         QSignalSpy cover(&f.form, &Form1::printCoverRequested);
-        QTest::keyClick(f.form.ListView1, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(f.form.ListView1, Qt::Key_P, Qt::ControlModifier);
+        QTest::keyClick(f.view(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(f.view(), Qt::Key_P, Qt::ControlModifier);
         QTest::keyClick(&f.form, Qt::Key_F3);
-        f.form.Command7->click();
+        f.control<QPushButton>("Command7")->click();
         QTest::keyClick(&f.form, Qt::Key_F4);
         QTest::keyClick(&f.form, Qt::Key_F5);
         QTest::keyClick(&f.form, Qt::Key_O, Qt::ControlModifier);
@@ -271,8 +277,8 @@ private slots:
         QCOMPARE(options.count(), 1);
         QCOMPARE(sheet.count(), 2);
         QCOMPARE(cover.count(), 1);
-        const QList<QAction*> list = f.form.Arch1->actions();
-        QCOMPARE(list.at(list.indexOf(f.form.guardarc) + 1)->text(),
+        const QList<QAction*> list = f.control<QMenu>("Arch1")->actions();
+        QCOMPARE(list.at(list.indexOf(f.action("guardarc")) + 1)->text(),
                  QStringLiteral("&Imprimir tapa..."));
     }
 
@@ -283,16 +289,17 @@ private slots:
         QSignalSpy scene(&f.form, &Form1::sceneStepBackRequested);
         // "Sí" with nothing saved (no save flow here): the rows and the window stay.
         f.dialogs.messageAnswers.enqueue(MessageAnswer::Yes);
-        f.form.ExitProgram->trigger();
+        f.action("ExitProgram")->trigger();
         QVERIFY(f.form.isVisible());
         QCOMPARE(f.catalogue.list().count(), 1);
         QCOMPARE(scene.count(), 0);
         // While a save has the list, its commands are greyed and the close box is refused.
         f.catalogue.setBusy(true);
-        QVERIFY(!f.form.guardarb->isEnabled() && !f.form.Command6->isEnabled());
+        QVERIFY(!f.action("guardarb")->isEnabled() &&
+                !f.control<QPushButton>("Command6")->isEnabled());
         QVERIFY(!f.form.exitProgram());
         f.catalogue.setBusy(false);
-        QVERIFY(f.form.guardarb->isEnabled() && f.form.vaciarl->isEnabled());
+        QVERIFY(f.action("guardarb")->isEnabled() && f.action("vaciarl")->isEnabled());
         f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
         f.form.close();
         QCOMPARE(f.dialogs.asked.size(), 2);
@@ -307,7 +314,7 @@ private slots:
     void opensWindowGrowingToItsHeight()
     {
         Form1Fixture f(QPoint(0, 300));
-        QTRY_VERIFY(!f.form.Timer2->isActive());
+        QTRY_VERIFY(!f.control<QTimer>("Timer2")->isActive());
         const QRect available = f.form.screen()->availableGeometry();
         QVERIFY(f.form.height() >= std::min(700, available.height() - 50));
         QVERIFY(f.form.y() >= available.top());
@@ -325,13 +332,13 @@ private slots:
         nubo::test::writeFile(f.drive + QStringLiteral("/M/tema.mp3"), QByteArray(200, 'x') + tag);
         f.add(f.drive + QStringLiteral("/M/tema.mp3"));
         f.add(f.file(QStringLiteral("M/leame.txt")));
-        QTest::mouseClick(f.form.ListView1->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
-        QVERIFY(f.form.txtMp3Info->isVisible());
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
+        QVERIFY(f.control<QPlainTextEdit>("txtMp3Info")->isVisible());
         QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
         QVERIFY(f.form.detailsText().endsWith(QStringLiteral("Genero: Blues\r\n")));
-        QVERIFY(!f.form.ListView1->toolTip().isEmpty());
-        QTest::keyClick(f.form.ListView1, Qt::Key_Up);
-        QVERIFY(!f.form.txtMp3Info->isVisible());
+        QVERIFY(!f.view()->toolTip().isEmpty());
+        QTest::keyClick(f.view(), Qt::Key_Up);
+        QVERIFY(!f.control<QPlainTextEdit>("txtMp3Info")->isVisible());
     }
 
     // The box never shows what it held before the option was switched, nor another row's tag
@@ -345,12 +352,14 @@ private slots:
         f.add(writeTagged(f, QStringLiteral("c.mp3"), "Otra", "Eva"));
         const auto pointAt = [&f](int position) {
             f.catalogue.list().flush();
-            emit f.form.ListView1->pointerOverRow(f.catalogue.list().indexAt(position));
+            emit f.view()->pointerOverRow(f.catalogue.list().indexAt(position));
         };
         pointAt(2);
         QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola") + QChar(0)));
-        QVERIFY(f.form.txtMp3Info->toPlainText().startsWith(QStringLiteral("Titulo: Hola\n")));
-        QVERIFY(!f.form.txtMp3Info->toPlainText().contains(QChar(0)));
+        QVERIFY(f.control<QPlainTextEdit>("txtMp3Info")
+                    ->toPlainText()
+                    .startsWith(QStringLiteral("Titulo: Hola\n")));
+        QVERIFY(!f.control<QPlainTextEdit>("txtMp3Info")->toPlainText().contains(QChar(0)));
 
         f.form.forgetDetails(); // the option switched off and on
         pointAt(1);
@@ -363,13 +372,14 @@ private slots:
         pointAt(0);
         QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
 
-        f.form.ListView1->setCurrentIndex(f.catalogue.list().indexAt(0));
-        QTest::keyClick(f.form.ListView1, Qt::Key_Down); // shows the focused b.mp3
+        f.view()->setCurrentIndex(f.catalogue.list().indexAt(0));
+        QTest::keyClick(f.view(),
+                        Qt::Key_Down); // shows the focused b.mp3
         QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
         pointAt(0);
         QVERIFY(!f.form.detailsText().contains(QStringLiteral("Luis")));
 
-        f.form.ListView1->clearSelection();
+        f.view()->clearSelection();
         f.catalogue.list().setSelected(0, true);
         f.catalogue.DeleteSelectedRows();
         pointAt(0);
@@ -380,8 +390,8 @@ private slots:
     void theFourColumnsFitTheVisibleWidth()
     {
         Form1Fixture f;
-        QTRY_VERIFY(!f.form.Timer2->isActive());
-        QHeaderView* header = f.form.ListView1->header();
+        QTRY_VERIFY(!f.control<QTimer>("Timer2")->isActive());
+        QHeaderView* header = f.view()->header();
         const auto shown = [header] {
             return header->sectionSize(0) + header->sectionSize(1) + header->sectionSize(2) +
                    header->sectionSize(3);
@@ -389,13 +399,13 @@ private slots:
         header->resizeSection(0, header->sectionSize(0) * 2);
         f.addMany(80);
         f.catalogue.list().flush();
-        QTRY_VERIFY(f.form.ListView1->verticalScrollBar()->isVisible());
-        QTRY_COMPARE(shown(), f.form.ListView1->viewport()->width());
+        QTRY_VERIFY(f.view()->verticalScrollBar()->isVisible());
+        QTRY_COMPARE(shown(), f.view()->viewport()->width());
         const int wide = header->sectionSize(0);
         QVERIFY(wide > header->sectionSize(1) * 3 / 2); // the user's proportions are kept
-        f.form.txtMp3Info->setVisible(true);
+        f.control<QPlainTextEdit>("txtMp3Info")->setVisible(true);
         QTRY_VERIFY(header->sectionSize(0) < wide);
-        QCOMPARE(shown(), f.form.ListView1->viewport()->width());
+        QCOMPARE(shown(), f.view()->viewport()->width());
         QCOMPARE(header->sectionSize(4), 0);
     }
 };

@@ -35,7 +35,8 @@ private slots:
             f.catalogue.list().insertAtTop({QString::number(i), {}, {}, {}, {}});
         bool busyWhileSaving = false;
         QTimer::singleShot(0, &f.form, [&] {
-            busyWhileSaving = f.form.ProgressBar1->isVisible() && !f.form.ListView1->isEnabled();
+            busyWhileSaving =
+                f.control<QProgressBar>("ProgressBar1")->isVisible() && !f.view()->isEnabled();
             QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
             QCoreApplication::sendEvent(&f.form, &escape);
         });
@@ -43,8 +44,8 @@ private slots:
         QVERIFY(busyWhileSaving);
         QVERIFY(
             f.catalogue.info().text().startsWith(QStringLiteral("CANCELADA...Se ha agregado ")));
-        QVERIFY(!f.form.ProgressBar1->isVisible());
-        QVERIFY(f.form.ListView1->isEnabled());
+        QVERIFY(!f.control<QProgressBar>("ProgressBar1")->isVisible());
+        QVERIFY(f.view()->isEnabled());
     }
 
     // Ctrl+V pressed inside a save's event turn, with "No" ready for the question: the emptying
@@ -73,8 +74,9 @@ private slots:
         const QByteArray previous = test::fileBytes(path);
         bool greyedWhileSaving = false;
         QTimer::singleShot(0, &f.form, [&] {
-            greyedWhileSaving = f.form.ProgressBar1->isVisible() && !f.form.guardarb->isEnabled() &&
-                                !f.form.Command6->isEnabled();
+            greyedWhileSaving = f.control<QProgressBar>("ProgressBar1")->isVisible() &&
+                                !f.action("guardarb")->isEnabled() &&
+                                !f.control<QPushButton>("Command6")->isEnabled();
             f.dialogs.messageAnswers.enqueue(platform::MessageAnswer::No);
             QTest::keyClick(&f.form, Qt::Key_V, Qt::ControlModifier);
         });
@@ -92,10 +94,11 @@ private slots:
                         [](const database::CatalogueRecord& r) { return !r.nombre.isEmpty(); }));
         QCOMPARE(f.catalogue.list().count(), 20000);
         QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("19999"));
-        QCOMPARE(f.form.lblCurList->text(), path);
-        QCOMPARE(f.form.LblInfo->text(), QStringLiteral("Agregados 20000 archivos a la base de "
-                                                        "datos."));
-        QVERIFY(f.form.guardarb->isEnabled() && f.form.Command6->isEnabled());
+        QCOMPARE(f.label("lblCurList")->text(), path);
+        QCOMPARE(f.label("LblInfo")->text(), QStringLiteral("Agregados 20000 archivos a la base de "
+                                                            "datos."));
+        QVERIFY(f.action("guardarb")->isEnabled() &&
+                f.control<QPushButton>("Command6")->isEnabled());
     }
 };
 

@@ -1,4 +1,5 @@
 #include "TestFiles.h"
+#include "WindowControl.h"
 #include "WindowServices.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/ListWindow.h"
@@ -17,6 +18,7 @@
 #include <optional>
 
 using namespace nubo;
+using test::control;
 
 // The search run into the real list window, as the program puts them together.
 class TestListWindowHost final : public QObject
@@ -53,7 +55,7 @@ private slots:
         rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
         rig.search.controller.Command1Click();
         QCOMPARE(rig.list.catalogue.list().count(), 0);
-        QCOMPARE(rig.list.form.LblInfo->text(),
+        QCOMPARE(control<QLabel>(rig.list.form, "LblInfo")->text(),
                  QStringLiteral("Espere a que la lista termine de guardarse o cargarse (Esc lo "
                                 "detiene)"));
         rig.list.catalogue.setBusy(false);
@@ -72,17 +74,21 @@ private slots:
         rig.search.controller.Command1Click();
         QCOMPARE(rig.list.catalogue.list().count(), 3);
         QCOMPARE(rig.list.catalogue.list().row(0).origen, QStringLiteral("NO ESPECIFICADO"));
-        QCOMPARE(rig.list.form.txtvolumename->text(), QStringLiteral("NO ESPECIFICADO"));
-        QCOMPARE(rig.list.form.lblSerialNumber->text(), QStringLiteral("-2147483647"));
-        QCOMPARE(rig.list.form.lblFlags->text(), QStringLiteral("&H401"));
+        QCOMPARE(control<QLineEdit>(rig.list.form, "txtvolumename")->text(),
+                 QStringLiteral("NO ESPECIFICADO"));
+        QCOMPARE(control<QLabel>(rig.list.form, "lblSerialNumber")->text(),
+                 QStringLiteral("-2147483647"));
+        QCOMPARE(control<QLabel>(rig.list.form, "lblFlags")->text(), QStringLiteral("&H401"));
         QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha finalizado con exito"));
-        QTRY_COMPARE(rig.list.form.Label2->text(),
+        QTRY_COMPARE(control<QLabel>(rig.list.form, "Label2")->text(),
                      QStringLiteral("La lista contiene 3 archivos actualmente"));
-        QCOMPARE(rig.list.form.LbltotalBytes->text(), QStringLiteral("0 Mbytes (0) Gb"));
-        QVERIFY(!rig.list.form.mnuFindFiles->isVisible());
+        QCOMPARE(control<QLabel>(rig.list.form, "LbltotalBytes")->text(),
+                 QStringLiteral("0 Mbytes (0) Gb"));
+        QVERIFY(!control<QAction>(rig.list.form, "mnuFindFiles")->isVisible());
         QVERIFY(rig.list.form.isVisible());
-        QVERIFY(rig.list.form.Timer1->isActive());
-        QCOMPARE(rig.list.form.Timer1->interval(), 500); // six ticks: three seconds
+        const QTimer* flash = control<QTimer>(rig.list.form, "Timer1");
+        QVERIFY(flash->isActive());
+        QCOMPARE(flash->interval(), 500); // six ticks: three seconds
     }
 
     // Until an answer counts, the box keeps the volume's name that the question offered.
@@ -97,12 +103,14 @@ private slots:
             rig.search.controller.Command1Click();
             const auto& question = rig.dialogs.asked.at(rig.dialogs.asked.size() - 2);
             QCOMPARE(question.defaultText, QStringLiteral("DISCO"));
-            QCOMPARE(rig.list.form.txtvolumename->text(), QStringLiteral("DISCO"));
+            QCOMPARE(control<QLineEdit>(rig.list.form, "txtvolumename")->text(),
+                     QStringLiteral("DISCO"));
         }
         QCOMPARE(rig.list.catalogue.list().count(), 0);
         rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
         rig.search.controller.Command1Click();
-        QCOMPARE(rig.list.form.txtvolumename->text(), QStringLiteral("Rock"));
+        QCOMPARE(control<QLineEdit>(rig.list.form, "txtvolumename")->text(),
+                 QStringLiteral("Rock"));
         QCOMPARE(rig.list.catalogue.list().row(0).origen, QStringLiteral("Rock"));
     }
 
@@ -118,7 +126,7 @@ private slots:
         rig.host.setFolderStrip(deep);
         QCoreApplication::processEvents();
         QVERIFY(form.frameGeometry().width() <= form.screen()->availableGeometry().width());
-        const QString shown = form.Picture1->text();
+        const QString shown = control<QLabel>(form, "Picture1")->text();
         QVERIFY(shown.startsWith(QStringLiteral("Buscando ... /inicio/carpeta")));
         QVERIFY(shown.endsWith(QStringLiteral("/fin")));
         QVERIFY(shown.contains(QChar(0x2026)));
@@ -130,12 +138,13 @@ private slots:
         bool pressed = false;
         // The second press arrives while the walk lets events run, as a menu click would.
         QTimer::singleShot(0, &rig.list.form, [&] {
-            QVERIFY(rig.list.form.mnuFindFiles->isVisible());
-            QCOMPARE(rig.list.form.mnuFindFiles->text(), QStringLiteral("&Parar!"));
-            rig.list.form.mnuFindFiles->trigger();
+            QVERIFY(control<QAction>(rig.list.form, "mnuFindFiles")->isVisible());
+            QCOMPARE(control<QAction>(rig.list.form, "mnuFindFiles")->text(),
+                     QStringLiteral("&Parar!"));
+            control<QAction>(rig.list.form, "mnuFindFiles")->trigger();
             pressed = true;
         });
-        rig.list.form.Command1->click();
+        control<QPushButton>(rig.list.form, "Command1")->click();
         QVERIFY(pressed);
         QCOMPARE(rig.caption(), QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
         QVERIFY(rig.list.catalogue.list().count() < 3);

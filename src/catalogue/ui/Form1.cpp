@@ -87,7 +87,6 @@ void Form1::createControls()
     Timer2 = platform::namedChild<QTimer>(this, "Timer2");
     Timer1->setInterval(500); // six ticks: three seconds of flashing
     Timer2->setInterval(10);
-    Timer3 = &m_catalogue.info().timer();
     createStatusControls();
     createVolumeControls();
 }
@@ -274,6 +273,49 @@ void Form1::setMessageColour(quint32 rgb)
     QPalette palette = LblInfo->palette();
     palette.setColor(QPalette::WindowText, QColor::fromRgb(rgb));
     LblInfo->setPalette(palette);
+}
+
+void Form1::showProgress(int maximum)
+{
+    ProgressBar1->setMaximum(maximum);
+    ProgressBar1->setValue(0);
+    ProgressBar1->show();
+}
+
+void Form1::setBusyCursor(bool busy)
+{
+    if (busy)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
+void Form1::showAndRaise()
+{
+    show();
+    raise();
+}
+
+void Form1::setFolderStrip(const QString& text)
+{
+    Picture1->setText(Picture1->fontMetrics().elidedText(text, Qt::ElideMiddle,
+                                                         Picture1->contentsRect().width()));
+}
+
+void Form1::setDriveSpace(const QString& total, const QString& free)
+{
+    LbltotalBytes->setText(total);
+    LblBytesLibres->setText(free);
+}
+
+void Form1::setVolumeDetails(const QString& serial, const QString& maxComponentLength,
+                             const QString& fileSystem, const QString& flags)
+{
+    lblSerialNumber->setText(serial);
+    lblMaxComponentLength->setText(maxComponentLength);
+    lblFileSystem->setText(fileSystem);
+    // The caption's doubled ampersand reads as one on the label, as it always did.
+    lblFlags->setText(QString(flags).replace(QStringLiteral("&&"), QStringLiteral("&")));
 }
 
 } // namespace nubo::catalogue

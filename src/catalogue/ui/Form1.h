@@ -1,25 +1,27 @@
 #pragma once
 
+#include "catalogue/IListWindow.h"
 #include "catalogue/ListMode.h"
+#include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/HoverPictures.h"
 #include "platform/AppFolder.h"
 
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPixmap>
+#include <QProgressBar>
+#include <QTimer>
 #include <QWidget>
 
-class QAction;
 class QActionGroup;
 class QCheckBox;
 class QGridLayout;
 class QItemSelection;
-class QLabel;
-class QLineEdit;
 class QMenu;
 class QMenuBar;
 class QPlainTextEdit;
-class QProgressBar;
 class QPushButton;
-class QTimer;
 
 namespace nubo::core {
 class Options;
@@ -28,7 +30,6 @@ class Options;
 namespace nubo::catalogue {
 
 class Catalogue;
-class CatalogueView;
 class DropHandler;
 class EntryOpener;
 class ISearchLauncher;
@@ -47,7 +48,7 @@ struct Form1Services
 
 // The list window: the catalogue rows with their menus, keys, modes, dropped files and the
 // status lines; commands of other windows leave as signals.
-class Form1 final : public QWidget
+class Form1 final : public QWidget, public IListWindow
 {
     Q_OBJECT
 public:
@@ -55,6 +56,62 @@ public:
 
     void setSearchLauncher(ISearchLauncher* launcher);
 
+    ListMode listMode() const { return m_mode; }
+    bool isOnTop() const;
+    // The position of the row that has the focus, or -1.
+    int focusedPosition() const;
+    // The tag details box's text as the tag reader left it (line breaks CR LF).
+    const QString& detailsText() const { return m_detailsText; }
+    // "&Salir", the close box and the tray's "&Quitar": EmptyList first, then the window goes.
+    // False when the rows stayed because a save the user asked for did not happen, or a save
+    // or load has the list: the window then stays, with the reason on its message line.
+    bool exitProgram();
+    // Empties the details box and the text a blank-title tag would append to.
+    void forgetDetails();
+    // What Escape does to long loops, for the search window's own cancel.
+    void requestCancel() { emit cancelRequested(); }
+
+    // IListWindow
+    void showProgress(int maximum) override;
+    void setProgress(int value) override { ProgressBar1->setValue(value); }
+    void hideProgress() override { ProgressBar1->hide(); }
+    void setListEnabled(bool enabled) override { ListView1->setEnabled(enabled); }
+    void scrollListToEnd() override { ListView1->scrollToBottom(); }
+    void setCaption(const QString& caption) override { setWindowTitle(caption); }
+    void setBusyCursor(bool busy) override;
+    void showAndRaise() override;
+    void startFlashing() override { Timer1->start(); }
+    void setFolderStrip(const QString& text) override;
+    void showFolderStrip() override { Picture1->show(); }
+    void setFindMenuVisible(bool visible) override { mnuFindFiles->setVisible(visible); }
+    void setFindMenuCaption(const QString& caption) override { mnuFindFiles->setText(caption); }
+    void setDriveSpace(const QString& total, const QString& free) override;
+    QString volumeName() const override { return txtvolumename->text(); }
+    void setVolumeName(const QString& name) override { txtvolumename->setText(name); }
+    void setVolumeDetails(const QString& serial, const QString& maxComponentLength,
+                          const QString& fileSystem, const QString& flags) override;
+
+signals:
+    void searchWindowRequested();
+    void optionsWindowRequested();
+    void sheetConfigurationRequested();
+    void loadCatalogueRequested();
+    void saveRequested();
+    void saveAsRequested();
+    void printCoverRequested();
+    void cancelRequested(); // Escape: the module-level cancel flag of long loops
+    void sceneStepBackRequested();
+    void endProgramRequested(); // F12
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    // The controls, named as their objects are; tests find them by those names.
     CatalogueView* ListView1 = nullptr;
     QLabel* Label2 = nullptr;
     QLabel* LblInfo = nullptr;
@@ -79,65 +136,14 @@ public:
     QPlainTextEdit* txtMp3Info = nullptr;
     QTimer* Timer1 = nullptr; // caption flashing
     QTimer* Timer2 = nullptr; // opening growth
-    QTimer* Timer3 = nullptr; // message erasing (the message line's own timer)
 
     QMenuBar* menuBar = nullptr;
-    QMenu* Arch1 = nullptr;
-    QMenu* New1 = nullptr;
-    QAction* BusFile = nullptr;
-    QAction* DesdeA = nullptr;
-    QAction* guardarb = nullptr;
-    QAction* guardarc = nullptr;
-    QAction* mnuImprimirTapa = nullptr; // "&Imprimir tapa..." (Ctrl+P): opens FormPrint1
-    QAction* vaciarl = nullptr;
-    QAction* ExitProgram = nullptr;
     QAction* mnuFindFiles = nullptr;
     QMenu* mnuOpcionesLista = nullptr;
-    QAction* Rep = nullptr;
-    QAction* Agr1 = nullptr;
-    QAction* Eli = nullptr;
-    QAction* ChngeName = nullptr;
-    QMenu* Mod1 = nullptr;
     QAction* Funcional = nullptr;
     QAction* Edit = nullptr;
     QAction* Mover = nullptr;
-    QAction* Reest = nullptr;
 
-    ListMode listMode() const { return m_mode; }
-    bool isOnTop() const;
-    // The search runs this when it has finished: six ticks of caption flashing.
-    void startFlashing();
-    // The position of the row that has the focus, or -1.
-    int focusedPosition() const;
-    // The tag details box's text as the tag reader left it (line breaks CR LF).
-    const QString& detailsText() const { return m_detailsText; }
-    // "&Salir", the close box and the tray's "&Quitar": EmptyList first, then the window goes.
-    // False when the rows stayed because a save the user asked for did not happen, or a save
-    // or load has the list: the window then stays, with the reason on its message line.
-    bool exitProgram();
-    // Empties the details box and the text a blank-title tag would append to.
-    void forgetDetails();
-
-signals:
-    void searchWindowRequested();
-    void optionsWindowRequested();
-    void sheetConfigurationRequested();
-    void loadCatalogueRequested();
-    void saveRequested();
-    void saveAsRequested();
-    void printCoverRequested();
-    void cancelRequested(); // Escape: the module-level cancel flag of long loops
-    void sceneStepBackRequested();
-    void endProgramRequested(); // F12
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-
-private:
     void fitBackground();
     QPixmap m_background;
     void createControls();
@@ -183,6 +189,8 @@ private:
     ISearchLauncher* m_search = nullptr;
     HoverPictures m_hover;
     QActionGroup* m_modes = nullptr;
+    QList<QAction*> m_fileOptions;  // the right-click menu's entries on the rows
+    QList<QAction*> m_listCommands; // greyed while a save or load has the list
     ListMode m_mode = ListMode::Funcional;
     QString m_detailsText;
     int m_lastPointerRow = -1;

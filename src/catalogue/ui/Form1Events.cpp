@@ -152,7 +152,7 @@ void Form1::applyMode(ListMode mode)
                                                  : QAbstractItemView::NoEditTriggers);
     ListView1->setAllColumnsShowFocus(rules.allColumnsShowFocus);
     // The file options follow the mode; the mode submenu stays reachable, as the way back.
-    for (QAction* option : {Rep, Agr1, Eli, ChngeName})
+    for (QAction* option : std::as_const(m_fileOptions))
         option->setEnabled(rules.popupEnabled);
     QAction* checked = mode == ListMode::Funcional ? Funcional
                        : mode == ListMode::Edit    ? Edit
@@ -277,11 +277,6 @@ void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& 
     };
     mark(deselected, false);
     mark(selected, true);
-}
-
-void Form1::startFlashing()
-{
-    Timer1->start();
 }
 
 // Kept: the flash counter is never set back, so only the first run flashes.

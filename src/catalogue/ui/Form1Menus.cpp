@@ -27,6 +27,15 @@ QAction* item(QMenu* menu, const char* name, const QString& caption)
     return action;
 }
 
+// An entry whose choice runs slot on receiver.
+template <class Receiver, class Slot>
+QAction* item(QMenu* menu, const char* name, const QString& caption, Receiver* receiver, Slot slot)
+{
+    QAction* action = item(menu, name, caption);
+    QObject::connect(action, &QAction::triggered, receiver, slot);
+    return action;
+}
+
 QMenu* submenu(QWidget* parent, const char* name, const QString& caption)
 {
     auto* menu = new QMenu(caption, parent);
@@ -50,45 +59,56 @@ void Form1::createMenus()
 
 void Form1::createListMenu()
 {
-    Arch1 = submenu(this, "Arch1", QStringLiteral("&Lista"));
-    New1 = submenu(Arch1, "New1", QStringLiteral("&Agregar"));
-    BusFile = item(New1, "BusFile", QStringLiteral("&Buscar Archivos"));
-    DesdeA = item(New1, "DesdeA", QStringLiteral("&Desde Archivo"));
-    Arch1->addMenu(New1);
-    guardarb = item(Arch1, "guardarb", QStringLiteral("&Guardar"));
-    guardarc = item(Arch1, "guardarc", QStringLiteral("Guardar &Como"));
+    QMenu* list = submenu(this, "Arch1", QStringLiteral("&Lista"));
+    QMenu* add = submenu(list, "New1", QStringLiteral("&Agregar"));
+    item(add, "BusFile", QStringLiteral("&Buscar Archivos"), this, &Form1::searchWindowRequested);
+    m_listCommands.append(item(add, "DesdeA", QStringLiteral("&Desde Archivo"), this,
+                               &Form1::loadCatalogueRequested));
+    list->addMenu(add);
+    m_listCommands.append(
+        item(list, "guardarb", QStringLiteral("&Guardar"), this, &Form1::saveRequested));
+    m_listCommands.append(
+        item(list, "guardarc", QStringLiteral("Guardar &Como"), this, &Form1::saveAsRequested));
     // Our own entry: the cover window has no other way in.
-    mnuImprimirTapa = item(Arch1, "mnuImprimirTapa", QStringLiteral("&Imprimir tapa..."));
-    mnuImprimirTapa->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
-    vaciarl = item(Arch1, "vaciarl", QStringLiteral("&Vaciar"));
-    Arch1->addSeparator();
-    ExitProgram = item(Arch1, "ExitProgram", QStringLiteral("&Salir"));
-    menuBar->addMenu(Arch1);
-
-    connect(BusFile, &QAction::triggered, this, &Form1::searchWindowRequested);
-    connect(DesdeA, &QAction::triggered, this, &Form1::loadCatalogueRequested);
-    connect(guardarb, &QAction::triggered, this, &Form1::saveRequested);
-    connect(guardarc, &QAction::triggered, this, &Form1::saveAsRequested);
-    connect(mnuImprimirTapa, &QAction::triggered, this, &Form1::printCoverRequested);
-    connect(vaciarl, &QAction::triggered, &m_catalogue, &Catalogue::EmptyList);
-    connect(ExitProgram, &QAction::triggered, this, &Form1::exitProgram);
+    item(list, "mnuImprimirTapa", QStringLiteral("&Imprimir tapa..."), this,
+         &Form1::printCoverRequested)
+        ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    m_listCommands.append(
+        item(list, "vaciarl", QStringLiteral("&Vaciar"), &m_catalogue, &Catalogue::EmptyList));
+    list->addSeparator();
+    item(list, "ExitProgram", QStringLiteral("&Salir"), this, &Form1::exitProgram);
+    menuBar->addMenu(list);
 }
 
 void Form1::createFileOptionsMenu()
 {
     mnuOpcionesLista = submenu(this, "mnuOpcionesLista", QStringLiteral("Opciones de &Archivo"));
-    Rep = item(mnuOpcionesLista, "Rep", QStringLiteral("&Reproducir"));
-    Agr1 = item(mnuOpcionesLista, "Agr1", QStringLiteral("Agregar a la &lista del reproductor"));
-    Eli = item(mnuOpcionesLista, "Eli", QStringLiteral("&Eliminar de la lista"));
-    ChngeName = item(mnuOpcionesLista, "ChngeName", QStringLiteral("&Cambiar Nombre"));
-    Mod1 = submenu(mnuOpcionesLista, "Mod1", QStringLiteral("&Modo Lista"));
-    Funcional = item(Mod1, "Funcional", QStringLiteral("&Funcional(Predeterminado)"));
-    Edit = item(Mod1, "Edit", QStringLiteral("&Editar"));
-    Mover = item(Mod1, "Mover", QStringLiteral("&Mover"));
-    Mod1->addSeparator();
-    Reest = item(Mod1, "Reest", QStringLiteral("&Reestablecer"));
-    mnuOpcionesLista->addMenu(Mod1);
-    menuBar->addMenu(mnuOpcionesLista);
+    QMenu* options = mnuOpcionesLista;
+    m_fileOptions = {
+        item(options, "Rep", QStringLiteral("&Reproducir"), this,
+             [this] { m_opener.PlaySelectedEntry(focusedPosition()); }),
+        item(options, "Agr1", QStringLiteral("Agregar a la &lista del reproductor"), this,
+             [this] { m_opener.EnqueueSelectedEntries(); }),
+        item(options, "Eli", QStringLiteral("&Eliminar de la lista"), &m_catalogue,
+             &Catalogue::DeleteSelectedRows),
+        item(options, "ChngeName", QStringLiteral("&Cambiar Nombre"), this,
+             &Form1::editFocusedName),
+    };
+    m_listCommands << m_fileOptions.at(2) << m_fileOptions.at(3);
+    QMenu* modes = submenu(options, "Mod1", QStringLiteral("&Modo Lista"));
+    Funcional = item(modes, "Funcional", QStringLiteral("&Funcional(Predeterminado)"), this,
+                     [this] { chooseMode(ListMode::Funcional); });
+    Edit = item(modes, "Edit", QStringLiteral("&Editar"), this,
+                [this] { chooseMode(ListMode::Edit); });
+    Mover = item(modes, "Mover", QStringLiteral("&Mover"), this,
+                 [this] { chooseMode(ListMode::Mover); });
+    modes->addSeparator();
+    item(modes, "Reest", QStringLiteral("&Reestablecer"), this, [this] {
+        restoreColumns();
+        applyMode(ListMode::Funcional);
+    });
+    options->addMenu(modes);
+    menuBar->addMenu(options);
 
     m_modes = new QActionGroup(this);
     m_modes->setExclusionPolicy(QActionGroup::ExclusionPolicy::Exclusive);
@@ -97,19 +117,6 @@ void Form1::createFileOptionsMenu()
         m_modes->addAction(mode);
     }
     Funcional->setChecked(true);
-
-    connect(Rep, &QAction::triggered, this,
-            [this] { m_opener.PlaySelectedEntry(focusedPosition()); });
-    connect(Agr1, &QAction::triggered, this, [this] { m_opener.EnqueueSelectedEntries(); });
-    connect(Eli, &QAction::triggered, &m_catalogue, &Catalogue::DeleteSelectedRows);
-    connect(ChngeName, &QAction::triggered, this, &Form1::editFocusedName);
-    connect(Funcional, &QAction::triggered, this, [this] { chooseMode(ListMode::Funcional); });
-    connect(Edit, &QAction::triggered, this, [this] { chooseMode(ListMode::Edit); });
-    connect(Mover, &QAction::triggered, this, [this] { chooseMode(ListMode::Mover); });
-    connect(Reest, &QAction::triggered, this, [this] {
-        restoreColumns();
-        applyMode(ListMode::Funcional);
-    });
 }
 
 void Form1::connectCatalogue()
@@ -150,7 +157,7 @@ void Form1::connectCatalogue()
 // load has the list (the catalogue refuses them then in any case, keys included).
 void Form1::enableListCommands(bool enabled)
 {
-    for (QAction* command : {DesdeA, guardarb, guardarc, vaciarl, Eli, ChngeName})
+    for (QAction* command : std::as_const(m_listCommands))
         command->setEnabled(enabled);
     Command6->setEnabled(enabled);
 }

@@ -1,35 +1,32 @@
 #include "database/ui/ListWindowFileView.h"
 
-#include "catalogue/ui/CatalogueView.h"
-#include "catalogue/ui/Form1.h"
+#include "catalogue/IListWindow.h"
 
 #include <QCoreApplication>
-#include <QProgressBar>
 
 namespace nubo::database {
 
 void ListWindowFileView::beginProgress(int maximum)
 {
-    m_form.ProgressBar1->setMaximum(maximum);
-    m_form.ProgressBar1->setValue(0);
-    m_form.ProgressBar1->show();
-    m_form.ListView1->setEnabled(false);
+    m_maximum = maximum;
+    m_window.showProgress(maximum);
+    m_window.setListEnabled(false);
     m_sinceRepaint.start();
     m_sinceEvents.start();
 }
 
 void ListWindowFileView::setProgress(int value)
 {
-    if (m_sinceRepaint.elapsed() < kRepaintMs && value < m_form.ProgressBar1->maximum())
+    if (m_sinceRepaint.elapsed() < kRepaintMs && value < m_maximum)
         return;
-    m_form.ProgressBar1->setValue(value);
+    m_window.setProgress(value);
     m_sinceRepaint.restart();
 }
 
 void ListWindowFileView::endProgress()
 {
-    m_form.ProgressBar1->hide();
-    m_form.ListView1->setEnabled(true);
+    m_window.hideProgress();
+    m_window.setListEnabled(true);
 }
 
 void ListWindowFileView::processEvents()

@@ -5,12 +5,12 @@
 #include <QElapsedTimer>
 
 namespace nubo::catalogue {
-class Form1;
+class IListWindow;
 }
 
 namespace nubo::database {
 
-// A catalogue save or load as the list window shows it: the list disabled, ProgressBar1
+// A catalogue save or load as the list window shows it: the list disabled, the progress bar
 // moving. The loops offer to let events run once per row; they run at most every kEventsMs
 // (Escape still arrives within a few milliseconds), and the bar is repainted at most every
 // kRepaintMs, so neither slows a fast loop down.
@@ -20,7 +20,7 @@ public:
     static constexpr int kRepaintMs = 40;
     static constexpr qint64 kEventsNs = 2'000'000;
 
-    explicit ListWindowFileView(catalogue::Form1& form) : m_form(form) {}
+    explicit ListWindowFileView(catalogue::IListWindow& window) : m_window(window) {}
 
     void beginProgress(int maximum) override;
     void setProgress(int value) override;
@@ -28,7 +28,8 @@ public:
     void processEvents() override;
 
 private:
-    catalogue::Form1& m_form;
+    catalogue::IListWindow& m_window;
+    int m_maximum = 0;
     QElapsedTimer m_sinceRepaint;
     QElapsedTimer m_sinceEvents;
 };

@@ -1,19 +1,15 @@
 #include "search/ui/ListWindowHost.h"
 
 #include "catalogue/Catalogue.h"
-#include "catalogue/ui/CatalogueView.h"
-#include "catalogue/ui/Form1.h"
+#include "catalogue/IListWindow.h"
 #include "search/SearchEngine.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
+#include <QCoreApplication>
 
 namespace nubo::search {
 
-ListWindowHost::ListWindowHost(catalogue::Catalogue& catalogue, catalogue::Form1& form)
-    : m_catalogue(catalogue), m_form(form)
+ListWindowHost::ListWindowHost(catalogue::Catalogue& catalogue, catalogue::IListWindow& window)
+    : m_catalogue(catalogue), m_window(window)
 {
 }
 
@@ -25,16 +21,13 @@ void ListWindowHost::addFileToList(const QString& path)
 
 void ListWindowHost::setFolderStrip(const QString& text)
 {
-    // A deep folder keeps its start and its end in sight; the middle gives way.
-    QLabel* strip = m_form.Picture1;
-    strip->setText(
-        strip->fontMetrics().elidedText(text, Qt::ElideMiddle, strip->contentsRect().width()));
+    m_window.setFolderStrip(text);
 }
 
 void ListWindowHost::endFolderBatch()
 {
     // The list announces new rows in batches of its own; scrolling waits for the next one.
-    m_form.ListView1->scrollToBottom();
+    m_window.scrollListToEnd();
 }
 
 void ListWindowHost::letEventsRun()
@@ -64,67 +57,58 @@ void ListWindowHost::showInfoMessage(const QString& text, int delayMs, quint32 r
 
 void ListWindowHost::setCaption(const QString& caption)
 {
-    m_form.setWindowTitle(caption);
+    m_window.setCaption(caption);
 }
 
 void ListWindowHost::setFindMenuVisible(bool visible)
 {
-    m_form.mnuFindFiles->setVisible(visible);
+    m_window.setFindMenuVisible(visible);
 }
 
 void ListWindowHost::setFindMenuCaption(const QString& caption)
 {
-    m_form.mnuFindFiles->setText(caption);
+    m_window.setFindMenuCaption(caption);
 }
 
 void ListWindowHost::setBusyCursor(bool busy)
 {
-    if (busy)
-        m_form.setCursor(Qt::WaitCursor);
-    else
-        m_form.unsetCursor();
+    m_window.setBusyCursor(busy);
 }
 
 void ListWindowHost::showFolderStrip()
 {
-    m_form.Picture1->show();
+    m_window.showFolderStrip();
 }
 
 void ListWindowHost::startFlash()
 {
-    m_form.startFlashing();
+    m_window.startFlashing();
 }
 
 void ListWindowHost::showListWindow()
 {
-    m_form.show();
-    m_form.raise();
+    m_window.showAndRaise();
 }
 
 void ListWindowHost::setDriveSpace(const QString& total, const QString& free)
 {
-    m_form.LbltotalBytes->setText(total);
-    m_form.LblBytesLibres->setText(free);
+    m_window.setDriveSpace(total, free);
 }
 
 QString ListWindowHost::volumeName() const
 {
-    return m_form.txtvolumename->text();
+    return m_window.volumeName();
 }
 
 void ListWindowHost::setVolumeName(const QString& name)
 {
-    m_form.txtvolumename->setText(name);
+    m_window.setVolumeName(name);
 }
 
 void ListWindowHost::setVolumeDetails(const QString& serial, const QString& maxComponentLength,
                                       const QString& fileSystem, const QString& flags)
 {
-    m_form.lblSerialNumber->setText(serial);
-    m_form.lblMaxComponentLength->setText(maxComponentLength);
-    m_form.lblFileSystem->setText(fileSystem);
-    // The caption's doubled ampersand reads as one on the label, as it always did.
-    m_form.lblFlags->setText(QString(flags).replace(QStringLiteral("&&"), QStringLiteral("&")));
+    m_window.setVolumeDetails(serial, maxComponentLength, fileSystem, flags);
 }
 
 bool ListWindowHost::refuseWhileListBusy()

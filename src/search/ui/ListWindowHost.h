@@ -5,7 +5,7 @@
 
 namespace nubo::catalogue {
 class Catalogue;
-class Form1;
+class IListWindow;
 } // namespace nubo::catalogue
 
 namespace nubo::search {
@@ -18,7 +18,7 @@ class SearchEngine;
 class ListWindowHost final : public ISearchHost, public catalogue::ISearchLauncher
 {
 public:
-    ListWindowHost(catalogue::Catalogue& catalogue, catalogue::Form1& form);
+    ListWindowHost(catalogue::Catalogue& catalogue, catalogue::IListWindow& window);
 
     void setEngine(SearchEngine* engine) { m_engine = engine; }
 
@@ -53,7 +53,7 @@ public:
 
 private:
     catalogue::Catalogue& m_catalogue;
-    catalogue::Form1& m_form;
+    catalogue::IListWindow& m_window;
     SearchEngine* m_engine = nullptr;
 };
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QObject>
+
+namespace nubo::test {
+
+// A window's control found by its name, as the user finds it on screen; a test that cannot find
+// the control it drives cannot go on.
+template <class T> T* control(const QObject& window, const char* name)
+{
+    T* found = window.findChild<T*>(QLatin1String(name));
+    if (!found)
+        qFatal("no control %s in %s", name, qPrintable(window.objectName()));
+    return found;
+}
+
+} // namespace nubo::test
