@@ -1,3 +1,4 @@
+#include "catalogue/IListWindow.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "core/ActivityLog.h"
 #include "database/CatalogueFiles.h"
@@ -16,12 +17,61 @@
 
 using namespace nubo;
 
+namespace {
+
+// Records what the view asks of the list window.
+class RecordingListWindow final : public catalogue::IListWindow
+{
+public:
+    QStringList calls;
+    void showProgress(int maximum) override { calls << QStringLiteral("show %1").arg(maximum); }
+    void setProgress(int value) override { calls << QStringLiteral("value %1").arg(value); }
+    void hideProgress() override { calls << QStringLiteral("hide"); }
+    void setListEnabled(bool enabled) override { calls << QStringLiteral("list %1").arg(enabled); }
+    void scrollListToEnd() override {}
+    void setCaption(const QString&) override {}
+    void setBusyCursor(bool) override {}
+    void showAndRaise() override {}
+    void startFlashing() override {}
+    void setFolderStrip(const QString&) override {}
+    void showFolderStrip() override {}
+    void setFindMenuVisible(bool) override {}
+    void setFindMenuCaption(const QString&) override {}
+    void setDriveSpace(const QString&, const QString&) override {}
+    QString volumeName() const override { return {}; }
+    void setVolumeName(const QString&) override {}
+    void setVolumeDetails(const QString&, const QString&, const QString&, const QString&) override
+    {
+    }
+};
+
+} // namespace
+
 // The flow in the list window: Escape pressed during a save stops it, and the list and the
 // progress bar come back.
 class TestListWindowFileView final : public QObject
 {
     Q_OBJECT
 private slots:
+    // Repaints are coalesced, but the bar always reaches its end, and a second run starts from
+    // its own maximum rather than the first one's.
+    void theLastValueAlwaysReachesTheBar()
+    {
+        RecordingListWindow window;
+        database::ListWindowFileView view{window};
+        view.beginProgress(5);
+        for (int value = 1; value <= 5; ++value)
+            view.setProgress(value);
+        view.endProgress();
+        QCOMPARE(window.calls.mid(0, 2), QStringList({"show 5", "list 0"}));
+        QCOMPARE(window.calls.mid(window.calls.size() - 3),
+                 QStringList({"value 5", "hide", "list 1"}));
+        window.calls.clear();
+        view.beginProgress(3);
+        view.setProgress(3);
+        QCOMPARE(window.calls.last(), QStringLiteral("value 3"));
+    }
+
     void escapeStopsASaveAndRestoresTheWindow()
     {
         Form1Fixture f;
