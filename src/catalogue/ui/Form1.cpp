@@ -2,7 +2,6 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"
-#include "catalogue/ui/CatalogueView.h"
 #include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 
@@ -12,13 +11,9 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace nubo::catalogue {

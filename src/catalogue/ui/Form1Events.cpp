@@ -3,22 +3,18 @@
 #include "catalogue/EntryOpener.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/RowDetails.h"
-#include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/Form1.h"
 #include "core/Options.h"
 #include "platform/ui/PictureFile.h"
 
-#include <QAction>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScreen>
-#include <QTimer>
 
 namespace nubo::catalogue {
 

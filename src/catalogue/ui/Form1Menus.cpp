@@ -3,16 +3,13 @@
 #include "catalogue/DropHandler.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/ISearchLauncher.h"
-#include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/Form1.h"
 
 #include <QActionGroup>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QTimer>
 
 #include <utility>
 
