@@ -143,7 +143,8 @@ LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
     return outcome;
 }
 
-// Every record is read before the first is handed over: the list takes the last one first.
+// Every record is read before the first is handed over: the last record first, an order that
+// is intended and kept.
 LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
 {
     DatabaseReader reader;

@@ -52,6 +52,7 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
         return fileFailed(path, refusal);
     CatalogueSaveOptions options;
     options.header = header();
+    // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
     options.stopLeavesEmptyRecord = true;
     const SaveOutcome saved = saveDatabase(
         path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, saveHooks(run));
