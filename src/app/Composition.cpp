@@ -1,6 +1,7 @@
 #include "app/Composition.h"
 
 #include "app/StartupSequence.h"
+#include "database/GsfSession.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/DesktopPrompts.h"
 
@@ -43,6 +44,8 @@ Composition::Composition(const QString& appFolder, std::function<void()> prepare
 {
     m_services = platform::createLinuxPlatform(platform::desktopPrompts(&m_mainWindow));
     m_dialogs.setParentWindow(&m_mainWindow);
+    // The compound-file library's own warnings go to the activity log, not the terminal.
+    database::setGsfMessageSink([this](const QString& line) { m_log.AnotarEnLog(line); });
     connectFrame();
 }
 

@@ -38,17 +38,10 @@ void SearchEngine::StartSearch(const QString& drive)
                                           QStringLiteral("Error Desconocido"));
             return;
         }
-        // A disc that is in but not mounted is not an empty drive: it is mounted, or said to
-        // hold no files (an audio CD), and its tray stays shut.
-        if (m_services.tray.mediumPresent(target)) {
-            const QString mountPoint = m_services.tray.mountMedium(target);
-            if (mountPoint.isEmpty()) {
-                m_services.dialogs.messageBox(
-                    QStringLiteral("El disco de la unidad no contiene archivos"),
-                    QStringLiteral("No se puede leer el disco"));
+        if (const std::optional<QString> mountPoint = mountInsertedDisc(target)) {
+            if (mountPoint->isEmpty())
                 return;
-            }
-            target = mountPoint;
+            target = *mountPoint;
             continue;
         }
         // A drive without a disc: the tray opens, and the prompt repeats while it stays empty.
@@ -62,6 +55,19 @@ void SearchEngine::StartSearch(const QString& drive)
             return;
         waitForMedium(target);
     }
+}
+
+// A disc that is in but not mounted is not an empty drive: it is mounted, or said to hold
+// no files (an audio CD), and its tray stays shut.
+std::optional<QString> SearchEngine::mountInsertedDisc(const QString& drive)
+{
+    if (!m_services.tray.mediumPresent(drive))
+        return std::nullopt;
+    const QString mountPoint = m_services.tray.mountMedium(drive);
+    if (mountPoint.isEmpty())
+        m_services.dialogs.messageBox(QStringLiteral("El disco de la unidad no contiene archivos"),
+                                      QStringLiteral("No se puede leer el disco"));
+    return mountPoint;
 }
 
 void SearchEngine::waitForMedium(const QString& drive)

@@ -11,6 +11,8 @@
 
 #include <QLocale>
 
+#include <optional>
+
 namespace nubo::search {
 
 // The search driver of the list window: asks for the group, walks the chosen folder once per
@@ -57,6 +59,9 @@ public:
 private:
     // Steps of StartSearch that may raise; the runtime error number, or 0.
     int prepareAndRun(const QString& drive);
+    // The mount point of a disc that is in the drive; empty when it holds no files (told to
+    // the user); nothing when the drive is empty.
+    std::optional<QString> mountInsertedDisc(const QString& drive);
     void waitForMedium(const QString& drive);
     bool askGroupName();
     QString startPathFor(const QString& folder, const QString& driveText) const;

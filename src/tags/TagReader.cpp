@@ -1,7 +1,7 @@
 #include "tags/TagReader.h"
 
+#include "core/Windows1252.h"
 #include "tags/GenreTable.h"
-#include "tags/Windows1252.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -31,7 +31,7 @@ constexpr qsizetype kGenreOffset = 127;
 // Fields are taken as stored: no trimming, and zero bytes stay in the text.
 QString cut(const QByteArray& tail, Field field)
 {
-    return decodeWindows1252(tail.mid(field.offset, field.width));
+    return core::decodeWindows1252(tail.mid(field.offset, field.width));
 }
 
 // A field is shown only when it is not all blanks; zero-byte padding is not blank.

@@ -71,6 +71,16 @@ bool layOutTree(const QString& root)
     return !error;
 }
 
+// Saves `count` rows named "tema0", "tema1", ... as a catalogue at `path`.
+bool saveRows(const QString& path, qsizetype count)
+{
+    const database::CatalogueRowSource rows{
+        count, [](qsizetype i) {
+            return database::CatalogueRecord{QStringLiteral("tema%1").arg(i), "/", "A", "MP3"};
+        }};
+    return database::saveCatalogue(path, {}, rows).ok;
+}
+
 } // namespace
 
 class TestComposition final : public QObject
@@ -151,11 +161,7 @@ private slots:
         const auto program = started(dir);
         QVERIFY(program);
         const QString catalogue = dir.filePath(QStringLiteral("discos.mdb"));
-        const database::CatalogueRowSource rows{
-            30000, [](qsizetype i) {
-                return database::CatalogueRecord{QStringLiteral("tema%1").arg(i), "/", "A", "MP3"};
-            }};
-        QVERIFY(database::saveCatalogue(catalogue, {}, rows).ok);
+        QVERIFY(saveRows(catalogue, 30000));
         const QByteArray previous = test::fileBytes(catalogue);
         auto* list = window<catalogue::Form1>("Form1");
         QVERIFY(list);
@@ -210,11 +216,7 @@ private slots:
         const auto program = started(dir);
         QVERIFY(program);
         const QString catalogue = dir.filePath(QStringLiteral("discos.mdb"));
-        const database::CatalogueRowSource rows{
-            2, [](qsizetype i) {
-                return database::CatalogueRecord{QStringLiteral("tema%1").arg(i), "/", "A", "MP3"};
-            }};
-        QVERIFY(database::saveCatalogue(catalogue, {}, rows).ok);
+        QVERIFY(saveRows(catalogue, 2));
         auto* main = window<frame::Form12>("Form12");
         main->hide();
         QVERIFY(app::InstanceChannel::send(app::Composition::channelName(), catalogue));

@@ -61,7 +61,7 @@ private slots:
             nubo::test::writeFile(d + QStringLiteral("/Musica/tema.mp3"));
         f.drives.list.clear();
         f.drives.add(d1, DriveType::Fixed);
-        f.drives.add(d2 + QStringLiteral("/"), DriveType::CdRom, QStringLiteral("CD"));
+        f.drives.add(d2 + QStringLiteral("/"), DriveType::Fixed, QStringLiteral("CD"));
         f.drives.add(usb, DriveType::Removable);
         f.drives.add(f.dir.path() + QStringLiteral("/Vacia"), DriveType::CdRom);
         f.catalogue.list().insertAtTop(row("tema", "\\Musica\\", "MP3", "NN"));
@@ -70,8 +70,15 @@ private slots:
         // The removable drive stands before the last entry: the walk gives up there.
         QCOMPARE(resolver.ResolveEntryPath(list, 0), QString());
 
+        // A labelled disk's entry text stands for its mount point; a folder named like one
+        // ("Disco [2]") keeps its whole name.
         resolver.setDriveList([&] { return QStringList{d1, usb, d2 + "/ [CD]", d1 + "/x"}; });
         QCOMPARE(resolver.ResolveEntryPath(list, 0), d2 + QStringLiteral("/Musica/tema.mp3"));
+        const QString bracketed = f.dir.path() + QStringLiteral("/Disco [2]");
+        nubo::test::writeFile(bracketed + QStringLiteral("/Musica/tema.mp3"));
+        resolver.setDriveList([&] { return QStringList{d1 + "/x", bracketed}; });
+        QCOMPARE(resolver.ResolveEntryPath(list, 0),
+                 bracketed + QStringLiteral("/Musica/tema.mp3"));
         resolver.setDriveList([&] { return QStringList{d1 + "/x"}; });
         QCOMPARE(resolver.ResolveEntryPath(list, 0), QString());
     }

@@ -3,11 +3,13 @@
 // Builds small workbooks record by record, in Excel 97 or Excel 5 form, and wraps streams in
 // compound files, so readers meet what other producers write.
 #include "database/BiffStrings.h"
+#include "database/BiffWorkbookParser.h"
 #include "database/ByteSink.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QtEndian>
 
 #include <gsf/gsf-outfile-msole.h>
@@ -112,6 +114,98 @@ inline QByteArray withEmptySmallStreamSize(QByteArray file)
         (qsizetype(qFromLittleEndian<quint32>(file.constData() + 0x30)) + 1) * 512;
     ByteSink::put32(file, rootAt + 0x78, 0);
     return file;
+}
+
+// A sheet made elsewhere: captions in row 1 and data from row 2, texts as shared strings and
+// the last column a number.
+inline QByteArray sharedStringSheet(int dataRows)
+{
+    QByteArray sst;
+    biffRecord(sst, 0x00FC, [&](ByteSink& s) {
+        s.u32(quint32(4 + 2 * dataRows));
+        s.u32(quint32(4 + 2 * dataRows));
+        for (const char* caption : {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"})
+            appendBiffString(s, QString::fromLatin1(caption));
+        for (int i = 0; i < dataRows; ++i) {
+            appendBiffString(s, QStringLiteral("Canción %1.mp3").arg(i));
+            appendBiffString(s, QStringLiteral("/Música/Ñandú %1/").arg(i));
+        }
+    });
+    QByteArray cells;
+    for (quint16 c = 0; c < 4; ++c) {
+        biffRecord(cells, 0x00FD, [&](ByteSink& s) {
+            biffCellHead(s, 0, c);
+            s.u32(c);
+        });
+    }
+    for (int i = 0; i < dataRows; ++i) {
+        for (quint16 c = 0; c < 2; ++c) {
+            biffRecord(cells, 0x00FD, [&](ByteSink& s) {
+                biffCellHead(s, quint16(1 + i), c);
+                s.u32(quint32(4 + 2 * i + c));
+            });
+        }
+        biffRecord(cells, 0x0203, [&](ByteSink& s) {
+            biffCellHead(s, quint16(1 + i), 3);
+            s.f64(128 + i / 4.0);
+        });
+    }
+    return biffWorkbook(0x0600, "Hoja1", sst, cells);
+}
+
+inline QList<QStringList> sharedStringCells(int dataRows)
+{
+    QList<QStringList> rows{{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}};
+    for (int i = 0; i < dataRows; ++i) {
+        rows.append({QStringLiteral("Canción %1.mp3").arg(i),
+                     QStringLiteral("/Música/Ñandú %1/").arg(i), QString(),
+                     generalNumberText(128 + i / 4.0)});
+    }
+    return rows;
+}
+
+// An Excel 5 catalogue in Windows-1252: row 2 empty, accented texts and numbers below.
+inline QByteArray excel5Catalogue()
+{
+    QByteArray globals;
+    biffRecord(globals, 0x0042, [](ByteSink& s) { s.u16(1252); });
+    QByteArray cells;
+    const QList<QList<QByteArray>> texts = {
+        {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"},
+        {},
+        {"Canci\xf3n de cuna.mp3", "/M\xfasica/\xc1lbum/", "=grupo"},
+        {"Ni\xf1o \x80.ogg", "/M\xfasica/"}};
+    for (int r = 0; r < texts.size(); ++r) {
+        for (int c = 0; c < texts.at(r).size(); ++c) {
+            biffRecord(cells, 0x0204, [&](ByteSink& s) {
+                biffCellHead(s, quint16(r), quint16(c));
+                appendAnsiText(s, texts.at(r).at(c));
+            });
+        }
+    }
+    biffRecord(cells, 0x027E, [](ByteSink& s) { // RK 1999
+        biffCellHead(s, 2, 3);
+        s.u32((1999u << 2) | 2);
+    });
+    biffRecord(cells, 0x0203, [](ByteSink& s) {
+        biffCellHead(s, 3, 2);
+        s.f64(3.5);
+    });
+    return biffWorkbook(0x0500, "Canci\xf3n", globals, cells);
+}
+
+inline QList<QStringList> excel5Cells()
+{
+    return {
+        {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"},
+        {"", "", "", ""},
+        {QStringLiteral("Canción de cuna.mp3"), QStringLiteral("/Música/Álbum/"), "=grupo", "1999"},
+        {QStringLiteral("Niño €.ogg"), QStringLiteral("/Música/"), "3.5", ""}};
+}
+
+inline QByteArray summaryStream()
+{
+    return QByteArray(200, '\x07');
 }
 
 } // namespace nubo::database::test

@@ -94,99 +94,6 @@ QList<QStringList> xlrdCells(const QString& path)
     }
     return rows;
 }
-
-// A sheet made elsewhere: captions in row 1 and data from row 2, texts as shared strings and
-// the last column a number.
-QByteArray sharedStringSheet(int dataRows)
-{
-    QByteArray sst;
-    test::biffRecord(sst, 0x00FC, [&](ByteSink& s) {
-        s.u32(quint32(4 + 2 * dataRows));
-        s.u32(quint32(4 + 2 * dataRows));
-        for (const char* caption : {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"})
-            appendBiffString(s, QString::fromLatin1(caption));
-        for (int i = 0; i < dataRows; ++i) {
-            appendBiffString(s, QStringLiteral("Canción %1.mp3").arg(i));
-            appendBiffString(s, QStringLiteral("/Música/Ñandú %1/").arg(i));
-        }
-    });
-    QByteArray cells;
-    for (quint16 c = 0; c < 4; ++c) {
-        test::biffRecord(cells, 0x00FD, [&](ByteSink& s) {
-            test::biffCellHead(s, 0, c);
-            s.u32(c);
-        });
-    }
-    for (int i = 0; i < dataRows; ++i) {
-        for (quint16 c = 0; c < 2; ++c) {
-            test::biffRecord(cells, 0x00FD, [&](ByteSink& s) {
-                test::biffCellHead(s, quint16(1 + i), c);
-                s.u32(quint32(4 + 2 * i + c));
-            });
-        }
-        test::biffRecord(cells, 0x0203, [&](ByteSink& s) {
-            test::biffCellHead(s, quint16(1 + i), 3);
-            s.f64(128 + i / 4.0);
-        });
-    }
-    return test::biffWorkbook(0x0600, "Hoja1", sst, cells);
-}
-
-QList<QStringList> sharedStringCells(int dataRows)
-{
-    QList<QStringList> rows{{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}};
-    for (int i = 0; i < dataRows; ++i) {
-        rows.append({QStringLiteral("Canción %1.mp3").arg(i),
-                     QStringLiteral("/Música/Ñandú %1/").arg(i), QString(),
-                     generalNumberText(128 + i / 4.0)});
-    }
-    return rows;
-}
-
-// An Excel 5 catalogue in Windows-1252: row 2 empty, accented texts and numbers below.
-QByteArray excel5Catalogue()
-{
-    QByteArray globals;
-    test::biffRecord(globals, 0x0042, [](ByteSink& s) { s.u16(1252); });
-    QByteArray cells;
-    const QList<QList<QByteArray>> texts = {
-        {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"},
-        {},
-        {"Canci\xf3n de cuna.mp3", "/M\xfasica/\xc1lbum/", "=grupo"},
-        {"Ni\xf1o \x80.ogg", "/M\xfasica/"}};
-    for (int r = 0; r < texts.size(); ++r) {
-        for (int c = 0; c < texts.at(r).size(); ++c) {
-            test::biffRecord(cells, 0x0204, [&](ByteSink& s) {
-                test::biffCellHead(s, quint16(r), quint16(c));
-                test::appendAnsiText(s, texts.at(r).at(c));
-            });
-        }
-    }
-    test::biffRecord(cells, 0x027E, [](ByteSink& s) { // RK 1999
-        test::biffCellHead(s, 2, 3);
-        s.u32((1999u << 2) | 2);
-    });
-    test::biffRecord(cells, 0x0203, [](ByteSink& s) {
-        test::biffCellHead(s, 3, 2);
-        s.f64(3.5);
-    });
-    return test::biffWorkbook(0x0500, "Canci\xf3n", globals, cells);
-}
-
-QList<QStringList> excel5Cells()
-{
-    return {
-        {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"},
-        {"", "", "", ""},
-        {QStringLiteral("Canción de cuna.mp3"), QStringLiteral("/Música/Álbum/"), "=grupo", "1999"},
-        {QStringLiteral("Niño €.ogg"), QStringLiteral("/Música/"), "3.5", ""}};
-}
-
-QByteArray summaryStream()
-{
-    return QByteArray(200, '\x07');
-}
-
 } // namespace
 
 class WorkbookFileTest final : public QObject
@@ -358,21 +265,22 @@ private slots:
         QTest::addColumn<QList<QStringList>>("cells");
         QTest::addColumn<bool>("xlrdReads");
         QTest::newRow("Excel 97 stream named BOOK")
-            << test::compoundFile({{"BOOK", sharedStringSheet(3)}}) << "Hoja1"
-            << sharedStringCells(3) << true;
+            << test::compoundFile({{"BOOK", test::sharedStringSheet(3)}}) << "Hoja1"
+            << test::sharedStringCells(3) << true;
         QTest::newRow("empty small-stream size")
             << test::withEmptySmallStreamSize(
-                   test::compoundFile({{"\005SummaryInformation", summaryStream()},
-                                       {"Workbook", sharedStringSheet(150)}}))
-            << "Hoja1" << sharedStringCells(150) << true;
+                   test::compoundFile({{"\005SummaryInformation", test::summaryStream()},
+                                       {"Workbook", test::sharedStringSheet(150)}}))
+            << "Hoja1" << test::sharedStringCells(150) << true;
         // xlrd gives up here: the stream lives in the container whose size reads 0.
         QTest::newRow("empty small-stream size, workbook in it")
             << test::withEmptySmallStreamSize(
-                   test::compoundFile({{"\005SummaryInformation", summaryStream()},
-                                       {"Workbook", sharedStringSheet(2)}}))
-            << "Hoja1" << sharedStringCells(2) << false;
-        QTest::newRow("Excel 5 workbook") << test::compoundFile({{"Book", excel5Catalogue()}})
-                                          << QStringLiteral("Canción") << excel5Cells() << true;
+                   test::compoundFile({{"\005SummaryInformation", test::summaryStream()},
+                                       {"Workbook", test::sharedStringSheet(2)}}))
+            << "Hoja1" << test::sharedStringCells(2) << false;
+        QTest::newRow("Excel 5 workbook")
+            << test::compoundFile({{"Book", test::excel5Catalogue()}}) << QStringLiteral("Canción")
+            << test::excel5Cells() << true;
     }
     void workbooksFromElsewhere()
     {
@@ -422,7 +330,7 @@ private slots:
                  qPrintable(reader.errorString()));
         QStringList messages;
         setGsfMessageSink([&messages](const QString& line) { messages.append(line); });
-        QByteArray damaged = test::compoundFile({{"Workbook", sharedStringSheet(2)}});
+        QByteArray damaged = test::compoundFile({{"Workbook", test::sharedStringSheet(2)}});
         damaged[damaged.size() - 100] = '\x55';
         ByteSink::put32(damaged, 0x3C, 0x7FFF); // the small-sector table starts past the end
         reader.read(damaged, QStringLiteral("roto.xls"));

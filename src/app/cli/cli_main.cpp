@@ -1,6 +1,10 @@
 // nubo-cli: the command-line front end, linked with core libraries only.
+#include "core/ActivityLog.h"
+#include "core/OptionsStore.h"
 #include "core/cli/Cli.h"
+#include "database/GsfSession.h"
 #include "database/cli/DatabaseCommands.h"
+#include "platform/AppFolderLocation.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Terminal.h"
 #include "print/cli/CoverCommand.h"
@@ -25,6 +29,35 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv)
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
+// The program's activity log as nubo-cli sees it: the log option is read from the options file
+// each time a line comes, and nothing is created before then.
+class CliActivityLog final
+{
+public:
+    CliActivityLog() : m_folder(runningProgramFolder()) {}
+
+    void write(const QString& line)
+    {
+        m_store.LeerOpciones();
+        m_log.AnotarEnLog(line);
+    }
+
+private:
+    static nubo::platform::AppFolder runningProgramFolder()
+    {
+        const auto location = nubo::platform::AppFolderLocation::ofRunningProgram();
+        return nubo::platform::AppFolder(location.usesUserFolder()
+                                             ? location.userFolder()
+                                             : QCoreApplication::applicationDirPath());
+    }
+
+    nubo::platform::AppFolder m_folder;
+    nubo::core::Options m_options;
+    nubo::core::ActivityLog m_log{
+        m_folder, [this] { return m_options.isOn(nubo::core::Option::EscribirLog); }};
+    nubo::core::OptionsStore m_store{m_folder, m_options, m_log};
+};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -35,6 +68,11 @@ int main(int argc, char** argv)
     out.setEncoding(QStringConverter::Utf8);
     err.setEncoding(QStringConverter::Utf8);
     nubo::cli::CliIo io{out, err, nubo::platform::stderrIsTerminal()};
+    // The compound-file library's own warnings go to the activity log; standard error keeps
+    // nubo-cli's own one-line messages.
+    CliActivityLog activityLog;
+    nubo::database::setGsfMessageSink(
+        [&activityLog](const QString& line) { activityLog.write(line); });
 
     // Each subsystem adds its commands here.
     QList<nubo::cli::CliCommand> commands;
@@ -45,6 +83,7 @@ int main(int argc, char** argv)
     commands += nubo::print::cli::coverCommand();
     const nubo::cli::Cli cli(commands);
     const int status = cli.run(application->arguments().mid(1), io);
+    nubo::database::setGsfMessageSink({});
     out.flush();
     err.flush();
     return status;

@@ -1,8 +1,8 @@
-#include "tags/Windows1252.h"
+#include "core/Windows1252.h"
 
 #include <array>
 
-namespace nubo::tags {
+namespace nubo::core {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr std::array<char16_t, 32> kHighControls = {
 
 } // namespace
 
-QString decodeWindows1252(const QByteArray& bytes)
+QString decodeWindows1252(QByteArrayView bytes)
 {
     QString text(bytes.size(), Qt::Uninitialized);
     for (qsizetype i = 0; i < bytes.size(); ++i) {
@@ -24,4 +24,4 @@ QString decodeWindows1252(const QByteArray& bytes)
     return text;
 }
 
-} // namespace nubo::tags
+} // namespace nubo::core
