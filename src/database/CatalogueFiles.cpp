@@ -10,98 +10,47 @@
 namespace nubo::database {
 namespace {
 
-// Feeds the rows to a writer until they run out or progress says stop.
+SaveOutcome saveFailed(SaveOutcome outcome, SaveStage stage, const QString& error)
+{
+    outcome.ok = false;
+    outcome.failedAt = stage;
+    outcome.error = error;
+    return outcome;
+}
+
+// The one row loop of every save: feeds the rows to a writer until they run out or the
+// progress hook says stop. False when the writer refused a row.
 template <typename Writer>
-bool feedRows(Writer& writer, const CatalogueRowSource& rows, const SaveProgress& progress,
+bool feedRows(Writer& writer, const CatalogueRowSource& rows, const SaveHooks& hooks,
               SaveOutcome& outcome)
 {
+    if (hooks.begun)
+        hooks.begun(rows.count);
     for (qsizetype i = 0; i < rows.count; ++i) {
-        if (progress && !progress(i)) {
+        if (hooks.beforeRow && !hooks.beforeRow(i)) {
             outcome.stopped = true;
-            break;
+            outcome.discarded = hooks.discardOnStop && hooks.discardOnStop();
+            return true;
         }
         if (!writer.addRow(rows.row(i)))
             return false;
         ++outcome.written;
     }
-    if (progress && !outcome.stopped)
-        progress(rows.count);
     return true;
 }
 
-SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& options,
-                         const CatalogueRowSource& rows, const SaveProgress& progress)
+LoadOutcome loadFailed(const QString& error)
 {
-    SaveOutcome outcome;
-    WorkbookWriter writer;
-    WorkbookLayout layout{options.sheetName, options.header, options.style};
-    const bool written =
-        writer.begin(path, layout, rows.count) && feedRows(writer, rows, progress, outcome);
-    if (written && outcome.stopped)
-        writer.dropStyle();
-    if (!written || !writer.finish()) {
-        outcome.error = writer.errorString();
-        return outcome;
-    }
-    outcome.ok = true;
+    LoadOutcome outcome;
+    outcome.error = error;
     return outcome;
 }
 
-SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& options,
-                         const CatalogueRowSource& rows, const SaveProgress& progress)
+// Asks the progress hook before handing over row index; false once it says stop.
+bool goOn(const LoadHooks& hooks, qsizetype index, LoadOutcome& outcome)
 {
-    SaveOutcome outcome;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        outcome.error =
-            QStringLiteral("No se puede crear el archivo %1: %2").arg(path, file.errorString());
-        return outcome;
-    }
-    DatabaseWriter writer;
-    if (!writer.begin(&file, options.header) || !feedRows(writer, rows, progress, outcome) ||
-        !writer.finish()) {
-        outcome.error = writer.errorString();
-        file.cancelWriting();
-        return outcome;
-    }
-    if (!file.commit()) {
-        outcome.error =
-            QStringLiteral("No se puede escribir el archivo %1: %2").arg(path, file.errorString());
-        return outcome;
-    }
-    outcome.ok = true;
-    return outcome;
-}
-
-std::optional<LoadedCatalogue> loadWorkbook(const QString& path, QString* error)
-{
-    WorkbookReader reader;
-    if (!reader.open(path)) {
-        *error = reader.errorString();
-        return std::nullopt;
-    }
-    LoadedCatalogue loaded{reader.sheetName(), {}};
-    for (quint32 r = 3; r <= reader.lastRow(); ++r) {
-        CatalogueRecord record = reader.record(r);
-        if (!record.nombre.isEmpty()) // rows without a name are skipped, as the list does
-            loaded.rows.append(std::move(record));
-    }
-    return loaded;
-}
-
-std::optional<LoadedCatalogue> loadDatabase(const QString& path, QString* error)
-{
-    DatabaseReader reader;
-    if (!reader.open(path)) {
-        *error = reader.errorString();
-        return std::nullopt;
-    }
-    LoadedCatalogue loaded{reader.tableName(), {}};
-    CatalogueRecord record;
-    while (reader.next(record))
-        loaded.rows.append(record);
-    std::reverse(loaded.rows.begin(), loaded.rows.end()); // the list takes the last record first
-    return loaded;
+    outcome.stopped = hooks.beforeRow && !hooks.beforeRow(index);
+    return !outcome.stopped;
 }
 
 } // namespace
@@ -116,28 +65,127 @@ std::optional<CatalogueFormat> catalogueFormatOf(const QString& path)
     return std::nullopt;
 }
 
+// A workbook is built in memory and written by finish(), so a discarded save writes nothing.
+SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& options,
+                         const CatalogueRowSource& rows, const SaveHooks& hooks)
+{
+    SaveOutcome outcome;
+    WorkbookWriter writer;
+    if (!writer.begin(path, {options.sheetName, options.header, options.style}, rows.count))
+        return saveFailed(outcome, SaveStage::Open, writer.errorString());
+    if (!feedRows(writer, rows, hooks, outcome))
+        return saveFailed(outcome, SaveStage::Rows, writer.errorString());
+    if (outcome.discarded)
+        return outcome;
+    if (outcome.stopped)
+        writer.dropStyle(); // a stopped save is still written, unstyled
+    if (!writer.finish())
+        return saveFailed(outcome, SaveStage::Finish, writer.errorString());
+    outcome.ok = true;
+    return outcome;
+}
+
+// Written beside the target and renamed over it only once complete; a failed or discarded
+// save drops the temporary file.
+SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& options,
+                         const CatalogueRowSource& rows, const SaveHooks& hooks)
+{
+    SaveOutcome outcome;
+    QSaveFile file(path);
+    DatabaseWriter writer;
+    if (!file.open(QIODevice::WriteOnly))
+        return saveFailed(outcome, SaveStage::Open, file.errorString());
+    if (!writer.begin(&file, options.header))
+        return saveFailed(outcome, SaveStage::Open, writer.errorString());
+    if (!feedRows(writer, rows, hooks, outcome))
+        return saveFailed(outcome, SaveStage::Rows, writer.errorString());
+    if (outcome.discarded)
+        return outcome;
+    if (outcome.stopped && options.stopLeavesEmptyRecord && !writer.addRow({}))
+        return saveFailed(outcome, SaveStage::Rows, writer.errorString());
+    if (!writer.finish())
+        return saveFailed(outcome, SaveStage::Finish, writer.errorString());
+    if (!file.commit())
+        return saveFailed(outcome, SaveStage::Finish, file.errorString());
+    outcome.ok = true;
+    return outcome;
+}
+
 SaveOutcome saveCatalogue(const QString& path, const CatalogueSaveOptions& options,
-                          const CatalogueRowSource& rows, const SaveProgress& progress)
+                          const CatalogueRowSource& rows, const SaveHooks& hooks)
 {
     const auto format = catalogueFormatOf(path);
-    if (!format) {
-        SaveOutcome outcome;
-        outcome.error = QStringLiteral("%1 no termina en .xls ni en .mdb.").arg(path);
-        return outcome;
+    if (!format)
+        return saveFailed({}, SaveStage::Open,
+                          QStringLiteral("%1 no termina en .xls ni en .mdb.").arg(path));
+    return *format == CatalogueFormat::Workbook ? saveWorkbook(path, options, rows, hooks)
+                                                : saveDatabase(path, options, rows, hooks);
+}
+
+LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
+{
+    WorkbookReader reader;
+    if (!reader.open(path))
+        return loadFailed(reader.errorString());
+    LoadOutcome outcome;
+    outcome.ok = true;
+    outcome.name = reader.sheetName();
+    const qint64 lastRow = reader.lastRow();
+    if (hooks.opened)
+        hooks.opened(outcome.name, lastRow - 2);
+    for (qint64 r = 3; r <= lastRow && goOn(hooks, r - 3, outcome); ++r) {
+        CatalogueRecord record = reader.record(quint32(r));
+        if (record.nombre.isEmpty()) // rows without a name are skipped silently
+            continue;
+        hooks.row(std::move(record));
+        ++outcome.added;
     }
-    return *format == CatalogueFormat::Workbook ? saveWorkbook(path, options, rows, progress)
-                                                : saveDatabase(path, options, rows, progress);
+    return outcome;
+}
+
+// Every record is read before the first is handed over: the last record first, an order that
+// is intended and kept.
+LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
+{
+    DatabaseReader reader;
+    if (!reader.open(path))
+        return loadFailed(reader.errorString());
+    QList<CatalogueRecord> records;
+    CatalogueRecord record;
+    while (reader.next(record))
+        records.append(record);
+    LoadOutcome outcome;
+    outcome.ok = true;
+    outcome.name = reader.tableName();
+    if (hooks.opened)
+        hooks.opened(outcome.name, records.size());
+    for (qsizetype k = records.size() - 1; k >= 0 && goOn(hooks, outcome.added, outcome); --k) {
+        hooks.row(std::move(records[k]));
+        ++outcome.added;
+    }
+    return outcome;
+}
+
+LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks)
+{
+    const auto format = catalogueFormatOf(path);
+    if (!format)
+        return loadFailed(QStringLiteral("%1 no termina en .xls ni en .mdb.").arg(path));
+    return *format == CatalogueFormat::Workbook ? readWorkbook(path, hooks)
+                                                : readDatabase(path, hooks);
 }
 
 std::optional<LoadedCatalogue> loadCatalogue(const QString& path, QString* error)
 {
-    const auto format = catalogueFormatOf(path);
-    if (!format) {
-        *error = QStringLiteral("%1 no termina en .xls ni en .mdb.").arg(path);
+    LoadedCatalogue loaded;
+    const LoadOutcome outcome = readCatalogue(
+        path, {{}, {}, [&loaded](CatalogueRecord&& r) { loaded.rows.append(std::move(r)); }});
+    if (!outcome.ok) {
+        *error = outcome.error;
         return std::nullopt;
     }
-    return *format == CatalogueFormat::Workbook ? loadWorkbook(path, error)
-                                                : loadDatabase(path, error);
+    loaded.name = outcome.name;
+    return loaded;
 }
 
 } // namespace nubo::database

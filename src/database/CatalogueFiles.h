@@ -22,6 +22,9 @@ struct CatalogueSaveOptions
     CatalogueHeader header = defaultCatalogueHeader();
     QString sheetName = QStringLiteral("Colección");
     std::optional<SheetStyle> style; // workbooks only
+    // Databases only: a stopped save ends with the record begun at the stop, stored empty, as
+    // the list window's saves always have.
+    bool stopLeavesEmptyRecord = false;
 };
 
 // The rows to save, read one at a time by index.
@@ -31,26 +34,69 @@ struct CatalogueRowSource
     std::function<CatalogueRecord(qsizetype)> row;
 };
 
-// Told before each row is written (0-based) and once more with the total at the end;
-// returning false stops the save after the rows written so far.
-using SaveProgress = std::function<bool(qsizetype written)>;
+// Asked before each row is handled (0-based); false stops the loop after the rows so far.
+using RowProgress = std::function<bool(qsizetype index)>;
+
+// What a save tells its caller while it runs; every member may be left empty.
+struct SaveHooks
+{
+    std::function<void(qsizetype count)> begun; // the file is open; count rows follow
+    RowProgress beforeRow;
+    // Asked once a stop is seen: true abandons the save, leaving the previous file as it was.
+    std::function<bool()> discardOnStop;
+};
+
+// Where a failed save gave up: creating the file or starting the writer, writing a row, or
+// completing the file.
+enum class SaveStage { Open, Rows, Finish };
 
 struct SaveOutcome
 {
     bool ok = false;
     bool stopped = false;
-    qsizetype written = 0;
-    QString error;
+    bool discarded = false; // stopped and abandoned: nothing written
+    qsizetype written = 0;  // list rows written (an empty record at a stop not counted)
+    SaveStage failedAt = SaveStage::Open;
+    QString error; // the writer's or the file's own reason
 };
 
 // Writes the rows to a new workbook or database chosen by the path's extension. A stopped
-// save still leaves a complete file with the rows written; a failed one leaves the previous
-// file untouched.
+// save still leaves a complete file with the rows written; a failed or discarded one leaves
+// the previous file untouched.
 SaveOutcome saveCatalogue(const QString& path, const CatalogueSaveOptions& options,
-                          const CatalogueRowSource& rows, const SaveProgress& progress = {});
+                          const CatalogueRowSource& rows, const SaveHooks& hooks = {});
+SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& options,
+                         const CatalogueRowSource& rows, const SaveHooks& hooks = {});
+SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& options,
+                         const CatalogueRowSource& rows, const SaveHooks& hooks = {});
 
-// A catalogue file's rows in the order the list appends them: a workbook's rows in sheet
-// order without those whose first cell is empty, a database's records last first.
+// What a load tells its caller while it runs; row must be set, the others may be empty.
+struct LoadHooks
+{
+    // The file is open: its first sheet's or its table's name, and the rows it announces (a
+    // workbook's last row less the two header rows, which may be below zero for an empty sheet).
+    std::function<void(const QString& name, qint64 rows)> opened;
+    RowProgress beforeRow;
+    std::function<void(CatalogueRecord&& record)> row; // each row the list takes, in order
+};
+
+struct LoadOutcome
+{
+    bool ok = false;
+    bool stopped = false;
+    qsizetype added = 0;
+    QString name;
+    QString error;
+};
+
+// Reads a catalogue file's rows in the order the list appends them: a workbook's rows in sheet
+// order without those whose first cell is empty, a database's records last first. A stopped
+// load has handed over the rows read so far.
+LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks);
+LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks);
+LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks);
+
+// A whole catalogue file read at once.
 struct LoadedCatalogue
 {
     QString name; // the workbook's first sheet or the database's table

@@ -194,9 +194,10 @@ private slots:
         CatalogueSaveOptions options;
         if (stopped)
             options.style = SheetStyle{};
-        const SaveOutcome outcome =
-            saveCatalogue(path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }},
-                          [stopped](qsizetype written) { return !stopped || written < 2; });
+        SaveHooks hooks;
+        hooks.beforeRow = [stopped](qsizetype i) { return !stopped || i < 2; };
+        const SaveOutcome outcome = saveCatalogue(
+            path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, hooks);
         QVERIFY(outcome.ok);
         QCOMPARE(outcome.stopped, stopped);
         const QJsonObject seen = xlrd(path);

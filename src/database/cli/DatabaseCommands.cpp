@@ -74,7 +74,7 @@ int convert(const QStringList& args, CliIo& io)
                                   [&](qsizetype i) { return loaded->rows.at(i); }};
     const SaveOutcome outcome = saveCatalogue(args.at(1), options, rows);
     if (!outcome.ok) {
-        io.err << "nubo-cli: " << outcome.error << '\n';
+        io.err << "nubo-cli: no se puede guardar " << args.at(1) << ": " << outcome.error << '\n';
         return nubo::cli::kFileError;
     }
     return nubo::cli::kOk;

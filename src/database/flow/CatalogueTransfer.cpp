@@ -3,7 +3,9 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/Colours.h"
 #include "core/ActivityLog.h"
+#include "database/CatalogueFiles.h"
 #include "database/flow/ITransferView.h"
+#include "database/flow/TransferRun.h"
 #include "platform/IDialogs.h"
 
 #include <QFileInfo>
@@ -65,6 +67,31 @@ bool CatalogueTransfer::stopSeen()
 {
     m_s.view.processEvents();
     return m_cancel || m_exiting;
+}
+
+// Before each row of a save or load: events run, then the flags stop the loop or the bar moves
+// to the row about to be handled.
+bool CatalogueTransfer::nextRow(qsizetype index)
+{
+    if (stopSeen())
+        return false;
+    m_s.view.setProgress(int(index + 1));
+    return true;
+}
+
+// A save shows the bar once the file is open; a stop seen because the program ends writes nothing.
+SaveHooks CatalogueTransfer::saveHooks(TransferRun& run)
+{
+    return {[&run](qsizetype count) { run.showProgress(int(count)); },
+            [this](qsizetype i) { return nextRow(i); }, [this] { return m_exiting; }};
+}
+
+// A load appends each row at the bottom of the list; the caller shows the bar when it opens.
+LoadHooks CatalogueTransfer::loadHooks()
+{
+    return {{},
+            [this](qsizetype i) { return nextRow(i); },
+            [this](CatalogueRecord&& record) { appendRow(record); }};
 }
 
 void CatalogueTransfer::showStatus(const QString& text, qint16 delayMs, quint32 colour)

@@ -22,6 +22,9 @@ class IDialogs;
 namespace nubo::database {
 
 class ITransferView;
+class TransferRun;
+struct LoadHooks;
+struct SaveHooks;
 
 // How a save or load ended: every row written or read; stopped by the cancel flag (a save
 // still leaves a file with the rows written so far, a load keeps the rows read); or nothing
@@ -70,6 +73,10 @@ private:
     QList<CatalogueRecord> records() const;
     void appendRow(const CatalogueRecord& record);
     bool stopSeen();
+    bool nextRow(qsizetype index);
+    SaveHooks saveHooks(TransferRun& run);
+    LoadHooks loadHooks();
+    void announceWorkbook(const QString& path, const QString& name, qint64 rows);
     void showStatus(const QString& text, qint16 delayMs, quint32 colour);
     void reportAdded(const QString& text, bool cancelled);
     TransferOutcome workbookSaveFailed(const QString& path, const QString& reason);

@@ -1,13 +1,11 @@
-// The database's save and load loops.
+// The database's save and load, over the row loops of CatalogueFiles.
 #include "catalogue/Catalogue.h"
 #include "catalogue/Colours.h"
-#include "database/DatabaseReader.h"
+#include "database/CatalogueFiles.h"
 #include "database/DatabaseWriter.h"
 #include "database/flow/CatalogueTransfer.h"
 #include "database/flow/TransferRun.h"
 #include "platform/IDialogs.h"
-
-#include <QSaveFile>
 
 namespace nubo::database {
 
@@ -52,39 +50,20 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
         return TransferOutcome::Failed;
     if (const QString refusal = targetRefusal(path); !refusal.isEmpty())
         return fileFailed(path, refusal);
-    // Written beside the target and renamed over it only once complete.
-    QSaveFile file(path);
-    DatabaseWriter writer;
-    if (!file.open(QIODevice::WriteOnly))
-        return fileFailed(path, file.errorString());
-    if (!writer.begin(&file, header()))
-        return fileFailed(path, writer.errorString());
-    const int n = int(rows.size());
-    run.showProgress(n);
-    int i = 1;
-    bool cancelled = false;
-    for (; i <= n; ++i) {
-        if (stopSeen()) {
-            cancelled = true;
-            break;
-        }
-        m_s.view.setProgress(i);
-        if (!writer.addRow(rows[i - 1]))
-            return fileFailed(path, writer.errorString());
-    }
-    if (m_exiting)
-        return TransferOutcome::Failed; // the temporary file goes, the previous file stays
+    CatalogueSaveOptions options;
+    options.header = header();
     // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
-    if (cancelled && !writer.addRow({}))
-        return fileFailed(path, writer.errorString());
-    if (!writer.finish())
-        return fileFailed(path, writer.errorString());
-    if (!file.commit())
-        return fileFailed(path, file.errorString());
+    options.stopLeavesEmptyRecord = true;
+    const SaveOutcome saved = saveDatabase(
+        path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, saveHooks(run));
+    if (saved.discarded)
+        return TransferOutcome::Failed; // the temporary file goes, the previous file stays
+    if (!saved.ok)
+        return fileFailed(path, saved.error);
     run.hideProgress();
-    // Normal end: the loop counter minus 1 (n); cancelled: the row where the cancel was seen.
-    reportAdded(QString::number(cancelled ? i : i - 1), cancelled);
-    return cancelled ? TransferOutcome::Cancelled : TransferOutcome::Done;
+    // A cancelled save counts the row where the cancel was seen, the one stored empty.
+    reportAdded(QString::number(saved.stopped ? saved.written + 1 : saved.written), saved.stopped);
+    return saved.stopped ? TransferOutcome::Cancelled : TransferOutcome::Done;
 }
 
 TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
@@ -92,29 +71,15 @@ TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
     TransferRun run(*this);
     if (!run)
         return TransferOutcome::Failed;
-    DatabaseReader reader;
-    if (!reader.open(path)) {
+    LoadHooks hooks = loadHooks();
+    hooks.opened = [&run](const QString&, qint64 rows) { run.showProgress(int(rows)); };
+    const LoadOutcome loaded = readDatabase(path, hooks);
+    if (!loaded.ok) {
         showStatus(QStringLiteral("Imposible Acceder a ") + path, 7000, kRed);
         return TransferOutcome::Failed;
     }
-    QList<CatalogueRecord> records;
-    CatalogueRecord record;
-    while (reader.next(record))
-        records.append(record);
-    run.showProgress(int(records.size()));
-    qsizetype added = 0;
-    bool cancelled = false;
-    // The last record first: this order is intended and kept.
-    for (qsizetype k = records.size() - 1; k >= 0; --k) {
-        if (stopSeen()) {
-            cancelled = true;
-            break;
-        }
-        appendRow(records[k]);
-        m_s.view.setProgress(int(++added));
-    }
     run.hideProgress();
-    return showLoaded(added, path, cancelled);
+    return showLoaded(loaded.added, path, loaded.stopped);
 }
 
 } // namespace nubo::database

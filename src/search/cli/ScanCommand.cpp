@@ -160,7 +160,7 @@ int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& i
         }};
     const database::SaveOutcome outcome = database::saveCatalogue(path, {}, rows);
     if (!outcome.ok) {
-        io.err << "nubo-cli scan: " << outcome.error << '\n';
+        io.err << "nubo-cli scan: no se puede guardar " << path << ": " << outcome.error << '\n';
         return nubo::cli::kFileError;
     }
     io.err << "nubo-cli scan: " << outcome.written << " filas guardadas en " << path << '\n';
