@@ -1,6 +1,7 @@
 #include "catalogue/CatalogueList.h"
 
 #include <QCollator>
+#include <QLocale>
 
 #include <algorithm>
 #include <numeric>
@@ -139,7 +140,11 @@ void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
     std::vector<int> byNewPosition(m_rows.size());
     std::iota(byNewPosition.begin(), byNewPosition.end(), 0);
     // The user's language decides the order: accents sort beside their letter, case is ignored.
-    QCollator collator;
+    // Under the bare C locale, which knows no accents, the interface's Spanish decides.
+    QLocale language;
+    if (language.language() == QLocale::C)
+        language = QLocale(QLocale::Spanish, QLocale::Spain);
+    QCollator collator(language);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<QCollatorSortKey> keys;
     keys.reserve(m_rows.size());
