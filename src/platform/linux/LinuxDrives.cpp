@@ -6,10 +6,21 @@
 
 namespace nubo::platform {
 
+LinuxDrives::LinuxDrives(QString systemRoot) : m_root(std::move(systemRoot))
+{
+    if (m_root.endsWith(QLatin1Char('/')))
+        m_root.chop(1);
+}
+
+QString LinuxDrives::systemPath(const QString& path) const
+{
+    return m_root + path;
+}
+
 const MountTable& LinuxDrives::table(bool fresh) const
 {
     if (fresh || !m_age.isValid() || m_age.elapsed() > 2000) {
-        QFile file(QStringLiteral("/proc/self/mountinfo"));
+        QFile file(systemPath(QStringLiteral("/proc/self/mountinfo")));
         if (file.open(QIODevice::ReadOnly))
             m_table = MountTable::parse(file.readAll());
         m_age.start();
@@ -17,12 +28,13 @@ const MountTable& LinuxDrives::table(bool fresh) const
     return m_table;
 }
 
-bool LinuxDrives::isRemovable(const QString& device)
+bool LinuxDrives::isRemovable(const QString& device) const
 {
     if (!device.startsWith(QLatin1String("/dev/")))
         return false;
-    const QString name = QFileInfo(QFileInfo(device).canonicalFilePath()).fileName();
-    QString sysPath = QFileInfo(QStringLiteral("/sys/class/block/") + name).canonicalFilePath();
+    const QString name = QFileInfo(QFileInfo(systemPath(device)).canonicalFilePath()).fileName();
+    QString sysPath =
+        QFileInfo(systemPath(QStringLiteral("/sys/class/block/") + name)).canonicalFilePath();
     if (sysPath.isEmpty())
         return false;
     if (QFileInfo::exists(sysPath + QStringLiteral("/partition")))
@@ -31,12 +43,12 @@ bool LinuxDrives::isRemovable(const QString& device)
     return flag.open(QIODevice::ReadOnly) && flag.readAll().trimmed() == "1";
 }
 
-QString LinuxDrives::labelOf(const QString& device)
+QString LinuxDrives::labelOf(const QString& device) const
 {
-    const QString target = QFileInfo(device).canonicalFilePath();
+    const QString target = QFileInfo(systemPath(device)).canonicalFilePath();
     if (target.isEmpty())
         return {};
-    const QDir byLabel(QStringLiteral("/dev/disk/by-label"));
+    const QDir byLabel(systemPath(QStringLiteral("/dev/disk/by-label")));
     for (const QFileInfo& link : byLabel.entryInfoList(QDir::System | QDir::Files)) {
         if (link.canonicalFilePath() != target)
             continue;
@@ -76,14 +88,14 @@ QList<DriveInfo> LinuxDrives::drives() const
     // The list is read seldom and must show a disc mounted a moment ago.
     for (const MountEntry& entry : table(true).offered(QDir::homePath())) {
         list.append(describe(entry));
-        mountedDevices.append(QFileInfo(entry.device).canonicalFilePath());
+        mountedDevices.append(QFileInfo(systemPath(entry.device)).canonicalFilePath());
     }
-    const QDir dev(QStringLiteral("/dev"));
+    const QDir dev(systemPath(QStringLiteral("/dev")));
     const QStringList optical = dev.entryList({QStringLiteral("sr*"), QStringLiteral("scd*")},
                                               QDir::System | QDir::Files, QDir::Name);
     for (const QString& name : optical) {
         const QString node = QStringLiteral("/dev/") + name;
-        if (mountedDevices.contains(QFileInfo(node).canonicalFilePath()))
+        if (mountedDevices.contains(QFileInfo(systemPath(node)).canonicalFilePath()))
             continue;
         DriveInfo info;
         info.device = node;
@@ -111,7 +123,7 @@ DriveType LinuxDrives::driveType(const QString& drive) const
     // Only a text that ends like a labelled entry needs the drive list to be read.
     const QString text =
         drive.endsWith(QLatin1Char(']')) ? pathOfDriveText(drives(), drive) : drive;
-    if (MountTable::isOpticalDevice(text) && QFileInfo::exists(text))
+    if (MountTable::isOpticalDevice(text) && QFileInfo::exists(systemPath(text)))
         return DriveType::CdRom;
     QString mountPoint = MountTable::prefixOf(text);
     if (mountPoint.isEmpty())

@@ -9,17 +9,20 @@
 
 namespace nubo::platform {
 
-// Drives from /proc/self/mountinfo, /dev/disk/by-label and /sys/block.
+// Drives from /proc/self/mountinfo, /dev/disk/by-label and /sys/class/block, read below a
+// system root ("/" in the program; a folder tree standing in for the system in tests).
 class LinuxDrives final : public IDrives
 {
 public:
+    explicit LinuxDrives(QString systemRoot = QStringLiteral("/"));
+
     QList<DriveInfo> drives() const override;
     QString drivePrefixOf(const QString& absolutePath) const override;
     DriveType driveType(const QString& drive) const override;
     FloppyPresence floppyPresence() const override { return {}; }
 
     // The file-system label of a device node, from /dev/disk/by-label; empty when none.
-    static QString labelOf(const QString& device);
+    QString labelOf(const QString& device) const;
     // The mounted volume that holds a path, from a mount table at most two seconds old.
     std::optional<MountEntry> volumeOf(const QString& path) const;
 
@@ -28,8 +31,11 @@ private:
     // once per file.
     const MountTable& table(bool fresh = false) const;
     DriveInfo describe(const MountEntry& entry) const;
-    static bool isRemovable(const QString& device);
+    bool isRemovable(const QString& device) const;
+    // A system path ("/dev/sr0") below the system root.
+    QString systemPath(const QString& path) const;
 
+    QString m_root;
     mutable MountTable m_table;
     mutable QElapsedTimer m_age;
 };

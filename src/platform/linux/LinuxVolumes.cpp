@@ -56,7 +56,7 @@ std::optional<VolumeDetails> LinuxVolumes::details(const QString& path) const
     if (!info || !volume)
         return std::nullopt;
     VolumeDetails details;
-    details.label = LinuxDrives::labelOf(volume->device);
+    details.label = m_drives.labelOf(volume->device);
     details.maxComponentLength = quint32(info->f_namemax);
     details.flags = quint32(info->f_flag);
     details.fileSystem = volume->fsType;
