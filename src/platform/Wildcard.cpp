@@ -6,20 +6,8 @@ namespace nubo::platform {
 
 namespace {
 
-// The mask tokens of Windows file enumeration.
-enum class Token {
-    Literal,
-    AnyRun,    // '*' not followed by '.': any run of characters
-    RunToDot,  // '*' followed by '.': any run that does not take the name's last dot
-    OneOrNone, // '?': one character other than '.', or none before a dot or the end
-    DotOrEnd,  // '.' before a wildcard or at the end: a dot, or the end of the name
-};
-
-struct Item
-{
-    Token token;
-    QChar ch;
-};
+using Token = WildcardMask::Token;
+using Item = WildcardMask::Item;
 
 bool sameChar(QChar a, QChar b)
 {
@@ -68,11 +56,38 @@ QList<Item> tokens(const QString& mask)
 
 bool wildcardMatch(const QString& pattern, const QString& name)
 {
+    return WildcardMask(pattern).matches(name);
+}
+
+WildcardMask::WildcardMask(const QString& pattern) : m_pattern(pattern)
+{
     const QString mask = normalised(pattern);
     // "*.*" names every file, with or without a dot.
-    if (mask == QLatin1String("*.*") || mask == QLatin1String("*"))
+    m_all = mask == QLatin1String("*.*") || mask == QLatin1String("*");
+    m_items = tokens(mask);
+    m_suffixOnly = m_items.size() > 1 && m_items.front().token != Token::Literal &&
+                   m_items.front().token != Token::OneOrNone &&
+                   m_items.front().token != Token::DotOrEnd;
+    for (qsizetype i = 1; m_suffixOnly && i < m_items.size(); ++i) {
+        m_suffixOnly = m_items[i].token == Token::Literal;
+        m_suffix.append(m_items[i].ch);
+    }
+}
+
+bool WildcardMask::matches(const QString& name) const
+{
+    if (m_all)
         return true;
-    const QList<Item> items = tokens(mask);
+    // The leading run can take any dot but the last, and the plain tail holds the last one
+    // whenever the name has it, so ending with the tail is the whole test.
+    if (m_suffixOnly)
+        return name.endsWith(m_suffix, Qt::CaseInsensitive);
+    return matchesByTable(name);
+}
+
+bool WildcardMask::matchesByTable(const QString& name) const
+{
+    const QList<Item>& items = m_items;
     const qsizetype length = name.size();
     const qsizetype lastDot = name.lastIndexOf(QLatin1Char('.'));
     const QChar dot(QLatin1Char('.'));

@@ -85,9 +85,11 @@ void FolderWalker::MatchFilesInFolder(const QString& path)
     const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path);
     if (!entries)
         return;
+    if (!m_mask || m_mask->pattern() != SearchMask)
+        m_mask.emplace(SearchMask);
     for (const platform::DirEntry& entry : *entries) {
         // No attribute test: matching folders are offered too, and the list refuses them.
-        if (!platform::wildcardMatch(SearchMask, entry.name))
+        if (!m_mask->matches(entry.name))
             continue;
         letEventsRun();
         if (!Searching)

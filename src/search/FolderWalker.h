@@ -1,10 +1,13 @@
 #pragma once
 
 #include "platform/IDirectoryReader.h"
+#include "platform/Wildcard.h"
 #include "search/IWalkHost.h"
 #include "search/SearchCounter.h"
 
 #include <QElapsedTimer>
+
+#include <optional>
 
 namespace nubo::search {
 
@@ -40,6 +43,8 @@ private:
     IWalkHost& m_host;
     const platform::IDirectoryReader& m_directories;
     QString m_currentFolder;
+    // SearchMask read once, again whenever it changes.
+    std::optional<platform::WildcardMask> m_mask;
     int m_eventInterval = 0;
     QElapsedTimer m_sinceEvents;
 };

@@ -43,6 +43,9 @@ private slots:
             {"trailing dot and blank ignored", "tema. ", "tema.mp3", false},
             {"doubled star is one star", "**.*", "LEAME", true},
             {"star stops at the last dot", "*.mp3", "a.b.mp3", true},
+            {"extension alone is a name", "*.mp3", ".MP3", true},
+            {"extension needs its dot", "*.mp3", "mp3", false},
+            {"star then letters", "*3", "tema.mp3", true},
         };
         for (const Case& c : cases)
             QTest::newRow(c.row) << QString::fromUtf8(c.pattern) << QString::fromUtf8(c.name)

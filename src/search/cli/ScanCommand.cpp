@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <variant>
 
 namespace nubo::search::cli {
@@ -132,6 +133,12 @@ private:
 // One field of a row: the bytes that would split a row or a field are written escaped.
 QString field(const QString& text)
 {
+    const auto plain = [](QChar c) {
+        return c != QLatin1Char('\\') && c != QLatin1Char('\t') && c != QLatin1Char('\n') &&
+               c != QLatin1Char('\r');
+    };
+    if (std::all_of(text.begin(), text.end(), plain))
+        return text;
     QString out;
     out.reserve(text.size());
     for (const QChar c : text) {
