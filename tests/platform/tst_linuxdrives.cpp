@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "TestFiles.h"
+
 using namespace nubo::platform;
 
 namespace {
@@ -19,12 +21,7 @@ const QByteArray kMountInfo =
     "27 22 11:1 / /media/ana/DATOS ro shared:6 - iso9660 /dev/sr1 ro\n"
     "28 22 8:17 / /media/ana/M\\303\\232SICA rw shared:7 - vfat /dev/sdb1 rw\n";
 
-bool write(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
+using nubo::test::writeFile;
 
 bool link(const QString& target, const QString& path)
 {
@@ -36,13 +33,14 @@ bool link(const QString& target, const QString& path)
 bool layOutSystem(const QString& root)
 {
     const QString blocks = root + "/sys/devices/pci0/usb1/block";
-    return write(root + "/proc/self/mountinfo", kMountInfo) && write(root + "/dev/sda1", {}) &&
-           write(root + "/dev/sdb1", {}) && write(root + "/dev/sr0", {}) &&
-           write(root + "/dev/sr1", {}) && write(blocks + "/sdb/removable", "1\n") &&
-           write(blocks + "/sdb/sdb1/partition", "1") &&
+    return writeFile(root + "/proc/self/mountinfo", kMountInfo) &&
+           writeFile(root + "/dev/sda1", {}) && writeFile(root + "/dev/sdb1", {}) &&
+           writeFile(root + "/dev/sr0", {}) && writeFile(root + "/dev/sr1", {}) &&
+           writeFile(blocks + "/sdb/removable", "1\n") &&
+           writeFile(blocks + "/sdb/sdb1/partition", "1") &&
            link("../../devices/pci0/usb1/block/sdb/sdb1", root + "/sys/class/block/sdb1") &&
-           write(root + "/sys/devices/pci0/sata/block/sda/removable", "0\n") &&
-           write(root + "/sys/devices/pci0/sata/block/sda/sda1/partition", "1") &&
+           writeFile(root + "/sys/devices/pci0/sata/block/sda/removable", "0\n") &&
+           writeFile(root + "/sys/devices/pci0/sata/block/sda/sda1/partition", "1") &&
            link("../../devices/pci0/sata/block/sda/sda1", root + "/sys/class/block/sda1") &&
            link("../../sdb1", root + "/dev/disk/by-label/M\\xc3\\x9aSICA\\x20X") &&
            link("../../sr1", root + "/dev/disk/by-label/DATOS");

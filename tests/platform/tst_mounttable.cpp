@@ -34,9 +34,7 @@ private slots:
         for (const MountEntry& e : table.entries())
             points.append(e.mountPoint);
         QVERIFY(!points.contains(QStringLiteral("/proc")));
-        QVERIFY(points.contains(QStringLiteral("/tmp")));
-        QVERIFY(points.contains(QStringLiteral("/media/ana/MI CD"))); // \040 unescaped
-        QCOMPARE(points.count(QStringLiteral("/home")), 1);           // the later mount wins
+        QCOMPARE(points.count(QStringLiteral("/home")), 1); // the later mount wins
         QCOMPARE(table.byMountPoint(QStringLiteral("/home"))->fsType, QStringLiteral("xfs"));
     }
 

@@ -1,8 +1,9 @@
 #include "platform/linux/RegistryFile.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include "TestFiles.h"
 
 using nubo::platform::RegistryFile;
 
@@ -25,9 +26,7 @@ private slots:
         QVERIFY(store.setBinaryValue(kKey, QStringLiteral("Minstances"), QByteArray(1, '\0')));
         QVERIFY(store.setStringValue(kKey, QStringLiteral("InstalationPath"),
                                      QStringLiteral("/home/ana/nubo \"x\"\\nubo")));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray text = file.readAll();
+        const QByteArray text = nubo::test::fileBytes(path);
         QVERIFY(text.contains("[HKEY_LOCAL_MACHINE\\Software\\Nubo15]\n"
                               "\"Hwnd\"=hex:31,33,31,32\n"
                               "\"Minstances\"=hex:00\n"
@@ -41,9 +40,8 @@ private slots:
     void unwritableFolderFailsCreation()
     {
         QTemporaryDir dir;
-        QFile blocker(dir.filePath(QStringLiteral("nubo")));
-        QVERIFY(blocker.open(QIODevice::WriteOnly)); // a file where the folder should be
-        blocker.close();
+        // a file where the folder should be
+        QVERIFY(nubo::test::writeFile(dir.filePath(QStringLiteral("nubo"))));
         RegistryFile store(dir.filePath(QStringLiteral("nubo/registry.reg")));
         QVERIFY(!store.createKey(kKey));
         QVERIFY(!store.keyExists(kKey));

@@ -56,7 +56,6 @@ private slots:
         QTest::addColumn<QString>("answer");
         QTest::addColumn<int>("columns"); // 0: refused
         QTest::addColumn<int>("error");
-        QTest::newRow("default") << "6" << 6 << 0;
         QTest::newRow("largest") << "20" << 20 << 0;
         QTest::newRow("empty") << "" << 0 << 13;
         QTest::newRow("zero") << "0" << 0 << 11;
@@ -84,7 +83,6 @@ private slots:
         QTest::addColumn<int>("error");
         QTest::newRow("2.5 -> 2") << 10 << 4 << 2 << 0;
         QTest::newRow("3.5 -> 4") << 14 << 4 << 4 << 0;
-        QTest::newRow("empty list") << 0 << 6 << 0 << 0;
         QTest::newRow("0.5 -> 0") << 3 << 6 << 0 << 0;
         QTest::newRow("division by zero") << 5 << 0 << 0 << 11;
         QTest::newRow("R beyond 16 bits") << 100000 << 2 << 0 << 6;

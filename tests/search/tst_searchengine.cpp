@@ -100,7 +100,6 @@ private slots:
         QTest::addColumn<bool>("b");
         QTest::addColumn<int>("rows");
         QTest::newRow("neither") << false << false << 0;
-        QTest::newRow("A: only") << true << false << 5;
         QTest::newRow("both") << true << true << 10;
     }
     void floppyLettersDecideHowOftenTheTreeIsWalked()
