@@ -293,8 +293,13 @@ void Form1::showAndRaise()
 
 void Form1::setFolderStrip(const QString& text)
 {
-    Picture1->setText(Picture1->fontMetrics().elidedText(text, Qt::ElideMiddle,
-                                                         Picture1->contentsRect().width()));
+    const QFontMetrics metrics = Picture1->fontMetrics();
+    const int width = Picture1->contentsRect().width();
+    // A search shows every folder it enters: a path that surely fits is not measured.
+    if (text.size() * qsizetype(metrics.maxWidth()) <= width)
+        Picture1->setText(text);
+    else
+        Picture1->setText(metrics.elidedText(text, Qt::ElideMiddle, width));
 }
 
 void Form1::setDriveSpace(const QString& total, const QString& free)
