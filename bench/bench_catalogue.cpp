@@ -65,7 +65,7 @@ int main(int argc, char** argv)
             out << r.nombre << '\t' << r.direccion << '\t' << r.origen << '\t' << r.formato << '\n';
     }
     QTemporaryDir dir;
-    const CatalogueRowSource source{rows.size(), [&rows](qsizetype i) { return rows.at(i); }};
+    const CatalogueRowSource source = rowsOf(rows);
     for (const char* name : {"lista.xls", "lista.mdb"}) {
         const QString path = dir.filePath(QString::fromLatin1(name));
         QElapsedTimer timer;

@@ -55,6 +55,11 @@ bool goOn(const LoadHooks& hooks, qsizetype index, LoadOutcome& outcome)
 
 } // namespace
 
+CatalogueRowSource rowsOf(const QList<CatalogueRecord>& rows)
+{
+    return {rows.size(), [&rows](qsizetype i) { return rows[i]; }};
+}
+
 std::optional<CatalogueFormat> catalogueFormatOf(const QString& path)
 {
     const QString tail = path.right(3);

@@ -34,6 +34,9 @@ struct CatalogueRowSource
     std::function<CatalogueRecord(qsizetype)> row;
 };
 
+// The rows of a list, which must outlive the source.
+CatalogueRowSource rowsOf(const QList<CatalogueRecord>& rows);
+
 // Asked before each row is handled (0-based); false stops the loop after the rows so far.
 using RowProgress = std::function<bool(qsizetype index)>;
 

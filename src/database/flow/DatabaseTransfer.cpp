@@ -54,8 +54,7 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
     options.header = header();
     // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
     options.stopLeavesEmptyRecord = true;
-    const SaveOutcome saved = saveDatabase(
-        path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, saveHooks(run));
+    const SaveOutcome saved = saveDatabase(path, options, rowsOf(rows), saveHooks(run));
     if (saved.discarded)
         return TransferOutcome::Failed; // the temporary file goes, the previous file stays
     if (!saved.ok)

@@ -23,8 +23,7 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
     CatalogueSaveOptions options{header(), m_s.sheet.sheetName, std::nullopt};
     if (m_s.options.isOn(core::Option::ConfigExcel))
         options.style = m_s.sheet.style;
-    const SaveOutcome saved = saveWorkbook(
-        path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, saveHooks(run));
+    const SaveOutcome saved = saveWorkbook(path, options, rowsOf(rows), saveHooks(run));
     if (saved.discarded)
         return TransferOutcome::Failed; // nothing was written: the previous file stays
     if (!saved.ok && saved.failedAt == SaveStage::Finish)
