@@ -14,16 +14,6 @@ namespace {
 
 constexpr qint16 kMissingDelayMs = 10000;
 
-// The row's file as its columns name it, for a message about a file that is not there.
-QString rowFileText(const CatalogueRow& row)
-{
-    QString folder = row.direccion == rootFolderText() ? QStringLiteral("/") : row.direccion;
-    folder.replace(QLatin1Char('\\'), QLatin1Char('/')); // catalogues written on Windows
-    const QString extension =
-        row.formato == noExtensionText() ? QString() : QLatin1Char('.') + row.formato;
-    return folder + row.nombre + extension;
-}
-
 } // namespace
 
 QString EntryOpener::foundPath(int position)
@@ -36,7 +26,7 @@ QString EntryOpener::foundPath(int position)
     const CatalogueRow& row = list.row(position);
     const QString text = row.unidad == unknownDriveText()
                              ? QStringLiteral("No se encuentra %1: inserte el disco del grupo %2")
-                                   .arg(rowFileText(row), row.origen)
+                                   .arg(EntryPathResolver::fileBelowDrive(row), row.origen)
                              : QStringLiteral("No se encuentra el archivo %1").arg(path);
     m_catalogue.ShowInfoMessage(text, kMissingDelayMs, colours::kYellow);
     return {};

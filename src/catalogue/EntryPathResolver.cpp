@@ -53,15 +53,20 @@ QString EntryPathResolver::ResolveEntryPath(const CatalogueList& list, int posit
     if (list.isEmpty() || position < 0 || position >= list.count())
         return {};
     const CatalogueRow& row = list.row(position);
+    const QString rest = fileBelowDrive(row);
+    if (row.unidad != unknownDriveText())
+        return existingSpelling(row.unidad, rest);
+    return findOnDrives(rest);
+}
+
+QString EntryPathResolver::fileBelowDrive(const CatalogueRow& row)
+{
     QString folder = row.direccion == rootFolderText() ? QStringLiteral("/") : row.direccion;
     // Catalogues written on Windows hold folders with backslashes.
     folder.replace(QLatin1Char('\\'), QLatin1Char('/'));
     const QString extension =
         row.formato == noExtensionText() ? QString() : QLatin1Char('.') + row.formato;
-    const QString rest = folder + row.nombre + extension;
-    if (row.unidad != unknownDriveText())
-        return existingSpelling(row.unidad, rest);
-    return findOnDrives(rest);
+    return folder + row.nombre + extension;
 }
 
 // Walks the drive list from its last entry to its first; a removable drive ends the walk.

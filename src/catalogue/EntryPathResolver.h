@@ -11,6 +11,7 @@ class IDrives;
 namespace nubo::catalogue {
 
 class CatalogueList;
+struct CatalogueRow;
 
 // Turns a catalogue row back into a full path. Rows whose drive is "NN" are looked for on
 // the drives of the drive list, last to first.
@@ -27,6 +28,8 @@ public:
 
     // The full path of the row at position, or an empty text when it cannot be found.
     QString ResolveEntryPath(const CatalogueList& list, int position) const;
+    // The row's file below its drive, as its columns name it: folder, name and extension.
+    static QString fileBelowDrive(const CatalogueRow& row);
 
 private:
     QString findOnDrives(const QString& rest) const;

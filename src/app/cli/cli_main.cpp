@@ -34,7 +34,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv)
 class CliActivityLog final
 {
 public:
-    CliActivityLog() : m_folder(runningProgramFolder()) {}
+    CliActivityLog() : m_folder(nubo::platform::AppFolderLocation::ofRunningProgram().folder()) {}
 
     void write(const QString& line)
     {
@@ -43,14 +43,6 @@ public:
     }
 
 private:
-    static nubo::platform::AppFolder runningProgramFolder()
-    {
-        const auto location = nubo::platform::AppFolderLocation::ofRunningProgram();
-        return nubo::platform::AppFolder(location.usesUserFolder()
-                                             ? location.userFolder()
-                                             : QCoreApplication::applicationDirPath());
-    }
-
     nubo::platform::AppFolder m_folder;
     nubo::core::Options m_options;
     nubo::core::ActivityLog m_log{
