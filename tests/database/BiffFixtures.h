@@ -203,9 +203,4 @@ inline QList<QStringList> excel5Cells()
         {QStringLiteral("Niño €.ogg"), QStringLiteral("/Música/"), "3.5", ""}};
 }
 
-inline QByteArray summaryStream()
-{
-    return QByteArray(200, '\x07');
-}
-
 } // namespace nubo::database::test

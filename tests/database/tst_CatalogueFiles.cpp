@@ -91,7 +91,6 @@ private slots:
             const QString file = QStringLiteral("malo.") + QLatin1String(ext);
             QTest::addRow("empty %s", ext) << file << QByteArray();
             QTest::addRow("zeros %s", ext) << file << QByteArray(65536, '\0');
-            QTest::addRow("text %s", ext) << file << QByteArray("NOMBRE;DIRECCION\n");
         }
         QTest::addRow("truncated jet") << "malo.mdb" << QByteArray("\0\1\0\0Standard Jet DB\0", 20);
         QTest::addRow("ole2 without workbook")

@@ -44,13 +44,19 @@ if s.nrows > 0:
 print(json.dumps(out))
 )";
 
-QJsonObject xlrd(const QString& path)
+// What the script printed; empty when python3-xlrd is missing or could not read the file.
+QJsonDocument runXlrd(const char* script, const QString& path)
 {
     const ToolResult r = runTool(QStringLiteral("/usr/bin/python3"),
-                                 {QStringLiteral("-c"), QString::fromLatin1(kXlrdScript), path});
-    if (!r.ran || r.status != 0)
-        return {};
-    return QJsonDocument::fromJson(r.out).object();
+                                 {QStringLiteral("-c"), QString::fromLatin1(script), path});
+    if (r.ran && r.status != 0)
+        qWarning("xlrd: %s", r.err.constData());
+    return r.ran && r.status == 0 ? QJsonDocument::fromJson(r.out) : QJsonDocument();
+}
+
+QJsonObject xlrd(const QString& path)
+{
+    return runXlrd(kXlrdScript, path).object();
 }
 
 bool writeWorkbook(const QString& path, const QList<CatalogueRecord>& rows,
@@ -80,15 +86,8 @@ print(json.dumps([[text(v) for v in s.row_values(r)][:4] + [""] * (4 - min(4, s.
 
 QList<QStringList> xlrdCells(const QString& path)
 {
-    const ToolResult r =
-        runTool(QStringLiteral("/usr/bin/python3"),
-                {QStringLiteral("-c"), QString::fromLatin1(kXlrdCellsScript), path});
     QList<QStringList> rows;
-    if (r.ran && r.status != 0)
-        qWarning("xlrd: %s", r.err.constData());
-    if (!r.ran || r.status != 0)
-        return rows;
-    for (const QJsonValue row : QJsonDocument::fromJson(r.out).array()) {
+    for (const QJsonValue row : runXlrd(kXlrdCellsScript, path).array()) {
         QStringList cells;
         for (const QJsonValue cell : row.toArray())
             cells.append(cell.toString());
@@ -246,10 +245,9 @@ private slots:
             WorkbookReader reader;
             QVERIFY2(reader.open(fixtures.filePath(QLatin1String(file))), file);
             QVERIFY(!reader.sheetName().isEmpty());
+            if (QLatin1String(file) == QLatin1String("SampleSS.xls"))
+                QCOMPARE(reader.sheetName(), QStringLiteral("First Sheet"));
         }
-        WorkbookReader reader;
-        QVERIFY(reader.open(fixtures.filePath(QStringLiteral("SampleSS.xls"))));
-        QCOMPARE(reader.sheetName(), QStringLiteral("First Sheet"));
         WorkbookReader table;
         QVERIFY(table.open(fixtures.filePath(QStringLiteral("test2.xls"))));
         // Its row 2 holds text, so its rows from 2 on are seen one row lower.
@@ -266,19 +264,19 @@ private slots:
         QTest::addColumn<QString>("sheetName");
         QTest::addColumn<QList<QStringList>>("cells");
         QTest::addColumn<bool>("xlrdReads");
+        const QByteArray summary(200, '\x07'); // a stream ahead of the workbook
         QTest::newRow("Excel 97 stream named BOOK")
             << test::compoundFile({{"BOOK", test::sharedStringSheet(3)}}) << "Hoja1"
             << test::sharedStringCells(3) << true;
         QTest::newRow("empty small-stream size")
             << test::withEmptySmallStreamSize(
-                   test::compoundFile({{"\005SummaryInformation", test::summaryStream()},
+                   test::compoundFile({{"\005SummaryInformation", summary},
                                        {"Workbook", test::sharedStringSheet(150)}}))
             << "Hoja1" << test::sharedStringCells(150) << true;
         // xlrd gives up here: the stream lives in the container whose size reads 0.
         QTest::newRow("empty small-stream size, workbook in it")
-            << test::withEmptySmallStreamSize(
-                   test::compoundFile({{"\005SummaryInformation", test::summaryStream()},
-                                       {"Workbook", test::sharedStringSheet(2)}}))
+            << test::withEmptySmallStreamSize(test::compoundFile(
+                   {{"\005SummaryInformation", summary}, {"Workbook", test::sharedStringSheet(2)}}))
             << "Hoja1" << test::sharedStringCells(2) << false;
         QTest::newRow("Excel 5 workbook")
             << test::compoundFile({{"Book", test::excel5Catalogue()}}) << QStringLiteral("Canción")
@@ -337,12 +335,6 @@ private slots:
         setGsfMessageSink({});
         QVERIFY(!messages.isEmpty());
         QVERIFY2(messages.first().contains(QLatin1String("libgsf")), qPrintable(messages.first()));
-    }
-
-    void numbersReadAsShown()
-    {
-        QCOMPARE(generalNumberText(12345678901.0), QStringLiteral("12345678901"));
-        QCOMPARE(generalNumberText(0.0000000001234), QStringLiteral("1.234E-10"));
     }
 };
 

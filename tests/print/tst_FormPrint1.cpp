@@ -55,7 +55,6 @@ private slots:
         dialogs.inputAnswers << QStringLiteral("4") << QStringLiteral("cero");
         FormPrint1 form(dialogs, list);
         QVERIFY(form.Form_Load());
-        QCOMPARE(form.ListView1->objectName(), QStringLiteral("ListView1"));
         QCOMPARE(form.ListView1->columnCount(), 4);
         QCOMPARE(form.ListView1->headerItem()->text(3), QStringLiteral("COLUMNA4"));
         QCOMPARE(form.ListView1->topLevelItemCount(), 3); // R = 2, and two names more
