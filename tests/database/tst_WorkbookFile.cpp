@@ -144,18 +144,18 @@ private slots:
         QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{16}); // one format for all
         QCOMPARE(seen.value("row2Cells").toInt(), 4); // the empty row lies in the styled range
         QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{319}); // 12.5 points of font
-        const QJsonObject s = seen.value("style").toObject();
-        QCOMPARE(s.value("font").toString(), QStringLiteral("Times New Roman"));
-        QCOMPARE(s.value("height").toInt(), 250);
-        QVERIFY(s.value("bold").toBool());
-        QVERIFY(s.value("italic").toBool());
-        QCOMPARE(s.value("underline").toInt(), 1);
-        QCOMPARE(s.value("fontColor").toArray(), (QJsonArray{0xC0, 0, 1}));
-        QCOMPARE(s.value("fill").toArray(), (QJsonArray{0x33, 0x33, 0x33}));
-        QCOMPARE(s.value("pattern").toInt(), 1);
-        QCOMPARE(s.value("lines").toArray(), (QJsonArray{8, 8, 8, 8})); // medium dashed
         const QJsonArray blue{0x12, 0x34, 0x56};
-        QCOMPARE(s.value("lineColors").toArray(), (QJsonArray{blue, blue, blue, blue}));
+        QCOMPARE(seen.value("style").toObject(),
+                 (QJsonObject{{"font", "Times New Roman"},
+                              {"height", 250},
+                              {"bold", true},
+                              {"italic", true},
+                              {"underline", 1},
+                              {"fontColor", QJsonArray{0xC0, 0, 1}},
+                              {"fill", QJsonArray{0x33, 0x33, 0x33}},
+                              {"pattern", 1},
+                              {"lines", QJsonArray{8, 8, 8, 8}}, // medium dashed
+                              {"lineColors", QJsonArray{blue, blue, blue, blue}}}));
     }
 
     // Without a style, and when a save is stopped, the file holds the default fonts and cell
