@@ -85,8 +85,9 @@ class WorkbookFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    // Another reader sees the sheet name, the captions, the empty row 2 and every text; the
-    // reader's own round trip is tested with the other format's in tst_CatalogueFiles.
+    // The sheet ends where the reader expects, and another reader sees the sheet name, the
+    // captions, the empty row 2 and every text; the reader's own round trip is tested with
+    // the other format's in tst_CatalogueFiles.
     void xlrdReadsWhatWeWrite_data()
     {
         QTest::addColumn<int>("count");
@@ -100,6 +101,9 @@ private slots:
         const QString path = dir.filePath(QStringLiteral("lista.xls"));
         const QList<CatalogueRecord> rows = sampleRows(count);
         QVERIFY(save(path, rows));
+        WorkbookReader reader;
+        QVERIFY2(reader.open(path), qPrintable(reader.errorString()));
+        QCOMPARE(reader.lastRow(), quint32(count == 0 ? 1 : count + 2));
         const QJsonObject seen = xlrd(path);
         if (seen.isEmpty())
             QSKIP("python3-xlrd is not installed");
@@ -177,8 +181,7 @@ private slots:
             options.style = SheetStyle{};
         SaveHooks hooks;
         hooks.beforeRow = [stopped](qsizetype i) { return !stopped || i < 2; };
-        const SaveOutcome outcome = saveCatalogue(
-            path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, hooks);
+        const SaveOutcome outcome = saveCatalogue(path, options, rowsOf(rows), hooks);
         QVERIFY(outcome.ok);
         QCOMPARE(outcome.stopped, stopped);
         const QJsonObject seen = xlrd(path);
