@@ -144,63 +144,55 @@ private slots:
                  QByteArray(1, '\1'));
     }
 
-    // A start from a disc is refused before anything changes (an installed copy keeps its
-    // folders in the user's data folder: the disc it was started from is what counts). A
-    // guarded step's error is reported, a missing file as moved files, and skips the steps
-    // after it.
-    void faultsAreReported_data()
+    // An installed copy keeps its folders in the user's data folder: the disc it was started
+    // from is what counts.
+    void cdromStartIsRefused()
     {
-        QTest::addColumn<QString>("fault");
-        QTest::addColumn<bool>("ends");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("text"); // within the message
-        QTest::addColumn<QByteArray>("logLine");
-        QTest::addColumn<QStringList>("steps");
-        const QStringList before{"prepare", "faces", "events", "cursor"};
-        QTest::newRow("disc")
-            << "disc" << true << "Permiso Denegado"
-            << "No se puede ejecutar este programa desde el CD-ROM /media/cdrom, instale el "
-               "programa con el instalador o intente pasar todos los archivos a una unidad de "
-               "disco rígido"
-            << QByteArray() << QStringList();
-        QTest::newRow("missing cursor")
-            << "cursor" << false << "Error: No se encuentran los archivos!"
-            << "donde fue instalado.  ERROR NUMERO: 53 DESCRIPCION: "
-            << QByteArray("El Archivo .exe ha sido movido del lugar inicial de instalacion. ")
-            << before;
-        QTest::newRow("tray icon")
-            << "tray" << false << "ERROR! El programa puede no funcionar correctamente!"
-            << "Ha ocurrido el Error : 481: Imagen no válida"
-            << QByteArray("Ha ocurrido el Error : 481: ") << before + QStringList{"tray"};
-    }
-    void faultsAreReported()
-    {
-        QFETCH(QString, fault);
-        QFETCH(bool, ends);
-        QFETCH(QByteArray, logLine);
         Fixture f;
-        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
-                                      savedConfig("0")));
-        if (fault == QLatin1String("disc")) {
-            f.executable = QStringLiteral("/media/cdrom/nubo");
-            f.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
-        } else if (fault == QLatin1String("cursor")) {
-            QFile::remove(f.dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
-        } else {
-            f.view.trayError = RuntimeError::fromNumber(errors::kInvalidPicture);
-        }
-        QCOMPARE(f.run(),
-                 ends ? StartupSequence::Outcome::EndProgram : StartupSequence::Outcome::Running);
-        QTEST(f.view.steps, "steps");
+        f.executable = QStringLiteral("/media/cdrom/nubo");
+        f.drives->add(QStringLiteral("/media/cdrom"), DriveType::CdRom);
+        QCOMPARE(f.run(), StartupSequence::Outcome::EndProgram);
         QCOMPARE(f.dialogs.asked.size(), 1);
-        QTEST(f.dialogs.asked[0].title, "title");
-        QFETCH(QString, text);
-        QVERIFY2(f.dialogs.asked[0].text.contains(text), qPrintable(f.dialogs.asked[0].text));
+        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Permiso Denegado"));
+        QCOMPARE(f.dialogs.asked[0].text,
+                 QStringLiteral("No se puede ejecutar este programa desde el CD-ROM /media/cdrom, "
+                                "instale el programa con el instalador o intente pasar todos los "
+                                "archivos a una unidad de disco rígido"));
         QCOMPARE(f.dialogs.asked[0].buttons, MessageButtons::Ok);
         QCOMPARE(f.dialogs.asked[0].icon, MessageIcon::None);
-        QCOMPARE(f.registry->keys.isEmpty(), ends);
-        QVERIFY2(f.logText().startsWith(logLine), f.logText().constData());
-        QCOMPARE(f.logText().count('\n'), ends ? 0 : 1);
+        QVERIFY(f.registry->keys.isEmpty());
+        QVERIFY(f.view.steps.isEmpty()); // the application folder was not made ready
+    }
+
+    void missingCursorReportsFileNotFound()
+    {
+        Fixture f;
+        QFile::remove(f.dir.filePath(QStringLiteral("Cursors/DEFAULT.CUR")));
+        QVERIFY(nubo::test::writeFile(f.dir.filePath(QStringLiteral("Ini/Config.nbo")),
+                                      savedConfig("0")));
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(f.view.steps, QStringList({"prepare", "faces", "events", "cursor"}));
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Error: No se encuentran los archivos!"));
+        QVERIFY(f.dialogs.asked[0].text.contains(
+            QStringLiteral("donde fue instalado.  ERROR NUMERO: 53 DESCRIPCION: ")));
+        const QList<QByteArray> lines = f.logText().split('\n');
+        QCOMPARE(lines.size(), 2);
+        QVERIFY(lines[0].startsWith(
+            "El Archivo .exe ha sido movido del lugar inicial de instalacion. "));
+    }
+
+    void otherGuardedErrorGetsGenericReport()
+    {
+        Fixture f;
+        f.view.trayError = RuntimeError::fromNumber(errors::kInvalidPicture);
+        QCOMPARE(f.run(), StartupSequence::Outcome::Running);
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked[0].title,
+                 QStringLiteral("ERROR! El programa puede no funcionar correctamente!"));
+        QCOMPARE(f.dialogs.asked[0].text,
+                 QStringLiteral("Ha ocurrido el Error : 481: Imagen no válida"));
+        QVERIFY(!f.view.steps.contains(QStringLiteral("skin")));
     }
 
     // A Wayland session with XWayland runs on X11; a platform the user chose is kept.
