@@ -194,13 +194,18 @@ private slots:
     }
 
     // The Excel picture opens the sheet window over the list window, not in a screen corner.
-    void sheetWindowOpensOverTheListWindow()
+    // A later start's request brings the hidden window back and opens the catalogue it names.
+    // Where no notification area could show the icon (offscreen here), the window manager's
+    // close request ends the program instead of leaving it running without a window.
+    void windowsOfTheRunningProgram()
     {
+        QVERIFY(!QSystemTrayIcon::isSystemTrayAvailable());
         QTemporaryDir dir;
         const auto program = started(dir);
         QVERIFY(program);
+        auto* main = window<frame::Form12>("Form12");
         auto* list = window<catalogue::Form1>("Form1");
-        QVERIFY(list);
+        QVERIFY(main && list);
         list->show();
         list->move(40, 30);
         QTest::mouseClick(control<QLabel>(*list, "PicExcelConf"), Qt::LeftButton);
@@ -213,35 +218,16 @@ private slots:
         QVERIFY(sheet->windowHandle());
         QCOMPARE(sheet->windowType(), Qt::Dialog);
         QCOMPARE(sheet->windowHandle()->transientParent(), list->windowHandle());
-    }
 
-    // A later start's request brings the hidden window back and opens the catalogue it names.
-    void aLaterStartBringsTheWindowBack()
-    {
-        QTemporaryDir dir;
-        const auto program = started(dir);
-        QVERIFY(program);
         const QString catalogue = dir.filePath(QStringLiteral("discos.mdb"));
         QVERIFY(saveRows(catalogue, 2));
-        auto* main = window<frame::Form12>("Form12");
+        list->hide();
         main->hide();
         QVERIFY(app::InstanceChannel::send(app::Composition::channelName(), catalogue));
         QTRY_VERIFY(main->isVisible());
-        auto* list = window<catalogue::Form1>("Form1");
         QTRY_COMPARE(control<catalogue::CatalogueView>(*list, "ListView1")->model()->rowCount(), 2);
         QVERIFY(list->isVisible());
-    }
 
-    // Where no notification area could show the icon (offscreen here), the window manager's
-    // close request ends the program instead of leaving it running without a window.
-    void closeWithoutATrayEndsTheProgram()
-    {
-        QVERIFY(!QSystemTrayIcon::isSystemTrayAvailable());
-        QTemporaryDir dir;
-        const auto program = started(dir);
-        QVERIFY(program);
-        auto* main = window<frame::Form12>("Form12");
-        QVERIFY(main && main->isVisible());
         QTimer::singleShot(0, main, [main] { main->windowHandle()->close(); });
         QCOMPARE(runUntilEnd(5000), 0);
     }

@@ -26,6 +26,15 @@ struct Fixture : AppFixture
     void writeIni(const QByteArray& bytes) { QVERIFY(nubo::test::writeFile(ini(), bytes)); }
 };
 
+// The six options in their file order.
+QList<int> values(const Options& options)
+{
+    QList<int> out;
+    for (const Option o : Options::all)
+        out.append(options.value(o));
+    return out;
+}
+
 } // namespace
 
 class TestOptionsStore final : public QObject
@@ -39,13 +48,8 @@ private slots:
         QCOMPARE(f.iniBytes(), kDefaultsFile);
         QVERIFY(QFile::exists(f.dir.filePath(QStringLiteral("Log/nubo.log"))));
         f.store.LeerOpciones();
-        QCOMPARE(f.options.value(Option::DblClkExecute), 1);
-        QCOMPARE(f.options.value(Option::PermitirAnims), 1);
-        QCOMPARE(f.options.value(Option::EscribirLog), 1);
-        QCOMPARE(f.options.value(Option::ConfigExcel), 0);
-        // "MOSTRARPRO" is missing from a defaults file: the read stops before these two.
-        QCOMPARE(f.options.value(Option::MostrarPro), 0);
-        QCOMPARE(f.options.value(Option::MInstances), 0);
+        // "MOSTRARPRO" is missing from a defaults file: the read stops before the last two.
+        QCOMPARE(values(f.options), (QList<int>{1, 1, 1, 0, 0, 0}));
         QCOMPARE(f.iniBytes(), kDefaultsFile);
     }
 
@@ -58,42 +62,34 @@ private slots:
         f.store.GuardarOpciones();
         QVERIFY(f.iniBytes().contains("MOSTRARPRO=1\r\nMINSTANCES=1\r\n"));
         Options fresh;
-        OptionsStore reader(f.app, fresh, f.log);
-        reader.LeerOpciones();
-        for (const Option o : Options::all)
-            QCOMPARE(fresh.value(o), 1);
+        OptionsStore(f.app, fresh, f.log).LeerOpciones();
+        QCOMPARE(values(fresh), QList<int>(6, 1));
     }
 
-    void invalidTextResetsWholeFile_data()
+    // An empty value leaves its field and the file; any other text than 1 or 0 stops the read
+    // (fields not reached keep their values) and writes the defaults file.
+    void valuesOtherThanOneOrZero_data()
     {
         QTest::addColumn<QByteArray>("value");
-        QTest::newRow("two") << QByteArray("2");
+        QTest::addColumn<QList<int>>("read");
+        QTest::addColumn<bool>("reset");
+        QTest::newRow("empty") << QByteArray() << QList<int>{0, 1, 0, 1, 0, 1} << false;
+        QTest::newRow("two") << QByteArray("2") << QList<int>{0, 1, 1, 1, 1, 1} << true;
     }
-    void invalidTextResetsWholeFile()
+    void valuesOtherThanOneOrZero()
     {
         QFETCH(QByteArray, value);
-        Fixture f;
-        f.writeIni("[OPCIONES]\r\nDBLCLKEXECUTE=0\r\nPERMITIRANIMS=" + value +
-                   "\r\nESCRIBIRLOG=0\r\nCONFIGEXCEL=1\r\nMOSTRARPRO=0\r\nMINSTANCES=1\r\n");
-        f.options.setValue(Option::EscribirLog, 1);
-        f.store.LeerOpciones();
-        QCOMPARE(f.options.value(Option::DblClkExecute), 0); // read before the bad key
-        QCOMPARE(f.options.value(Option::EscribirLog), 1);   // never reached
-        QCOMPARE(f.iniBytes(), kDefaultsFile);
-    }
-
-    void emptyValueLeavesFieldAndFile()
-    {
+        QFETCH(bool, reset);
         Fixture f;
         const QByteArray text =
-            "[OPCIONES]\r\nDBLCLKEXECUTE=1\r\nPERMITIRANIMS=\r\nESCRIBIRLOG=1\r\n"
-            "CONFIGEXCEL=0\r\nMOSTRARPRO=1\r\nMINSTANCES=0\r\n";
+            "[OPCIONES]\r\nDBLCLKEXECUTE=0\r\nPERMITIRANIMS=" + value +
+            "\r\nESCRIBIRLOG=0\r\nCONFIGEXCEL=1\r\nMOSTRARPRO=0\r\nMINSTANCES=1\r\n";
         f.writeIni(text);
-        f.options.setValue(Option::PermitirAnims, 1);
+        for (const Option o : Options::all)
+            f.options.setValue(o, 1);
         f.store.LeerOpciones();
-        QCOMPARE(f.options.value(Option::PermitirAnims), 1);
-        QCOMPARE(f.options.value(Option::MostrarPro), 1);
-        QCOMPARE(f.iniBytes(), text);
+        QTEST(values(f.options), "read");
+        QCOMPARE(f.iniBytes(), reset ? kDefaultsFile : text);
     }
 
     void failedSaveIsLoggedOnly()

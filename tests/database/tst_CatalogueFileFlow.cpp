@@ -1,8 +1,7 @@
 #include "catalogue/Catalogue.h"
 #include "core/ActivityLog.h"
 #include "core/Options.h"
-#include "database/DatabaseReader.h"
-#include "database/WorkbookReader.h"
+#include "database/CatalogueFiles.h"
 #include "database/flow/CatalogueFileFlow.h"
 #include "database/flow/ITransferView.h"
 #include "platform/fakes/FakeDialogs.h"
@@ -130,22 +129,16 @@ private:
     rlimit m_old{};
 };
 
-// The file's rows as its reader gives them, in file order.
+// The file's rows in file order (a database loads them last first).
 QStringList storedNames(const QString& path)
 {
+    QString error;
     QStringList out;
-    if (path.endsWith(QLatin1String("mdb"), Qt::CaseInsensitive)) {
-        database::DatabaseReader reader;
-        CatalogueRecord record;
-        if (reader.open(path))
-            while (reader.next(record))
-                out.append(record.nombre);
-    } else {
-        database::WorkbookReader reader;
-        if (reader.open(path))
-            for (quint32 r = 3; r <= reader.lastRow(); ++r)
-                out.append(reader.record(r).nombre);
-    }
+    const auto loaded = database::loadCatalogue(path, &error);
+    for (const CatalogueRecord& record : loaded ? loaded->rows : QList<CatalogueRecord>())
+        out.prepend(record.nombre);
+    if (!path.endsWith(QLatin1String("mdb"), Qt::CaseInsensitive))
+        std::reverse(out.begin(), out.end());
     return out;
 }
 
@@ -273,33 +266,45 @@ private slots:
         QVERIFY(saved(true, 0x123456) != plain);
     }
 
+    // Cancelled dialogs change nothing. Emptying with no current file, "Sí", and the save
+    // dialog left: the list stays and no message is shown; the plain save keeps its cancel text.
     void cancelledDialogsChangeNothing()
     {
         Flow f;
         f.fill(1);
-        f.catalogue.setCurrentFile(f.path(QStringLiteral("x.mdb")));
+        f.catalogue.ShowInfoMessage(QStringLiteral("antes"), 1000, 0);
+        QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Stopped);
+        QCOMPARE(f.dialogs.asked.last().kind, QStringLiteral("save"));
+        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Guardar como"));
+        QCOMPARE(f.catalogue.info().text(), QStringLiteral("antes"));
+        f.flow.save();
+        QCOMPARE(f.status(), QStringLiteral("La lista no se guardará"));
+        const QString current = f.path(QStringLiteral("x.mdb"));
+        f.catalogue.setCurrentFile(current);
+        f.statuses.clear();
         f.flow.saveAs();
         QCOMPARE(f.status(), QStringLiteral("La lista no se guardará"));
-        QCOMPARE(f.dialogs.fileStartPaths.first(), f.path(QStringLiteral("x.mdb")));
+        QCOMPARE(f.dialogs.fileStartPaths.last(), current);
         f.flow.loadFromFile();
         QCOMPARE(f.status(), QStringLiteral("No se abrira ninguna base de datos"));
-        QCOMPARE(f.catalogue.currentFile(), f.path(QStringLiteral("x.mdb")));
+        QCOMPARE(f.dialogs.asked.last().kind, QStringLiteral("open"));
+        QCOMPARE(f.dialogs.asked.last().title,
+                 QStringLiteral("Seleccione la base de datos a abrir"));
+        QCOMPARE(f.catalogue.currentFile(), current);
         QCOMPARE(f.names(), QStringList{"r0"});
-        QVERIFY(!QFile::exists(f.path(QStringLiteral("x.mdb"))));
-        QCOMPARE(f.dialogs.asked[1].kind, QStringLiteral("open"));
-        QCOMPARE(f.dialogs.asked[1].title, QStringLiteral("Seleccione la base de datos a abrir"));
+        QVERIFY(!QFile::exists(current));
     }
 
     // Each fault strikes a save of 3,000 rows over an old file. A failed save keeps the old
     // file byte for byte (or nothing, where its folder went), leaves no temporary file, keeps
-    // the list and names its cause; a list emptied or cleared halfway cannot reach the file.
+    // the list and names its cause; a list cleared halfway cannot reach the file (emptying
+    // during a save is refused: tst_ListWindowFileView).
     void faultsDuringASaveLoseNothing_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("fault");
-        for (const char* fault :
-             {"file-size limit", "folder removed", "folder removed mid-save", "read-only file",
-              "read-only folder", "emptied mid-save", "cleared under the save"})
+        for (const char* fault : {"file-size limit", "folder removed", "folder removed mid-save",
+                                  "read-only file", "read-only folder", "cleared under the save"})
             for (const char* name : {"v.xls", "v.mdb"})
                 QTest::addRow("%s, %s", fault, name) << QString(name) << QString(fault);
     }
@@ -325,11 +330,6 @@ private slots:
             QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
         if (fault == QLatin1String("folder removed mid-save"))
             f.atTurn(2, [&] { QDir(folder).removeRecursively(); });
-        if (fault == QLatin1String("emptied mid-save")) // Ctrl+V, answered "No"
-            f.atTurn(2, [&] {
-                f.dialogs.messageAnswers.enqueue(platform::MessageAnswer::No);
-                f.catalogue.EmptyList();
-            });
         if (fault == QLatin1String("cleared under the save"))
             f.atTurn(2, [&] { f.catalogue.list().clear(); });
         database::TransferOutcome outcome;
@@ -341,19 +341,11 @@ private slots:
         }
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(f.view.begun, f.view.ended);
-        if (fault == QLatin1String("emptied mid-save") ||
-            fault == QLatin1String("cleared under the save")) {
-            // The emptying is refused; whatever else changes the list, the file gets the rows
-            // as the save found them.
+        if (fault == QLatin1String("cleared under the save")) {
+            // The file gets the rows as the save found them.
             QCOMPARE(outcome, database::TransferOutcome::Done);
             QCOMPARE(storedNames(path), rows);
             QCOMPARE(f.files(folder), QStringList{name});
-            if (fault == QLatin1String("emptied mid-save")) {
-                QCOMPARE(f.names(), rows);
-                QVERIFY(f.dialogs.asked.isEmpty()); // refused before the question
-                QVERIFY(f.statuses.contains(QStringLiteral(
-                    "Espere a que la lista termine de guardarse o cargarse (Esc lo detiene)")));
-            }
             return;
         }
         QCOMPARE(outcome, database::TransferOutcome::Failed);
@@ -396,15 +388,11 @@ private slots:
         QTest::addColumn<QString>("current");
         QTest::addColumn<QString>("chosen");
         QTest::addColumn<QString>("sheetName");
-        QTest::newRow("current file, folder gone") << "no/v.mdb"
-                                                   << ""
-                                                   << "Hoja";
-        QTest::newRow("save as, folder gone") << ""
-                                              << "no/v.xls"
-                                              << "Hoja";
-        QTest::newRow("invalid sheet name") << "v.xls"
-                                            << ""
-                                            << "a/b";
+        const char* const rows[][4] = {{"current file, folder gone", "no/v.mdb", "", "Hoja"},
+                                       {"save as, folder gone", "", "no/v.xls", "Hoja"},
+                                       {"invalid sheet name", "v.xls", "", "a/b"}};
+        for (const auto& r : rows)
+            QTest::newRow(r[0]) << QString(r[1]) << QString(r[2]) << QString(r[3]);
     }
     void emptyingKeepsTheRowsWhenTheSaveFails()
     {
@@ -480,9 +468,8 @@ private slots:
         QCOMPARE(f.catalogue.list().count(), 5);
         const QString workbook = f.path(QStringLiteral("nuevo.xls"));
         QCOMPARE(f.flow.SaveByExtension(workbook), database::TransferOutcome::Done);
-        database::WorkbookReader reader;
-        QVERIFY(reader.open(workbook));
-        QCOMPARE(reader.record(4).direccion, deep);
+        QString error;
+        QCOMPARE(database::loadCatalogue(workbook, &error)->rows.at(1).direccion, deep);
     }
 
     // A file the readers refuse, or one that is no catalogue at all, never becomes the current
@@ -519,22 +506,6 @@ private slots:
         f.flow.save();
         QCOMPARE(test::fileBytes(other), QByteArray("no soy una lista"));
         QCOMPARE(storedNames(good), (QStringList{"r0", "r1"}));
-    }
-
-    // Emptying with no current file, "Sí", and the save dialog left: the list stays and no
-    // message is shown; the plain save keeps its cancel text.
-    void emptyingStopsQuietlyWhenTheDialogIsLeft()
-    {
-        Flow f;
-        f.fill(2);
-        f.catalogue.ShowInfoMessage(QStringLiteral("antes"), 1000, 0);
-        QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Stopped);
-        QCOMPARE(f.dialogs.asked.last().kind, QStringLiteral("save"));
-        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Guardar como"));
-        QCOMPARE(f.catalogue.info().text(), QStringLiteral("antes"));
-        QCOMPARE(f.catalogue.list().count(), 2);
-        f.flow.save();
-        QCOMPARE(f.status(), QStringLiteral("La lista no se guardará"));
     }
 
     // Every fixture and a file of ours, truncated and bit-flipped: rows or the failure texts.

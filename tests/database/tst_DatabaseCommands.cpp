@@ -39,6 +39,7 @@ class DatabaseCommandsTest final : public QObject
     Q_OBJECT
 
 private slots:
+    // Rows as the list loads them, blanks for tabs and line breaks; mistakes on the error output.
     void showsRowsAsTheListLoadsThem()
     {
         QTemporaryDir dir;
@@ -49,11 +50,7 @@ private slots:
         const Run shown = run({"show", path});
         QCOMPARE(shown.status, 0);
         QCOMPARE(shown.out, QStringLiteral("tres\t/n/ x\t\tWAV\tNN\nuno dos\t/m/\tg\tMP3\tNN\n"));
-    }
-
-    // A usage error gives 1 and a missing file 2, with nothing on the output.
-    void mistakes()
-    {
+        // A usage error gives 1 and a missing file 2, with nothing on the output.
         const Run usage = run({"show"});
         QCOMPARE(usage.status, 1);
         QVERIFY(usage.out.isEmpty() && !usage.err.isEmpty());

@@ -1,7 +1,7 @@
 #include "CatalogueSamples.h"
 
+#include "database/CatalogueFiles.h"
 #include "database/DatabaseReader.h"
-#include "database/DatabaseWriter.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -10,33 +10,6 @@ using namespace nubo::database;
 using namespace nubo::database::test;
 
 namespace {
-
-bool writeDatabase(const QString& path, const QList<CatalogueRecord>& rows,
-                   const CatalogueHeader& header = defaultCatalogueHeader())
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    DatabaseWriter writer;
-    if (!writer.begin(&file, header))
-        return false;
-    for (const CatalogueRecord& r : rows)
-        if (!writer.addRow(r))
-            return false;
-    return writer.finish();
-}
-
-QList<CatalogueRecord> readDatabase(const QString& path)
-{
-    DatabaseReader reader;
-    if (!reader.open(path))
-        return {};
-    QList<CatalogueRecord> rows;
-    CatalogueRecord r;
-    while (reader.next(r))
-        rows.append(r);
-    return rows;
-}
 
 // mdb-export's CSV of rows that mdbtools can show (it drops characters beyond the BMP).
 QByteArray exportedCsv(const QList<CatalogueRecord>& rows)
@@ -52,13 +25,6 @@ QByteArray exportedCsv(const QList<CatalogueRecord>& rows)
     return csv;
 }
 
-QList<CatalogueRecord> withinBmp(QList<CatalogueRecord> rows)
-{
-    for (CatalogueRecord& r : rows)
-        r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
-    return rows;
-}
-
 } // namespace
 
 class DatabaseFileTest final : public QObject
@@ -66,33 +32,21 @@ class DatabaseFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    void roundTrip_data()
+    // The written table as the reader and mdbtools see it; the reader's own round trip is
+    // tested with the other format's in tst_CatalogueFiles.
+    void writtenTableReadsElsewhere()
     {
-        QTest::addColumn<int>("count");
-        QTest::newRow("empty") << 0;
-        QTest::newRow("thirty thousand") << 30000;
-    }
-    void roundTrip()
-    {
-        QFETCH(int, count);
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("lista.mdb"));
-        const QList<CatalogueRecord> rows = sampleRows(count);
-        QVERIFY(writeDatabase(path, rows));
+        QList<CatalogueRecord> rows = sampleRows(2000);
+        for (CatalogueRecord& r : rows)
+            r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
+        QVERIFY(saveCatalogue(path, {}, rowsOf(rows)).ok);
         DatabaseReader reader;
         QVERIFY2(reader.open(path), qPrintable(reader.errorString()));
         QCOMPARE(reader.tableName(), QStringLiteral("Catalogo"));
         QCOMPARE(reader.fieldNames(), (QStringList{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}));
-        QCOMPARE(reader.recordCount(), count);
-        QCOMPARE(readDatabase(path), rows);
-    }
-
-    void mdbtoolsAgree()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("lista.mdb"));
-        const QList<CatalogueRecord> rows = withinBmp(sampleRows(2000));
-        QVERIFY(writeDatabase(path, rows));
+        QCOMPARE(reader.recordCount(), 2000);
         const ToolResult version = runTool(QStringLiteral("mdb-ver"), {path});
         if (!version.ran)
             QSKIP("mdbtools is not installed");
@@ -126,7 +80,9 @@ private slots:
         if (table.isEmpty())
             QVERIFY(reader.errorString().contains(QStringLiteral("ninguna tabla")));
         QCOMPARE(reader.tableName(), table);
-        const QList<CatalogueRecord> rows = readDatabase(path);
+        QString error;
+        const QList<CatalogueRecord> rows =
+            loadCatalogue(path, &error).value_or(LoadedCatalogue{}).rows;
         QTEST(int(rows.size()), "records");
         QVERIFY(text.isEmpty() || std::any_of(rows.begin(), rows.end(),
                                               [&](const auto& r) { return r.direccion == text; }));

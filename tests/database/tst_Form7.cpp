@@ -38,14 +38,6 @@ struct Fixture : AppFixture
         form = std::make_unique<Form7>(
             Form7::Deps{app, settings, sheetStore, dialogs, options, store, log});
     }
-    QPushButton* button(const char* name) const
-    {
-        return form->findChild<QPushButton*>(QLatin1String(name));
-    }
-    QLineEdit* field(const char* name) const
-    {
-        return form->findChild<QLineEdit*>(QLatin1String(name));
-    }
 };
 
 QColor base(const QLineEdit* field)
@@ -84,9 +76,9 @@ private slots:
         QFETCH(QString, before);
         QFETCH(QString, after);
         Fixture f;
-        QLineEdit* edit = f.field(qPrintable(field));
+        auto* edit = f.form->findChild<QLineEdit*>(field);
         edit->setText(before);
-        f.button(qPrintable(button))->click();
+        f.form->findChild<QPushButton*>(button)->click();
         QCOMPARE(edit->text(), after);
         const int recorded =
             edit == f.form->TxtBorStyle ? f.settings.style.lineStyle : f.settings.style.weight;
@@ -117,15 +109,17 @@ private slots:
     void coloursAndFont()
     {
         Fixture f;
-        for (const char* name : {"Command1", "Command2", "Command3"})
-            f.button(name)->click();
+        const auto clickAll = [&f] {
+            for (QPushButton* button : {f.form->Command1, f.form->Command2, f.form->Command3})
+                button->click();
+        };
+        clickAll();
         QCOMPARE(f.dialogs.asked.at(2).kind, QStringLiteral("font"));
         QCOMPARE(f.settings, SheetSettings{});
         QCOMPARE(base(f.form->TxtColorborder), QColor(Qt::black));
         f.dialogs.colorAnswers << 0xC00001 << 0x12AB34;
         f.dialogs.fontAnswers.enqueue({QStringLiteral("DejaVu Serif"), 14, true, true, true, 0xFE});
-        for (const char* name : {"Command1", "Command2", "Command3"})
-            f.button(name)->click();
+        clickAll();
         const database::SheetStyle& s = f.settings.style;
         QCOMPARE(s.borderColor, 0xC00001u);
         QCOMPARE(s.fillColor, 0x12AB34u);
@@ -169,12 +163,12 @@ private slots:
         f.form->show();
         f.form->TxtNameXls->setText(QStringLiteral("Discos"));
         f.dialogs.colorAnswers << 0x123456;
-        f.button("Command2")->click();
-        f.button("Command5")->click();
+        f.form->Command2->click();
+        f.form->Command5->click();
         if (picture)
             QTest::mouseClick(f.form->PicAceptar, Qt::LeftButton);
         else
-            f.button("Command4")->click();
+            f.form->Command4->click();
         QVERIFY(!f.form->isVisible());
         const SheetSettings kept = f.settings;
         f.settings = {};

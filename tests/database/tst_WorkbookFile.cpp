@@ -4,7 +4,6 @@
 #include "database/CatalogueFiles.h"
 #include "database/GsfSession.h"
 #include "database/WorkbookReader.h"
-#include "database/WorkbookWriter.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -19,19 +18,23 @@ using namespace nubo::database::test;
 
 namespace {
 
-// Reads a workbook with xlrd (formatting on) and returns what it saw as JSON: the sheet's
-// rows, the cell formats its cells use, and the style of the last of them.
+// Reads a workbook with xlrd and prints what it saw as JSON: the first sheet's rows as text
+// (numbers as General shows them), and with any second argument (formatting on) the cell
+// formats its cells use and the style of the last of them.
 const char* const kXlrdScript = R"(
 import json, sys, xlrd
-b = xlrd.open_workbook(sys.argv[1], formatting_info=True, ragged_rows=True)
+fmt = len(sys.argv) > 2
+b = xlrd.open_workbook(sys.argv[1], formatting_info=fmt, ragged_rows=True, logfile=sys.stderr)
 s = b.sheet_by_index(0)
-out = {"sheets": b.sheet_names(), "rows": [s.row_values(r) for r in range(s.nrows)],
-       "cellFormats": sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))}),
+text = lambda v: ("%d" % v if v == int(v) else repr(v)) if isinstance(v, float) else v
+out = {"sheets": b.sheet_names(), "rows": [[text(v) for v in s.row_values(r)] for r in range(s.nrows)]}
+if fmt:
+    out.update({"cellFormats": sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))}),
        "row2Cells": s.row_len(1) if s.nrows > 1 else 0,
        "rowHeights": sorted({i.height for i in s.rowinfo_map.values()}),
        "widths": [s.colinfo_map[c].width if c in s.colinfo_map else 0 for c in range(4)],
-       "formats": len(b.xf_list), "fonts": len(b.font_list), "palette": len(b.palette_record)}
-if s.nrows > 0:
+       "formats": len(b.xf_list), "fonts": len(b.font_list), "palette": len(b.palette_record)})
+if fmt and s.nrows > 0:
     xf = b.xf_list[out["cellFormats"][-1]]
     f = b.font_list[xf.font_index]
     d = xf.border
@@ -45,56 +48,36 @@ print(json.dumps(out))
 )";
 
 // What the script printed; empty when python3-xlrd is missing or could not read the file.
-QJsonDocument runXlrd(const char* script, const QString& path)
+QJsonObject xlrd(const QString& path, bool formatting = true)
 {
-    const ToolResult r = runTool(QStringLiteral("/usr/bin/python3"),
-                                 {QStringLiteral("-c"), QString::fromLatin1(script), path});
+    QStringList args{QStringLiteral("-c"), QString::fromLatin1(kXlrdScript), path};
+    if (formatting)
+        args.append(QStringLiteral("formatting"));
+    const ToolResult r = runTool(QStringLiteral("/usr/bin/python3"), args);
     if (r.ran && r.status != 0)
         qWarning("xlrd: %s", r.err.constData());
-    return r.ran && r.status == 0 ? QJsonDocument::fromJson(r.out) : QJsonDocument();
+    return r.ran && r.status == 0 ? QJsonDocument::fromJson(r.out).object() : QJsonObject();
 }
 
-QJsonObject xlrd(const QString& path)
-{
-    return runXlrd(kXlrdScript, path).object();
-}
-
-bool writeWorkbook(const QString& path, const QList<CatalogueRecord>& rows,
-                   WorkbookLayout layout = {})
-{
-    WorkbookWriter writer;
-    if (!writer.begin(path, std::move(layout), rows.size()))
-        return false;
-    for (const CatalogueRecord& r : rows)
-        writer.addRow(r);
-    return writer.finish();
-}
-
-QJsonArray jsonRow(const CatalogueRecord& r)
-{
-    return {r.nombre, r.direccion, r.origen, r.formato};
-}
-
-// Every cell of the first sheet as text (numbers as General shows them), rows padded to four.
-const char* const kXlrdCellsScript = R"(
-import json, sys, xlrd
-s = xlrd.open_workbook(sys.argv[1], logfile=sys.stderr).sheet_by_index(0)
-def text(v):
-    return ("%d" % v if v == int(v) else repr(v)) if isinstance(v, float) else v
-print(json.dumps([[text(v) for v in s.row_values(r)][:4] + [""] * (4 - min(4, s.ncols)) for r in range(s.nrows)]))
-)";
-
+// The first sheet's cells, rows cut or padded to four.
 QList<QStringList> xlrdCells(const QString& path)
 {
     QList<QStringList> rows;
-    for (const QJsonValue row : runXlrd(kXlrdCellsScript, path).array()) {
-        QStringList cells;
-        for (const QJsonValue cell : row.toArray())
-            cells.append(cell.toString());
+    for (const QJsonValue row : xlrd(path, false).value("rows").toArray()) {
+        QStringList cells(4);
+        for (int c = 0; c < 4 && c < row.toArray().size(); ++c)
+            cells[c] = row.toArray().at(c).toString();
         rows.append(cells);
     }
     return rows;
 }
+
+bool save(const QString& path, const QList<CatalogueRecord>& rows,
+          const CatalogueSaveOptions& options = {})
+{
+    return saveCatalogue(path, options, rowsOf(rows)).ok;
+}
+
 } // namespace
 
 class WorkbookFileTest final : public QObject
@@ -102,27 +85,25 @@ class WorkbookFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    void roundTrip_data()
+    // The sheet ends where the reader expects, and another reader sees the sheet name, the
+    // captions, the empty row 2 and every text; the reader's own round trip is tested with
+    // the other format's in tst_CatalogueFiles.
+    void xlrdReadsWhatWeWrite_data()
     {
         QTest::addColumn<int>("count");
         QTest::newRow("empty") << 0;
         QTest::newRow("thirty thousand") << 30000;
     }
-    void roundTrip()
+    void xlrdReadsWhatWeWrite()
     {
         QFETCH(int, count);
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("lista.xls"));
         const QList<CatalogueRecord> rows = sampleRows(count);
-        QVERIFY(writeWorkbook(path, rows));
-
+        QVERIFY(save(path, rows));
         WorkbookReader reader;
         QVERIFY2(reader.open(path), qPrintable(reader.errorString()));
-        QCOMPARE(reader.sheetName(), QStringLiteral("Colección"));
         QCOMPARE(reader.lastRow(), quint32(count == 0 ? 1 : count + 2));
-        for (int i = 0; i < count; ++i)
-            QCOMPARE(reader.record(quint32(i + 3)), rows.at(i));
-
         const QJsonObject seen = xlrd(path);
         if (seen.isEmpty())
             QSKIP("python3-xlrd is not installed");
@@ -136,8 +117,11 @@ private slots:
         }
         QCOMPARE(sheetRows.size(), count + 2);
         QCOMPARE(sheetRows.at(1).toArray(), QJsonArray()); // row 2 holds no cells
-        for (int i = 0; i < count; ++i)
-            QCOMPARE(sheetRows.at(i + 2).toArray(), jsonRow(rows.at(i)));
+        for (int i = 0; i < count; ++i) {
+            const CatalogueRecord& r = rows.at(i);
+            QCOMPARE(sheetRows.at(i + 2).toArray(),
+                     (QJsonArray{r.nombre, r.direccion, r.origen, r.formato}));
+        }
         // Each column is wide enough for its longest text, up to 60 characters.
         for (int c = 0; c < 4; ++c) {
             qsizetype longest = 10;
@@ -156,26 +140,26 @@ private slots:
         SheetStyle style{
             0x333333, 0x123456, excel::kDash, excel::kMedium, QStringLiteral("Times New Roman"),
             12.5,     true,     true,         true,           0xC00001};
-        QVERIFY(writeWorkbook(path, sampleRows(3),
-                              {QStringLiteral("Hoja"), defaultCatalogueHeader(), style}));
+        QVERIFY(
+            save(path, sampleRows(3), {defaultCatalogueHeader(), QStringLiteral("Hoja"), style}));
         const QJsonObject seen = xlrd(path);
         if (seen.isEmpty())
             QSKIP("python3-xlrd is not installed");
         QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{16}); // one format for all
         QCOMPARE(seen.value("row2Cells").toInt(), 4); // the empty row lies in the styled range
         QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{319}); // 12.5 points of font
-        const QJsonObject s = seen.value("style").toObject();
-        QCOMPARE(s.value("font").toString(), QStringLiteral("Times New Roman"));
-        QCOMPARE(s.value("height").toInt(), 250);
-        QVERIFY(s.value("bold").toBool());
-        QVERIFY(s.value("italic").toBool());
-        QCOMPARE(s.value("underline").toInt(), 1);
-        QCOMPARE(s.value("fontColor").toArray(), (QJsonArray{0xC0, 0, 1}));
-        QCOMPARE(s.value("fill").toArray(), (QJsonArray{0x33, 0x33, 0x33}));
-        QCOMPARE(s.value("pattern").toInt(), 1);
-        QCOMPARE(s.value("lines").toArray(), (QJsonArray{8, 8, 8, 8})); // medium dashed
         const QJsonArray blue{0x12, 0x34, 0x56};
-        QCOMPARE(s.value("lineColors").toArray(), (QJsonArray{blue, blue, blue, blue}));
+        QCOMPARE(seen.value("style").toObject(),
+                 (QJsonObject{{"font", "Times New Roman"},
+                              {"height", 250},
+                              {"bold", true},
+                              {"italic", true},
+                              {"underline", 1},
+                              {"fontColor", QJsonArray{0xC0, 0, 1}},
+                              {"fill", QJsonArray{0x33, 0x33, 0x33}},
+                              {"pattern", 1},
+                              {"lines", QJsonArray{8, 8, 8, 8}}, // medium dashed
+                              {"lineColors", QJsonArray{blue, blue, blue, blue}}}));
     }
 
     // Without a style, and when a save is stopped, the file holds the default fonts and cell
@@ -197,8 +181,7 @@ private slots:
             options.style = SheetStyle{};
         SaveHooks hooks;
         hooks.beforeRow = [stopped](qsizetype i) { return !stopped || i < 2; };
-        const SaveOutcome outcome = saveCatalogue(
-            path, options, {rows.size(), [&rows](qsizetype i) { return rows[i]; }}, hooks);
+        const SaveOutcome outcome = saveCatalogue(path, options, rowsOf(rows), hooks);
         QVERIFY(outcome.ok);
         QCOMPARE(outcome.stopped, stopped);
         const QJsonObject seen = xlrd(path);
@@ -227,11 +210,9 @@ private slots:
             {QString(10000, QLatin1Char('x')), wide, QString(20000, QChar(0x00E9)),
              QStringLiteral("MP3")},
             {QString(10000, QChar(0x30A2)), QStringLiteral("b"), {}, planes}};
-        QVERIFY(writeWorkbook(path, rows));
-        WorkbookReader reader;
-        QVERIFY(reader.open(path));
-        QCOMPARE(reader.record(3), rows.at(0));
-        QCOMPARE(reader.record(4), rows.at(1));
+        QVERIFY(save(path, rows));
+        QString error;
+        QCOMPARE(loadCatalogue(path, &error)->rows, rows);
     }
 
     // Workbooks written by other programs open, with their first sheet's name.

@@ -84,10 +84,7 @@ private:
                 m_started.append(QStringList{program} + arguments);
                 return m_startResult;
             },
-            [this](const QList<DesktopEntry>& applications, const QString&) {
-                m_offered = applications.size();
-                return m_chosen;
-            },
+            [](const QList<DesktopEntry>&, const QString&) { return QStringList(); },
             [](const QString&) { return false; });
     }
 
@@ -96,8 +93,6 @@ private:
     QString m_song;
     QList<QStringList> m_started;
     bool m_startResult = true;
-    QStringList m_chosen;
-    qsizetype m_offered = -1;
 };
 
 QTEST_MAIN(TestDesktopShell)

@@ -93,17 +93,14 @@ private slots:
         QCOMPARE(names, (QStringList{"alfa", "Beta"}));
     }
 
-    void splitExec()
+    // Exec lines split as the desktop entry format quotes them, field codes expanded.
+    void execLines()
     {
         QCOMPARE(exec::split(QStringLiteral("\"/opt/My Player/run\" -x  %f")),
                  std::optional<QStringList>({"/opt/My Player/run", "-x", "%f"}));
         QCOMPARE(exec::split(QStringLiteral("sh \"a \\\"b\\\" \\$c \\\\d\"")),
                  std::optional<QStringList>({"sh", "a \"b\" $c \\d"}));
         QCOMPARE(exec::split(QStringLiteral("prog \"open")), std::nullopt);
-    }
-
-    void expandExec()
-    {
         const QString path = QStringLiteral("/m/Mi tema;$(x).mp3");
         DesktopEntry entry;
         entry.exec = QStringLiteral("player %i %c %% --file=%F %d");

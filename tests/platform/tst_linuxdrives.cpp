@@ -61,7 +61,7 @@ class TestLinuxDrives final : public QObject
     Q_OBJECT
 private slots:
     // What the drive list offers, with the types, labels and media the system files give.
-    void drivesComeFromTheSystemFiles()
+    void drivesAndVolumesComeFromTheSystemFiles()
     {
         QTemporaryDir root;
         QVERIFY(layOutSystem(root.path()));
@@ -83,14 +83,8 @@ private slots:
         QCOMPARE(find(drives, "/dev/sr0")->type, DriveType::CdRom);
         QVERIFY(!find(drives, "/dev/sr0")->hasMedium);
         QVERIFY(find(drives, "/dev/sr0")->mountPoint.isEmpty());
-    }
 
-    // Paths find their volume; device nodes and folders answer their drive type.
-    void pathsFindTheirVolume()
-    {
-        QTemporaryDir root;
-        QVERIFY(layOutSystem(root.path()));
-        const LinuxDrives linux(root.path());
+        // Paths find their volume; device nodes and folders answer their drive type.
         QCOMPARE(linux.volumeOf("/media/ana/DATOS/pista1.mp3")->device, QStringLiteral("/dev/sr1"));
         QCOMPARE(linux.volumeOf("/home/ana/x.mp3")->device, QStringLiteral("/dev/sda1"));
         QCOMPARE(linux.driveType("/dev/sr0"), DriveType::CdRom);

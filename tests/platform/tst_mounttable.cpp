@@ -27,51 +27,30 @@ class TestMountTable final : public QObject
 {
     Q_OBJECT
 private slots:
-    void leavesOutPseudoFileSystems()
-    {
-        const MountTable table = MountTable::parse(kMountInfo);
-        QStringList points;
-        for (const MountEntry& e : table.entries())
-            points.append(e.mountPoint);
-        QVERIFY(!points.contains(QStringLiteral("/proc")));
-        QCOMPARE(points.count(QStringLiteral("/home")), 1); // the later mount wins
-        QCOMPARE(table.byMountPoint(QStringLiteral("/home"))->fsType, QStringLiteral("xfs"));
-    }
-
-    void longestMountPointHoldsThePath_data()
+    // The longest mount point holding a path is its volume, and the mount gives its type.
+    void pathsFindTheirVolumeAndType_data()
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("prefix");
-        const char* const rows[][3] = {
-            {"mount point with a blank", "/media/ana/MI CD/disco/a.mp3", "/media/ana/MI CD"},
-            {"nested mount", "/home/ana/nube/x.mp3", "/home/ana/nube"},
-            {"prefix is not a folder boundary", "/homework/a.mp3", ""},
-        };
-        for (const auto& r : rows)
-            QTest::newRow(r[0]) << QString(r[1]) << QString(r[2]);
+        QTest::addColumn<int>("type");
+        QTest::newRow("optical, blank in the mount point")
+            << "/media/ana/MI CD/disco/a.mp3"
+            << "/media/ana/MI CD" << int(DriveType::CdRom);
+        QTest::newRow("nested sshfs") << "/home/ana/nube/x.mp3"
+                                      << "/home/ana/nube" << int(DriveType::Remote);
+        QTest::newRow("tmpfs") << "/tmp/a.mp3"
+                               << "/tmp" << int(DriveType::RamDisk);
+        QTest::newRow("prefix is not a folder boundary") << "/homework/a.mp3"
+                                                         << "" << int(DriveType::Fixed);
     }
-    void longestMountPointHoldsThePath()
+    void pathsFindTheirVolumeAndType()
     {
         QFETCH(QString, path);
         const MountTable table = MountTable::parse(kMountInfo);
         const MountEntry* volume = table.volumeOf(path);
         QVERIFY(volume);
         QTEST(MountTable::prefixOf(volume->mountPoint), "prefix");
-    }
-
-    void typesFollowTheMount_data()
-    {
-        QTest::addColumn<QString>("mountPoint");
-        QTest::addColumn<int>("type");
-        QTest::newRow("optical") << "/media/ana/MI CD" << int(DriveType::CdRom);
-        QTest::newRow("tmpfs") << "/tmp" << int(DriveType::RamDisk);
-        QTest::newRow("sshfs") << "/home/ana/nube" << int(DriveType::Remote);
-    }
-    void typesFollowTheMount()
-    {
-        QFETCH(QString, mountPoint);
-        const MountTable table = MountTable::parse(kMountInfo);
-        QTEST(int(MountTable::typeOf(*table.byMountPoint(mountPoint))), "type");
+        QTEST(int(MountTable::typeOf(*volume)), "type");
     }
 
     void theDriveListOffersWhatAFileManagerShows()
@@ -95,21 +74,21 @@ private slots:
         QCOMPARE(points, (QStringList{"/", "/tmp", "/media/ana/MI CD", "/media/usb", "/mnt/red",
                                       "/home/ana/nube", "/home", "/run/media/ana/PENDRIVE",
                                       "/var/home", "/data"}));
-        // Hidden places still give paths their drive.
+        // Hidden places still give paths their drive; pseudo file systems are no drive at all,
+        // and the later of two mounts on one point wins.
         QCOMPARE(MountTable::prefixOf(table.volumeOf("/dev/shm/x")->mountPoint), "/dev/shm");
+        QCOMPARE(table.volumeOf("/proc/1")->mountPoint, "/");
+        QCOMPARE(table.byMountPoint(QStringLiteral("/home"))->fsType, QStringLiteral("xfs"));
     }
 
     void driveListText()
     {
-        DriveInfo labelled{QStringLiteral("/data"), {},
-                           QStringLiteral("ext4"),  QStringLiteral("Música"),
-                           DriveType::Fixed,        true};
-        QCOMPARE(labelled.listText(), QStringLiteral("/data [Música]"));
-        DriveInfo cd = labelled;
-        cd.type = DriveType::CdRom;
-        QCOMPARE(cd.listText(), QStringLiteral("/data"));
-        DriveInfo empty{{}, QStringLiteral("/dev/sr1"), {}, {}, DriveType::CdRom, false};
-        QCOMPARE(empty.listText(), QStringLiteral("/dev/sr1"));
+        DriveInfo drive{"/data", {}, "ext4", QStringLiteral("Música"), DriveType::Fixed, true};
+        QCOMPARE(drive.listText(), QStringLiteral("/data [Música]"));
+        drive.type = DriveType::CdRom; // a disc's label is not shown
+        QCOMPARE(drive.listText(), QStringLiteral("/data"));
+        drive = {{}, QStringLiteral("/dev/sr1"), {}, {}, DriveType::CdRom, false};
+        QCOMPARE(drive.listText(), QStringLiteral("/dev/sr1"));
     }
 };
 

@@ -51,52 +51,38 @@ class CoverColumnsTest final : public QObject
 {
     Q_OBJECT
 private slots:
+    // Answers are rounded half to even; the count of names per column is too, and must fit
+    // 16 bits like the count of columns.
     void answersBecomeColumnCountsOrErrors_data()
     {
         QTest::addColumn<QString>("answer");
+        QTest::addColumn<int>("rows");
         QTest::addColumn<int>("columns"); // 0: refused
         QTest::addColumn<int>("error");
-        QTest::newRow("largest") << "20" << 20 << 0;
-        QTest::newRow("empty") << "" << 0 << 13;
-        QTest::newRow("zero") << "0" << 0 << 11;
-        QTest::newRow("negative") << "-3" << 0 << 5;
-        QTest::newRow("too many to fit") << "21" << 0 << 6;
+        QTest::newRow("largest") << "20" << 10 << 20 << 0;
+        QTest::newRow("2.5 -> 2") << "2,5" << 10 << 2 << 0;
+        QTest::newRow("empty") << "" << 10 << 0 << 13;
+        QTest::newRow("zero: division by zero") << "0" << 10 << 0 << 11;
+        QTest::newRow("negative") << "-3" << 10 << 0 << 5;
+        QTest::newRow("too many to fit") << "21" << 10 << 0 << 6;
+        QTest::newRow("names per column beyond 16 bits") << "2" << 100000 << 0 << 6;
     }
     void answersBecomeColumnCountsOrErrors()
     {
         QFETCH(QString, answer);
+        QFETCH(int, rows);
         QFETCH(int, columns);
         QFETCH(int, error);
         QString text;
-        const auto grid = coverGridFor(answer, namesOf(10), &text);
+        const auto grid = coverGridFor(answer, namesOf(rows), &text);
         QCOMPARE(grid ? grid->n : 0, columns);
         if (error != 0)
             QVERIFY2(text.startsWith(QStringLiteral("Ha ocurrido el Error : %1: ").arg(error)),
                      qPrintable(text));
     }
 
-    void namesPerColumnRoundHalfToEven_data()
-    {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("n");
-        QTest::addColumn<int>("r");
-        QTest::addColumn<int>("error");
-        QTest::newRow("0.5 -> 0") << 3 << 6 << 0 << 0;
-        QTest::newRow("division by zero") << 5 << 0 << 0 << 11;
-        QTest::newRow("R beyond 16 bits") << 100000 << 2 << 0 << 6;
-    }
-    void namesPerColumnRoundHalfToEven()
-    {
-        QFETCH(int, rows);
-        QFETCH(int, n);
-        QFETCH(int, r);
-        QFETCH(int, error);
-        const NamesPerColumn result = namesPerColumn(rows, static_cast<qint16>(n));
-        QCOMPARE(result.r, r);
-        QCOMPARE(result.error ? result.error->number : 0, error);
-    }
-
-    void theDefaultAnswerGivesSixHeaders()
+    // The default answer gives six headers; a bad answer is reported, a cancel is not.
+    void theQuestionAndItsAnswers()
     {
         nubo::platform::FakeDialogs dialogs; // answers with the default text
         const auto grid = askCoverGrid(dialogs, namesOf(12));
@@ -106,17 +92,12 @@ private slots:
         QCOMPARE(dialogs.asked.at(0).text,
                  QStringLiteral("Ingrese la cantidad de columnas por tapa!"));
         QCOMPARE(dialogs.asked.at(0).title, QStringLiteral("defina un numero entre 2 y 8"));
-    }
-
-    void badAnswersAreReportedAndCancelIsNot()
-    {
-        nubo::platform::FakeDialogs dialogs;
         dialogs.inputAnswers << QStringLiteral("x") << std::nullopt;
         QVERIFY(!askCoverGrid(dialogs, namesOf(3)));
-        QCOMPARE(dialogs.asked.size(), 2);
-        QVERIFY(dialogs.asked.at(1).text.contains(QStringLiteral("No coinciden los tipos")));
+        QCOMPARE(dialogs.asked.size(), 3);
+        QVERIFY(dialogs.asked.at(2).text.contains(QStringLiteral("No coinciden los tipos")));
         QVERIFY(!askCoverGrid(dialogs, namesOf(3)));
-        QCOMPARE(dialogs.asked.size(), 3); // the question only
+        QCOMPARE(dialogs.asked.size(), 4); // the question only
     }
 
     void columnsFillInListOrderWithNoNameLost_data()

@@ -85,9 +85,7 @@ private slots:
              QStringLiteral("MP3")},
             {QStringLiteral("Otra"), QStringLiteral("\\a\\"), QStringLiteral("Boleros"),
              QStringLiteral("MP3")}};
-        QVERIFY(nubo::database::saveCatalogue(
-                    xls, {}, {records.size(), [&](qsizetype i) { return records.at(i); }})
-                    .ok);
+        QVERIFY(nubo::database::saveCatalogue(xls, {}, nubo::database::rowsOf(records)).ok);
         const QString tsv = nubo::test::writtenFile(
             dir.filePath(QStringLiteral("scan.tsv")),
             "Primera\t\\m\\\tTangos\tMP3\tD:\nSegunda\t\\m\\\tTangos\tMP3\tD:\n");
