@@ -4,6 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace nubo::catalogue {
 
@@ -69,6 +74,38 @@ void appendUtf8(char32_t c, std::string& out)
         out.push_back(char(0x80 | ((c >> 6) & 0x3F)));
         out.push_back(char(0x80 | (c & 0x3F)));
     }
+}
+
+// Whether word occurs in key. With SSE2, sixteen places are tried at once on the word's first
+// and last bytes, and only places where both agree are compared: a short word of common letters
+// ("co") would otherwise stop at nearly every byte.
+bool contains(std::string_view key, std::string_view word)
+{
+    const std::size_t n = word.size();
+    if (n > key.size())
+        return false;
+#if defined(__SSE2__)
+    if (n >= 2) {
+        const __m128i first = _mm_set1_epi8(word.front());
+        const __m128i last = _mm_set1_epi8(word.back());
+        const char* s = key.data();
+        const std::size_t starts = key.size() - n + 1;
+        std::size_t i = 0;
+        for (; i + 16 <= starts; i += 16) {
+            const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i));
+            const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i + n - 1));
+            auto both = unsigned(_mm_movemask_epi8(
+                _mm_and_si128(_mm_cmpeq_epi8(a, first), _mm_cmpeq_epi8(b, last))));
+            for (; both != 0; both &= both - 1) {
+                if (std::memcmp(s + i + unsigned(__builtin_ctz(both)) + 1, word.data() + 1,
+                                n - 2) == 0)
+                    return true;
+            }
+        }
+        return key.substr(i).find(word) != std::string_view::npos;
+    }
+#endif
+    return key.find(word) != std::string_view::npos;
 }
 
 } // namespace
@@ -141,7 +178,7 @@ FindWords::FindWords(const QString& text)
 bool FindWords::matches(std::string_view key) const
 {
     for (const std::string& word : m_words) {
-        if (key.find(word) == std::string_view::npos)
+        if (!contains(key, word))
             return false;
     }
     return true;

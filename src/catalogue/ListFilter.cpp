@@ -36,10 +36,15 @@ ListFilter::ListFilter(CatalogueList& list, QObject* parent)
             &QAbstractItemModel::headerDataChanged);
 }
 
-std::string ListFilter::keyOfSourceRow(int sourceRow) const
+const CatalogueRow& ListFilter::sourceRow(int row) const
 {
-    const CatalogueRow& row = m_list.row(m_list.positionOf(m_list.index(sourceRow, 0)));
-    return FindWords::keyOf(row.nombre, row.direccion, row.origen);
+    return m_list.row(m_list.positionOf(m_list.index(row, 0)));
+}
+
+std::string ListFilter::keyOfSourceRow(int row) const
+{
+    const CatalogueRow& r = sourceRow(row);
+    return FindWords::keyOf(r.nombre, r.direccion, r.origen);
 }
 
 void ListFilter::rebuildKeys()
@@ -47,8 +52,23 @@ void ListFilter::rebuildKeys()
     const int rows = m_list.rowCount();
     m_keys.clear();
     m_keys.reserve(std::size_t(rows));
-    for (int r = 0; r < rows; ++r)
+    m_selected.assign(std::size_t(rows), 0);
+    m_selectedCount = 0;
+    for (int r = 0; r < rows; ++r) {
         m_keys.push_back(keyOfSourceRow(r));
+        m_selected[std::size_t(r)] = sourceRow(r).selected;
+        m_selectedCount += m_selected[std::size_t(r)];
+    }
+}
+
+void ListFilter::setSelected(const QModelIndex& index, bool selected)
+{
+    const QModelIndex source = mapToSource(index);
+    if (!source.isValid() || bool(m_selected[std::size_t(source.row())]) == selected)
+        return;
+    m_selected[std::size_t(source.row())] = selected;
+    m_selectedCount += selected ? 1 : -1;
+    m_list.setSelected(m_list.positionOf(source), selected);
 }
 
 // The source rows the words match: among the given rows, or among all.
@@ -108,14 +128,19 @@ void ListFilter::showRows(std::vector<int> rows)
     announceCounts();
 }
 
+// Only the rows' copy of their flags is read here: touching 300,000 rows would cost more than
+// the find itself.
 void ListFilter::unselectHidden(const std::vector<int>& before, const std::vector<int>& after)
 {
     auto kept = after.begin();
-    for (int row : before) {
-        while (kept != after.end() && *kept < row)
+    for (auto row = before.begin(); row != before.end() && m_selectedCount > 0; ++row) {
+        while (kept != after.end() && *kept < *row)
             ++kept;
-        if (kept == after.end() || *kept != row)
-            m_list.setSelected(m_list.positionOf(m_list.index(row, 0)), false);
+        if ((kept == after.end() || *kept != *row) && m_selected[std::size_t(*row)]) {
+            m_selected[std::size_t(*row)] = 0;
+            --m_selectedCount;
+            m_list.setSelected(m_list.positionOf(m_list.index(*row, 0)), false);
+        }
     }
 }
 
@@ -129,11 +154,16 @@ void ListFilter::sourceRowsInserted(int first, int last)
 {
     const int added = last - first + 1;
     std::vector<std::string> keys;
+    std::vector<char> selected;
     keys.reserve(std::size_t(added));
-    for (int r = first; r <= last; ++r)
+    for (int r = first; r <= last; ++r) {
         keys.push_back(keyOfSourceRow(r));
+        selected.push_back(sourceRow(r).selected);
+        m_selectedCount += selected.back();
+    }
     m_keys.insert(m_keys.begin() + first, std::make_move_iterator(keys.begin()),
                   std::make_move_iterator(keys.end()));
+    m_selected.insert(m_selected.begin() + first, selected.begin(), selected.end());
     const auto at = std::lower_bound(m_shown.begin(), m_shown.end(), first);
     const int proxyFirst = int(at - m_shown.begin());
     for (auto it = at; it != m_shown.end(); ++it)
@@ -168,6 +198,9 @@ void ListFilter::sourceRowsRemoved(int first, int last)
 {
     const int removed = last - first + 1;
     m_keys.erase(m_keys.begin() + first, m_keys.begin() + last + 1);
+    m_selectedCount -=
+        int(std::count(m_selected.begin() + first, m_selected.begin() + last + 1, 1));
+    m_selected.erase(m_selected.begin() + first, m_selected.begin() + last + 1);
     for (auto it = std::lower_bound(m_shown.begin(), m_shown.end(), first); it != m_shown.end();
          ++it)
         *it -= removed;

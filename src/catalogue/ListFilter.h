@@ -4,8 +4,8 @@
 // in the list's order. It is a view over CatalogueList, never a change to it: the rows, their
 // order and the saved file stay as they are. Sorting the list reorders the shown rows too.
 //
-// A row the filter hides is no longer selected, so deleting, playing and enqueueing selected
-// rows work on rows in sight only.
+// Selection goes through the filter (setSelected), and a row the filter hides is no longer
+// selected, so deleting, playing and enqueueing selected rows work on rows in sight only.
 //
 // Each row's folded key (FindWords::keyOf) is kept in step with the list's inserts, removals,
 // edits and sorts, and a find that narrows the previous one tests only the rows shown.
@@ -33,6 +33,9 @@ public:
     int shownCount() const { return int(m_shown.size()); }
     int totalCount() const { return int(m_keys.size()); }
 
+    // Marks the row a view index shows as selected or not (CatalogueRow::selected).
+    void setSelected(const QModelIndex& index, bool selected);
+
     // View index <-> the list's position (see CatalogueList).
     int positionOf(const QModelIndex& index) const;
     QModelIndex indexAt(int position, Column column = Column::Nombre) const;
@@ -53,7 +56,8 @@ signals:
     void countsChanged(int shown, int total);
 
 private:
-    std::string keyOfSourceRow(int sourceRow) const;
+    const CatalogueRow& sourceRow(int row) const;
+    std::string keyOfSourceRow(int row) const;
     void rebuildKeys();
     std::vector<int> matchingRows(const std::vector<int>* among) const;
     void showRows(std::vector<int> rows);
@@ -72,7 +76,9 @@ private:
     QString m_text;
     FindWords m_words;
     std::vector<std::string> m_keys; // one per source row
-    std::vector<int> m_shown;        // the source rows shown, ascending
+    std::vector<char> m_selected;    // one per source row: the row's selected flag
+    int m_selectedCount = 0;
+    std::vector<int> m_shown; // the source rows shown, ascending
     // Across a source layout change: the persistent indexes and the source rows they showed.
     QModelIndexList m_layoutBefore;
     QList<QPersistentModelIndex> m_layoutSources;

@@ -263,13 +263,12 @@ void Form1::forgetDetails()
 
 void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)
 {
-    CatalogueList& list = m_catalogue.list();
-    auto mark = [&](const QItemSelection& ranges, bool on) {
+    auto mark = [this](const QItemSelection& ranges, bool on) {
         for (const QItemSelectionRange& range : ranges) {
             if (!range.isValid())
                 continue;
             for (int row = range.top(); row <= range.bottom(); ++row)
-                list.setSelected(m_filter->positionOf(m_filter->index(row, 0)), on);
+                m_filter->setSelected(m_filter->index(row, 0), on);
         }
     };
     mark(deselected, false);
