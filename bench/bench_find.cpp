@@ -55,10 +55,12 @@ void benchFilter(int rows)
         list.appendAtBottom({r.nombre, r.direccion, r.origen, r.formato, QStringLiteral("NN")});
     }
     list.flush();
+    catalogue::ListFilter filter(list);
     QElapsedTimer timer;
     timer.start();
-    catalogue::ListFilter filter(list);
-    std::printf("list find: %d rows, keys folded in %.1f ms\n", rows, timer.nsecsElapsed() / 1e6);
+    filter.prepare(); // as the find bar opens
+    std::printf("list find: %d rows, keys folded in %.1f ms as the bar opens\n", rows,
+                timer.nsecsElapsed() / 1e6);
     const QString typed = QStringLiteral("corazon de luna 4");
     double worst = 0;
     for (qsizetype n = 1; n <= typed.size(); ++n) {

@@ -11,7 +11,7 @@ ListFilter::ListFilter(CatalogueList& list, QObject* parent)
     : QAbstractProxyModel(parent), m_list(list)
 {
     QAbstractProxyModel::setSourceModel(&list);
-    rebuildKeys();
+    rebuildCopies();
     m_shown = matchingRows(nullptr);
     connect(&list, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) { sourceRowsInserted(first, last); });
@@ -47,18 +47,45 @@ std::string ListFilter::keyOfSourceRow(int row) const
     return FindWords::keyOf(r.nombre, r.direccion, r.origen);
 }
 
-void ListFilter::rebuildKeys()
+// The filter's copies of the rows' keys and selected flags, made again from the list.
+void ListFilter::rebuildCopies()
 {
     const int rows = m_list.rowCount();
     m_keys.clear();
-    m_keys.reserve(std::size_t(rows));
     m_selected.assign(std::size_t(rows), 0);
     m_selectedCount = 0;
+    if (m_keysReady)
+        m_keys.reserve(std::size_t(rows));
     for (int r = 0; r < rows; ++r) {
-        m_keys.push_back(keyOfSourceRow(r));
+        if (m_keysReady)
+            m_keys.push_back(keyOfSourceRow(r));
         m_selected[std::size_t(r)] = sourceRow(r).selected;
         m_selectedCount += m_selected[std::size_t(r)];
     }
+}
+
+void ListFilter::prepare()
+{
+    if (m_keysReady)
+        return;
+    m_keysReady = true;
+    rebuildCopies();
+}
+
+void ListFilter::insertCopies(int first, int last)
+{
+    std::vector<std::string> keys;
+    std::vector<char> selected;
+    for (int r = first; r <= last; ++r) {
+        if (m_keysReady)
+            keys.push_back(keyOfSourceRow(r));
+        selected.push_back(sourceRow(r).selected);
+        m_selectedCount += selected.back();
+    }
+    if (m_keysReady)
+        m_keys.insert(m_keys.begin() + first, std::make_move_iterator(keys.begin()),
+                      std::make_move_iterator(keys.end()));
+    m_selected.insert(m_selected.begin() + first, selected.begin(), selected.end());
 }
 
 void ListFilter::setSelected(const QModelIndex& index, bool selected)
@@ -76,7 +103,7 @@ std::vector<int> ListFilter::matchingRows(const std::vector<int>* among) const
 {
     std::vector<int> rows;
     if (m_words.isEmpty()) {
-        rows.resize(m_keys.size());
+        rows.resize(m_selected.size());
         std::iota(rows.begin(), rows.end(), 0);
         return rows;
     }
@@ -100,6 +127,8 @@ void ListFilter::setFindText(const QString& text)
     FindWords words(text);
     if (words == m_words)
         return;
+    if (!words.isEmpty())
+        prepare();
     const bool narrowing = words.narrows(m_words);
     m_words = std::move(words);
     showRows(matchingRows(narrowing ? &m_shown : nullptr));
@@ -153,24 +182,14 @@ int ListFilter::proxyRowOf(int sourceRow) const
 void ListFilter::sourceRowsInserted(int first, int last)
 {
     const int added = last - first + 1;
-    std::vector<std::string> keys;
-    std::vector<char> selected;
-    keys.reserve(std::size_t(added));
-    for (int r = first; r <= last; ++r) {
-        keys.push_back(keyOfSourceRow(r));
-        selected.push_back(sourceRow(r).selected);
-        m_selectedCount += selected.back();
-    }
-    m_keys.insert(m_keys.begin() + first, std::make_move_iterator(keys.begin()),
-                  std::make_move_iterator(keys.end()));
-    m_selected.insert(m_selected.begin() + first, selected.begin(), selected.end());
+    insertCopies(first, last);
     const auto at = std::lower_bound(m_shown.begin(), m_shown.end(), first);
     const int proxyFirst = int(at - m_shown.begin());
     for (auto it = at; it != m_shown.end(); ++it)
         *it += added;
     std::vector<int> shown;
     for (int r = first; r <= last; ++r) {
-        if (m_words.matches(m_keys[std::size_t(r)]))
+        if (m_words.isEmpty() || m_words.matches(m_keys[std::size_t(r)]))
             shown.push_back(r);
     }
     if (!shown.empty()) {
@@ -197,7 +216,8 @@ void ListFilter::sourceRowsAboutToBeRemoved(int first, int last)
 void ListFilter::sourceRowsRemoved(int first, int last)
 {
     const int removed = last - first + 1;
-    m_keys.erase(m_keys.begin() + first, m_keys.begin() + last + 1);
+    if (m_keysReady)
+        m_keys.erase(m_keys.begin() + first, m_keys.begin() + last + 1);
     m_selectedCount -=
         int(std::count(m_selected.begin() + first, m_selected.begin() + last + 1, 1));
     m_selected.erase(m_selected.begin() + first, m_selected.begin() + last + 1);
@@ -215,7 +235,8 @@ void ListFilter::sourceDataChanged(const QModelIndex& topLeft, const QModelIndex
     int firstShown = -1;
     int lastShown = -1;
     for (int r = topLeft.row(); r <= bottomRight.row(); ++r) {
-        m_keys[std::size_t(r)] = keyOfSourceRow(r);
+        if (m_keysReady)
+            m_keys[std::size_t(r)] = keyOfSourceRow(r);
         if (const int row = proxyRowOf(r); row >= 0) {
             firstShown = firstShown < 0 ? row : firstShown;
             lastShown = row;
@@ -228,7 +249,7 @@ void ListFilter::sourceDataChanged(const QModelIndex& topLeft, const QModelIndex
 
 void ListFilter::sourceLayoutChanged()
 {
-    rebuildKeys();
+    rebuildCopies();
     m_shown = matchingRows(nullptr);
     QModelIndexList after;
     after.reserve(m_layoutBefore.size());
@@ -242,7 +263,7 @@ void ListFilter::sourceLayoutChanged()
 
 void ListFilter::sourceReset()
 {
-    rebuildKeys();
+    rebuildCopies();
     m_shown = matchingRows(nullptr);
     endResetModel();
     announceCounts();

@@ -45,6 +45,7 @@ QString FindBar::countText(int shown, int total)
 
 void FindBar::open()
 {
+    m_filter.prepare();
     lblBuscarCuenta->setText(countText(m_filter.shownCount(), m_filter.totalCount()));
     show();
     txtBuscarLista->setFocus();
