@@ -33,7 +33,7 @@ FindBar::FindBar(ListFilter& filter, QWidget* parent) : QWidget(parent), m_filte
     connect(txtBuscarLista, &QLineEdit::textChanged, &m_filter, &ListFilter::setFindText);
     connect(&m_filter, &ListFilter::countsChanged, this,
             [this](int shown, int total) { lblBuscarCuenta->setText(countText(shown, total)); });
-    connect(cmdCerrarBuscar, &QToolButton::clicked, this, &FindBar::close);
+    connect(cmdCerrarBuscar, &QToolButton::clicked, this, &FindBar::closeAndShowAll);
     lblBuscarCuenta->setText(countText(m_filter.shownCount(), m_filter.totalCount()));
     hide();
 }
@@ -52,7 +52,7 @@ void FindBar::open()
     txtBuscarLista->selectAll();
 }
 
-void FindBar::close()
+void FindBar::closeAndShowAll()
 {
     txtBuscarLista->clear();
     hide();
@@ -63,7 +63,7 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == txtBuscarLista && event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        close();
+        closeAndShowAll();
         return true;
     }
     return QWidget::eventFilter(watched, event);

@@ -20,8 +20,8 @@ public:
 
     // Shows the bar with the focus in its field, the text there selected.
     void open();
-    // Empties the field and hides the bar.
-    void close();
+    // Empties the field, so every row shows again, and hides the bar.
+    void closeAndShowAll();
 
     static QString countText(int shown, int total);
 
