@@ -27,7 +27,7 @@ public:
     TransferOutcome LoadByExtension(const QString& path);
     // What "&Desde Archivo" does with the chosen file (its rows are appended, and once it has
     // been read it becomes the current file); also for a file named when the program starts,
-    // which is refused with a message unless it is a workbook or a database.
+    // which is refused with a message unless it is a workbook or a database. Says how it ended.
     TransferOutcome openFile(const QString& path);
 
     // ICatalogueSaveFlow
