@@ -5,6 +5,8 @@
 #include "database/WorkbookReader.h"
 #include "database/WorkbookWriter.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 namespace nubo::database {
@@ -51,6 +53,28 @@ bool goOn(const LoadHooks& hooks, qsizetype index, LoadOutcome& outcome)
 {
     outcome.stopped = hooks.beforeRow && !hooks.beforeRow(index);
     return !outcome.stopped;
+}
+
+// A scan TSV field with its escapes undone.
+QString unescaped(QStringView field)
+{
+    if (!field.contains(QLatin1Char('\\')))
+        return field.toString();
+    QString out;
+    out.reserve(field.size());
+    for (qsizetype i = 0; i < field.size(); ++i) {
+        const QChar c = field[i];
+        if (c != QLatin1Char('\\') || i + 1 == field.size()) {
+            out += c;
+            continue;
+        }
+        const QChar next = field[++i];
+        out += next == QLatin1Char('t')   ? QChar(u'\t')
+               : next == QLatin1Char('n') ? QChar(u'\n')
+               : next == QLatin1Char('r') ? QChar(u'\r')
+                                          : next;
+    }
+    return out;
 }
 
 } // namespace
@@ -178,6 +202,40 @@ LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks)
         return loadFailed(QStringLiteral("%1 no termina en .xls ni en .mdb.").arg(path));
     return *format == CatalogueFormat::Workbook ? readWorkbook(path, hooks)
                                                 : readDatabase(path, hooks);
+}
+
+LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return loadFailed(file.errorString());
+    const QString text = QString::fromUtf8(file.readAll());
+    LoadOutcome outcome;
+    outcome.ok = true;
+    outcome.name = QFileInfo(path).completeBaseName();
+    const auto lines = QStringView(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (hooks.opened)
+        hooks.opened(outcome.name, lines.size());
+    for (QStringView line : lines) {
+        if (line.endsWith(QLatin1Char('\r')))
+            line.chop(1);
+        if (line.isEmpty())
+            continue;
+        if (!goOn(hooks, outcome.added, outcome))
+            break;
+        const auto fields = line.split(QLatin1Char('\t'));
+        CatalogueRecord record;
+        for (int f = 0; f < 4 && f < fields.size(); ++f)
+            record.field(f) = unescaped(fields[f]);
+        hooks.row(std::move(record));
+        ++outcome.added;
+    }
+    return outcome;
+}
+
+LoadOutcome readAnyCatalogue(const QString& path, const LoadHooks& hooks)
+{
+    return catalogueFormatOf(path) ? readCatalogue(path, hooks) : readScanTsv(path, hooks);
 }
 
 std::optional<LoadedCatalogue> loadCatalogue(const QString& path, QString* error)

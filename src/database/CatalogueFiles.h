@@ -98,6 +98,11 @@ struct LoadOutcome
 LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks);
 LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks);
 LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks);
+// The rows "nubo-cli scan" prints (NOMBRE, DIRECCION, ORIGEN, FORMATO and UNIDAD, tab-separated
+// and backslash-escaped), in file order; blank lines are skipped. The name is the file's.
+LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks);
+// A workbook or a database by its extension, any other file as a scan TSV.
+LoadOutcome readAnyCatalogue(const QString& path, const LoadHooks& hooks);
 
 // A whole catalogue file read at once.
 struct LoadedCatalogue

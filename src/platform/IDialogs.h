@@ -3,6 +3,7 @@
 #include "platform/FontChoice.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -27,8 +28,9 @@ public:
     // A chosen file name, or an empty text when the user cancels.
     virtual QString saveFileName(const QString& title, const QString& filter,
                                  const QString& startPath) = 0;
-    virtual QString openFileName(const QString& title, const QString& filter,
-                                 const QString& startPath) = 0;
+    // The chosen files (one or several), or an empty list when the user cancels.
+    virtual QStringList openFileNames(const QString& title, const QString& filter,
+                                      const QString& startPath) = 0;
     // The colour dialog opened on initial (0xRRGGBB): the chosen colour, or nothing when the
     // user cancels.
     virtual std::optional<quint32> chooseColor(quint32 initial) = 0;

@@ -2,6 +2,7 @@
 
 #include "catalogue/DropHandler.h"
 #include "catalogue/ISearchLauncher.h"
+#include "catalogue/ListFilter.h"
 #include "catalogue/RowDetails.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/Form1.h"
@@ -66,13 +67,16 @@ struct Form1Fixture : OpenerFixture
     QAction* action(const char* name) { return control<QAction>(name); }
     QLabel* label(const char* name) { return control<QLabel>(name); }
 
-    // The centre of the row at position in the list's viewport, once the view knows it.
-    QPoint rowPoint(int position, int column = 0)
+    // The view's index of the row at position, once the view knows it.
+    QModelIndex viewIndex(int position, int column = 0)
     {
         catalogue.list().flush();
-        return view()
-            ->visualRect(
-                catalogue.list().indexAt(position, static_cast<nubo::catalogue::Column>(column)))
-            .center();
+        const auto* shown = static_cast<const nubo::catalogue::ListFilter*>(view()->model());
+        return shown->indexAt(position, static_cast<nubo::catalogue::Column>(column));
+    }
+    // The centre of the row at position in the list's viewport.
+    QPoint rowPoint(int position, int column = 0)
+    {
+        return view()->visualRect(viewIndex(position, column)).center();
     }
 };

@@ -351,8 +351,7 @@ private slots:
         f.add(writeTagged(f, QStringLiteral("b.mp3"), {}, "Luis"));
         f.add(writeTagged(f, QStringLiteral("c.mp3"), "Otra", "Eva"));
         const auto pointAt = [&f](int position) {
-            f.catalogue.list().flush();
-            emit f.view()->pointerOverRow(f.catalogue.list().indexAt(position));
+            emit f.view()->pointerOverRow(f.viewIndex(position));
         };
         pointAt(2);
         QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola") + QChar(0)));
@@ -372,7 +371,7 @@ private slots:
         pointAt(0);
         QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
 
-        f.view()->setCurrentIndex(f.catalogue.list().indexAt(0));
+        f.view()->setCurrentIndex(f.viewIndex(0));
         QTest::keyClick(f.view(),
                         Qt::Key_Down); // shows the focused b.mp3
         QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));

@@ -5,6 +5,8 @@
 
 #include "core/cli/Cli.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -57,6 +59,55 @@ private slots:
         const Run missing = run({"show", "/nonexistent/a.xls"});
         QCOMPARE(missing.status, 2);
         QVERIFY(missing.out.isEmpty() && !missing.err.isEmpty());
+    }
+
+    // "find" over files and a folder: the rows every word matches, without regard to case or
+    // accents; an unreadable catalogue among them is named and the others are still searched.
+    void findsRowsAcrossCatalogues_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("out");
+        const QString a = QStringLiteral("a.xls\tCanción\t/m/\tRock\tMP3\n");
+        const QString b = QStringLiteral("sub/b.mdb\tPista\t/c/\tCANCIONES\tWAV\n");
+        const QString c = QStringLiteral("c.tsv\tcanción\tx t/\\\tTsv\tOGG\n");
+        QTest::newRow("files") << QStringList{"CANCION", "a.xls", "sub/b.mdb"} << 0 << a + b;
+        QTest::newRow("words in two fields") << QStringList{"pista cancion", "sub"} << 0 << b;
+        QTest::newRow("scan tsv, escapes undone") << QStringList{"T/", "c.tsv"} << 0 << c;
+        QTest::newRow("folder, one file unreadable")
+            << QStringList{"canci", "."} << 2 << "./" + a + "./" + c + "./" + b;
+        QTest::newRow("counts") << QStringList{"--count", "rock", "a.xls", "c.tsv"} << 0
+                                << QStringLiteral("a.xls\t1\nc.tsv\t0\n");
+        QTest::newRow("none") << QStringList{"blues", "a.xls"} << 1 << QString();
+        QTest::newRow("missing file") << QStringList{"x", "nada.mdb", "a.xls"} << 2 << QString();
+        QTest::newRow("usage") << QStringList{"x"} << 1 << QString();
+    }
+    void findsRowsAcrossCatalogues()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, status);
+        QFETCH(QString, out);
+        QTemporaryDir dir;
+        QVERIFY(QDir::setCurrent(dir.path()));
+        QDir().mkdir(QStringLiteral("sub"));
+        QVERIFY(saveCatalogue(
+                    "a.xls", {},
+                    rowsOf({{"Canción", "/m/", "Rock", "MP3"}, {"Otra", "/m/", "Jazz", "MP3"}}))
+                    .ok);
+        QVERIFY(saveCatalogue("sub/b.mdb", {}, rowsOf({{"Pista", "/c/", "CANCIONES", "WAV"}})).ok);
+        QFile tsv(QStringLiteral("c.tsv"));
+        QVERIFY(tsv.open(QIODevice::WriteOnly));
+        tsv.write("canci\xc3\xb3n\tx\\tt/\\\\\tTsv\tOGG\tC:\r\n\n");
+        tsv.close();
+        QFile whole(QStringLiteral("a.xls"));
+        QFile bad(QStringLiteral("bad.xls")); // a workbook cut short
+        QVERIFY(whole.open(QIODevice::ReadOnly) && bad.open(QIODevice::WriteOnly));
+        bad.write(whole.read(whole.size() / 2));
+        bad.close();
+        const Run found = run(QStringList{"find"} + args);
+        QCOMPARE(found.status, status);
+        QCOMPARE(found.out, out);
+        QCOMPARE(found.err.isEmpty(), status != 2 && args.size() > 1); // only failures speak
     }
 };
 

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -149,6 +150,45 @@ private slots:
                                                             "datos."));
         QVERIFY(f.action("guardarb")->isEnabled() &&
                 f.control<QPushButton>("Command6")->isEnabled());
+    }
+
+    // Three files chosen at once, the middle one unreadable: it is reported, the others load
+    // in turn and the last one read becomes the current file. Saving while a find hides rows
+    // still writes every row, in the list's order.
+    void severalFilesLoadInTurnAndAFindSavesEveryRow()
+    {
+        Form1Fixture f;
+        core::ActivityLog log{f.app, [] { return false; }};
+        database::SheetSettings sheet;
+        database::ListWindowFileView view{f.form};
+        database::CatalogueFileFlow flow{{f.catalogue, view, f.dialogs, log, f.options, sheet}};
+        const QString first = f.dir.filePath(QStringLiteral("a.xls"));
+        const QString bad = f.dir.filePath(QStringLiteral("b.xls"));
+        const QString last = f.dir.filePath(QStringLiteral("c.mdb"));
+        const QList<database::CatalogueRecord> rows = {{"Canción", "/a/", "Uno", "MP3"},
+                                                       {"Otra", "/b/", "Dos", "WAV"}};
+        QVERIFY(database::saveCatalogue(first, {}, database::rowsOf(rows.mid(0, 1))).ok);
+        QVERIFY(test::writeFile(bad, test::fileBytes(first).left(1000))); // cut short
+        QVERIFY(database::saveCatalogue(last, {}, database::rowsOf(rows.mid(1))).ok);
+        f.dialogs.fileAnswers.enqueue(first + u'\n' + bad + u'\n' + last);
+        flow.loadFromFile();
+        QCOMPARE(f.catalogue.list().count(), 2);
+        QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("Canción"));
+        QCOMPARE(f.catalogue.list().row(1).nombre, QStringLiteral("Otra"));
+        QCOMPARE(f.dialogs.asked.size(), 2); // the open dialog, then the unreadable file
+        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Error al leer archivo"));
+        QCOMPARE(f.catalogue.currentFile(), last);
+
+        f.catalogue.list().flush();
+        QTest::keyClick(&f.form, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(f.control<QLineEdit>("txtBuscarLista"), QStringLiteral("dos"));
+        QCOMPARE(f.view()->model()->rowCount(), 1);
+        const QString saved = f.dir.filePath(QStringLiteral("d.xls"));
+        QCOMPARE(flow.SaveByExtension(saved), database::TransferOutcome::Done);
+        QString error;
+        const auto stored = database::loadCatalogue(saved, &error);
+        QVERIFY2(stored, qPrintable(error));
+        QCOMPARE(stored->rows, rows);
     }
 };
 

@@ -2,6 +2,8 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"
+#include "catalogue/ListFilter.h"
+#include "catalogue/ui/FindBar.h"
 #include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
 
@@ -44,13 +46,15 @@ Form1::Form1(const Form1Services& services, QWidget* parent)
     connectList();
     loadPictures();
     installKeyPreview();
+    createFindBar();
     resize(780, 420);
 }
 
 void Form1::createControls()
 {
     ListView1 = platform::namedChild<CatalogueView>(this, "ListView1");
-    ListView1->setModel(&m_catalogue.list());
+    m_filter = new ListFilter(m_catalogue.list(), this);
+    ListView1->setModel(m_filter);
     Command7 = platform::namedChild<QPushButton>(this, "Command7",
                                                  QStringLiteral("&Agregar mas Archivos"));
     Command6 = platform::namedChild<QPushButton>(this, "Command6", QStringLiteral("&Vaciar LISTA"));
@@ -238,6 +242,14 @@ void Form1::resizeEvent(QResizeEvent* event)
     fitBackground();
 }
 
+// Made after the key preview: the find field keeps its editing keys (Ctrl+V pastes there),
+// and the window's keys reach the window once the field has passed them on.
+void Form1::createFindBar()
+{
+    m_findBar = new FindBar(*m_filter, this);
+    layout()->addWidget(m_findBar);
+}
+
 void Form1::setSearchLauncher(ISearchLauncher* launcher)
 {
     m_search = launcher;
@@ -256,7 +268,7 @@ void Form1::restoreColumns()
 int Form1::focusedPosition() const
 {
     m_catalogue.list().flush();
-    return m_catalogue.list().positionOf(ListView1->currentIndex());
+    return m_filter->positionOf(ListView1->currentIndex());
 }
 
 void Form1::setMessageColour(quint32 rgb)

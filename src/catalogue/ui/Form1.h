@@ -32,6 +32,8 @@ namespace nubo::catalogue {
 class Catalogue;
 class DropHandler;
 class EntryOpener;
+class FindBar;
+class ListFilter;
 class ISearchLauncher;
 class RowDetails;
 
@@ -143,6 +145,8 @@ private:
     QAction* Funcional = nullptr;
     QAction* Edit = nullptr;
     QAction* Mover = nullptr;
+    ListFilter* m_filter = nullptr; // the rows the list shows
+    FindBar* m_findBar = nullptr;
 
     void fitBackground();
     QPixmap m_background;
@@ -158,6 +162,7 @@ private:
     void connectList();
     void loadPictures();
     void installKeyPreview();
+    void createFindBar();
 
     bool handleWindowKey(int key, Qt::KeyboardModifiers modifiers);
     bool handleControlKey(int key);

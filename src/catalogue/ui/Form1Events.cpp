@@ -2,6 +2,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/ISearchLauncher.h"
+#include "catalogue/ListFilter.h"
 #include "catalogue/RowDetails.h"
 #include "catalogue/ui/Form1.h"
 #include "core/Options.h"
@@ -158,7 +159,7 @@ void Form1::applyMode(ListMode mode)
 
 void Form1::editFocusedName()
 {
-    const QModelIndex index = m_catalogue.list().indexAt(focusedPosition(), Column::Nombre);
+    const QModelIndex index = m_filter->indexAt(focusedPosition(), Column::Nombre);
     if (!index.isValid())
         return;
     ListView1->setCurrentIndex(index);
@@ -262,13 +263,12 @@ void Form1::forgetDetails()
 
 void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)
 {
-    CatalogueList& list = m_catalogue.list();
-    auto mark = [&list](const QItemSelection& ranges, bool on) {
+    auto mark = [this](const QItemSelection& ranges, bool on) {
         for (const QItemSelectionRange& range : ranges) {
             if (!range.isValid())
                 continue;
             for (int row = range.top(); row <= range.bottom(); ++row)
-                list.setSelected(list.positionOf(list.index(row, 0)), on);
+                m_filter->setSelected(m_filter->index(row, 0), on);
         }
     };
     mark(deselected, false);

@@ -3,6 +3,8 @@
 #include "catalogue/DropHandler.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/ISearchLauncher.h"
+#include "catalogue/ListFilter.h"
+#include "catalogue/ui/FindBar.h"
 #include "catalogue/ui/Form1.h"
 
 #include <QActionGroup>
@@ -70,6 +72,9 @@ void Form1::createListMenu()
     item(list, "mnuImprimirTapa", QStringLiteral("&Imprimir tapa..."), this,
          &Form1::printCoverRequested)
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    item(list, "mnuBuscarLista", QStringLiteral("&Buscar en la lista..."), this, [this] {
+        m_findBar->open();
+    })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     m_listCommands.append(
         item(list, "vaciarl", QStringLiteral("&Vaciar"), &m_catalogue, &Catalogue::EmptyList));
     list->addSeparator();
@@ -173,11 +178,10 @@ void Form1::connectList()
             &Catalogue::DeleteSelectedRows);
     connect(ListView1, &CatalogueView::arrowReleased, this,
             [this] { showDetailsIfOn(focusedPosition()); });
-    connect(ListView1, &CatalogueView::clicked, this, [this](const QModelIndex& index) {
-        showDetailsIfOn(m_catalogue.list().positionOf(index));
-    });
+    connect(ListView1, &CatalogueView::clicked, this,
+            [this](const QModelIndex& index) { showDetailsIfOn(m_filter->positionOf(index)); });
     connect(ListView1, &CatalogueView::pointerOverRow, this, [this](const QModelIndex& index) {
-        const int position = m_catalogue.list().positionOf(index);
+        const int position = m_filter->positionOf(index);
         // Details are read again only when the pointer reaches another row.
         if (position >= 0 && position != m_lastPointerRow) {
             m_lastPointerRow = position;
@@ -190,10 +194,10 @@ void Form1::connectList()
             &Form1::syncSelection);
     // Once rows move or go, the row under the pointer is another one.
     const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };
-    connect(&m_catalogue.list(), &QAbstractItemModel::layoutChanged, this, forgetPointerRow);
-    connect(&m_catalogue.list(), &QAbstractItemModel::rowsInserted, this, forgetPointerRow);
-    connect(&m_catalogue.list(), &QAbstractItemModel::rowsRemoved, this, forgetPointerRow);
-    connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, forgetPointerRow);
+    connect(m_filter, &QAbstractItemModel::layoutChanged, this, forgetPointerRow);
+    connect(m_filter, &QAbstractItemModel::rowsInserted, this, forgetPointerRow);
+    connect(m_filter, &QAbstractItemModel::rowsRemoved, this, forgetPointerRow);
+    connect(m_filter, &QAbstractItemModel::modelReset, this, forgetPointerRow);
     applyMode(ListMode::Funcional);
 }
 

@@ -1,6 +1,7 @@
 #include "database/cli/DatabaseCommands.h"
 
 #include "database/CatalogueFiles.h"
+#include "database/cli/FindCommand.h"
 
 namespace nubo::database::cli {
 namespace {
@@ -91,6 +92,7 @@ QList<nubo::cli::CliCommand> databaseCommands()
         {QStringLiteral("convert"), QStringLiteral("convert ENTRADA SALIDA"),
          QStringLiteral("carga un catálogo y lo guarda en el formato de la extensión de SALIDA"),
          convert},
+        findCommand(),
     };
 }
 

@@ -4,7 +4,7 @@
 
 namespace nubo::database::cli {
 
-// nubo-cli's catalogue-file commands: "show" and "convert".
+// nubo-cli's catalogue-file commands: "show", "convert" and "find".
 QList<nubo::cli::CliCommand> databaseCommands();
 
 } // namespace nubo::database::cli

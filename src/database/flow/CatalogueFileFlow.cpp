@@ -51,16 +51,18 @@ QString CatalogueFileFlow::withKnownExtension(const QString& chosen) const
     return chosen + QStringLiteral(".mdb");
 }
 
-QString CatalogueFileFlow::AskOpenFile()
+QStringList CatalogueFileFlow::AskOpenFiles()
 {
-    const QString chosen = m_dialogs.openFileName(
+    QStringList chosen = m_dialogs.openFileNames(
         QStringLiteral("Seleccione la base de datos a abrir"), openFilter(), QString());
     if (chosen.isEmpty()) {
         m_catalogue.ShowInfoMessage(QStringLiteral("No se abrira ninguna base de datos"),
                                     kStatusDelayMs, kStatusColour);
         return {};
     }
-    return withKnownExtension(chosen);
+    for (QString& path : chosen)
+        path = withKnownExtension(path);
+    return chosen;
 }
 
 // The save dialog without the cancel text: the chosen name with a known extension, or empty.
@@ -124,23 +126,28 @@ void CatalogueFileFlow::saveAs()
     askAndSave(current.isEmpty() ? QStringLiteral("c:\\") : current);
 }
 
+// Several files are loaded one after another, each as if chosen alone: one that cannot be
+// read is reported and the next one is loaded; Escape during a load stops the rest too.
 void CatalogueFileFlow::loadFromFile()
 {
-    const QString path = AskOpenFile();
-    if (!path.isEmpty())
-        openFile(path);
+    for (const QString& path : AskOpenFiles()) {
+        if (openFile(path) == TransferOutcome::Cancelled)
+            break;
+    }
 }
 
 // A file that could not be read leaves the current file as it was, so "&Guardar" never
 // replaces a file the readers refused.
-void CatalogueFileFlow::openFile(const QString& path)
+TransferOutcome CatalogueFileFlow::openFile(const QString& path)
 {
     if (!catalogueFormatOf(path)) {
         refuseUnknownFile(path);
-        return;
+        return TransferOutcome::Failed;
     }
-    if (LoadByExtension(path) != TransferOutcome::Failed)
+    const TransferOutcome outcome = LoadByExtension(path);
+    if (outcome != TransferOutcome::Failed)
         m_catalogue.setCurrentFile(path);
+    return outcome;
 }
 
 // A file handed over at start (or by a later start) that is neither a workbook nor a database.

@@ -20,15 +20,15 @@ public:
     void saveAs();
     void loadFromFile();
 
-    QString AskOpenFile();
+    QStringList AskOpenFiles();
     QString AskSaveFile(const QString& title, const QString& startFolder);
     // A path of neither form reaches no writer or reader: Failed, and nothing is said.
     TransferOutcome SaveByExtension(const QString& path);
     TransferOutcome LoadByExtension(const QString& path);
     // What "&Desde Archivo" does with the chosen file (its rows are appended, and once it has
     // been read it becomes the current file); also for a file named when the program starts,
-    // which is refused with a message unless it is a workbook or a database.
-    void openFile(const QString& path);
+    // which is refused with a message unless it is a workbook or a database. Says how it ended.
+    TransferOutcome openFile(const QString& path);
 
     // ICatalogueSaveFlow
     bool saveToCurrentFile(const QString& currentFile) override;

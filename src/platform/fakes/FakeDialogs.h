@@ -55,12 +55,14 @@ public:
         fileStartPaths.append(startPath);
         return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
     }
-    QString openFileName(const QString& title, const QString& filter,
-                         const QString& startPath) override
+    // Several files chosen at once are one answer, their names separated by line breaks.
+    QStringList openFileNames(const QString& title, const QString& filter,
+                              const QString& startPath) override
     {
         asked.append({QStringLiteral("open"), filter, title});
         fileStartPaths.append(startPath);
-        return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue();
+        return fileAnswers.isEmpty() ? QStringList()
+                                     : fileAnswers.dequeue().split(u'\n', Qt::SkipEmptyParts);
     }
     std::optional<quint32> chooseColor(quint32 initial) override
     {

@@ -95,29 +95,29 @@ std::optional<QString> QtDialogs::inputBox(const QString& prompt, const QString&
 QString QtDialogs::saveFileName(const QString& title, const QString& filter,
                                 const QString& startPath)
 {
-    return askFileName(title, filter, startPath, QFileDialog::AcceptSave);
+    return askFileNames(title, filter, startPath, QFileDialog::AcceptSave).value(0);
 }
 
-QString QtDialogs::openFileName(const QString& title, const QString& filter,
-                                const QString& startPath)
+QStringList QtDialogs::openFileNames(const QString& title, const QString& filter,
+                                     const QString& startPath)
 {
-    return askFileName(title, filter, startPath, QFileDialog::AcceptOpen);
+    return askFileNames(title, filter, startPath, QFileDialog::AcceptOpen);
 }
 
 // The filter's patterns stay out of sight, as the descriptions already name them.
-QString QtDialogs::askFileName(const QString& title, const QString& filter,
-                               const QString& startPath, int mode)
+QStringList QtDialogs::askFileNames(const QString& title, const QString& filter,
+                                    const QString& startPath, int mode)
 {
     QFileDialog dialog(owner(), title, dialogStartPath(startPath, m_lastFolder, QDir::homePath()),
                        qtNameFilters(filter));
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setAcceptMode(static_cast<QFileDialog::AcceptMode>(mode));
-    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFiles
                                                        : QFileDialog::AnyFile);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    const QString chosen = dialog.selectedFiles().constFirst();
-    m_lastFolder = QFileInfo(chosen).absolutePath();
+    const QStringList chosen = dialog.selectedFiles();
+    m_lastFolder = QFileInfo(chosen.constFirst()).absolutePath();
     return chosen;
 }
 

@@ -20,14 +20,14 @@ public:
                                     const QString& defaultText) override;
     QString saveFileName(const QString& title, const QString& filter,
                          const QString& startPath) override;
-    QString openFileName(const QString& title, const QString& filter,
-                         const QString& startPath) override;
+    QStringList openFileNames(const QString& title, const QString& filter,
+                              const QString& startPath) override;
     std::optional<quint32> chooseColor(quint32 initial) override;
     std::optional<FontChoice> chooseFont(const FontChoice& initial) override;
 
 private:
-    QString askFileName(const QString& title, const QString& filter, const QString& startPath,
-                        int mode);
+    QStringList askFileNames(const QString& title, const QString& filter, const QString& startPath,
+                             int mode);
     QWidget* owner();
 
     QPointer<QWidget> m_parent;

@@ -4,7 +4,6 @@
 #include "print/CoverQuestion.h"
 #include "print/paint/CoverPainter.h"
 
-#include <QFile>
 #include <QGuiApplication>
 
 #include <cstring>
@@ -50,35 +49,17 @@ std::variant<CoverArguments, int> parse(const QStringList& args, CliIo& io)
     return parsed;
 }
 
-// The rows of a scan TSV: NOMBRE, DIRECCION, ORIGEN, FORMATO, UNIDAD on each line.
-std::optional<QList<CoverRow>> readTsv(const QString& path, QString* error)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = file.errorString();
-        return std::nullopt;
-    }
-    QList<CoverRow> rows;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        const QString text = QString::fromUtf8(line).remove(QLatin1Char('\r'));
-        if (text.isEmpty())
-            continue;
-        const QStringList fields = text.split(QLatin1Char('\t'));
-        rows.append({fields.at(0), fields.value(2)});
-    }
-    return rows;
-}
-
 std::optional<QList<CoverRow>> readRows(const QString& path, QString* error)
 {
-    if (!database::catalogueFormatOf(path))
-        return readTsv(path, error);
-    const auto loaded = database::loadCatalogue(path, error);
-    if (!loaded)
-        return std::nullopt;
     QList<CoverRow> rows;
-    for (const database::CatalogueRecord& record : loaded->rows)
-        rows.append({record.nombre, record.origen});
+    const database::LoadOutcome outcome =
+        database::readAnyCatalogue(path, {{}, {}, [&rows](database::CatalogueRecord&& r) {
+                                              rows.append({r.nombre, r.origen});
+                                          }});
+    if (!outcome.ok) {
+        *error = outcome.error;
+        return std::nullopt;
+    }
     return rows;
 }
 

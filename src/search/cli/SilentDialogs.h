@@ -18,7 +18,10 @@ public:
         return std::nullopt;
     }
     QString saveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    QString openFileName(const QString&, const QString&, const QString&) override { return {}; }
+    QStringList openFileNames(const QString&, const QString&, const QString&) override
+    {
+        return {};
+    }
     std::optional<quint32> chooseColor(quint32) override { return std::nullopt; }
     std::optional<platform::FontChoice> chooseFont(const platform::FontChoice&) override
     {

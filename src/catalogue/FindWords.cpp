@@ -1,0 +1,199 @@
+#include "catalogue/FindWords.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace nubo::catalogue {
+
+namespace {
+
+// Beyond this many words, checking which words hold others costs more than it saves.
+constexpr std::size_t kMaxComparedWords = 64;
+// Separates the three texts of a key; no folded word holds it.
+constexpr char kFieldSeparator = '\n';
+
+bool isCombiningMark(char32_t c)
+{
+    return QChar::category(c) == QChar::Mark_NonSpacing ||
+           QChar::category(c) == QChar::Mark_Enclosing ||
+           QChar::category(c) == QChar::Mark_SpacingCombining;
+}
+
+// A character's base letter (its canonical decomposition's first character), case-folded;
+// 0 for a combining mark, which folds to nothing.
+char32_t foldChar(char32_t c)
+{
+    if (isCombiningMark(c))
+        return 0;
+    while (QChar::decompositionTag(c) == QChar::Canonical) {
+        const QString parts = QChar::decomposition(c);
+        if (parts.isEmpty())
+            break;
+        c = parts.at(0).isHighSurrogate() && parts.size() > 1
+                ? QChar::surrogateToUcs4(parts.at(0), parts.at(1))
+                : parts.at(0).unicode();
+    }
+    return QChar::toCaseFolded(c);
+}
+
+// Latin letters come up on nearly every row: their folds are worked out once.
+constexpr char32_t kTableSize = 0x250;
+
+const std::array<char32_t, kTableSize>& foldTable()
+{
+    static const std::array<char32_t, kTableSize> table = [] {
+        std::array<char32_t, kTableSize> t{};
+        for (char32_t c = 0; c < kTableSize; ++c)
+            t[c] = foldChar(c);
+        return t;
+    }();
+    return table;
+}
+
+void appendUtf8(char32_t c, std::string& out)
+{
+    if (c < 0x80) {
+        out.push_back(char(c));
+    } else if (c < 0x800) {
+        out.push_back(char(0xC0 | (c >> 6)));
+        out.push_back(char(0x80 | (c & 0x3F)));
+    } else if (c < 0x10000) {
+        out.push_back(char(0xE0 | (c >> 12)));
+        out.push_back(char(0x80 | ((c >> 6) & 0x3F)));
+        out.push_back(char(0x80 | (c & 0x3F)));
+    } else {
+        out.push_back(char(0xF0 | (c >> 18)));
+        out.push_back(char(0x80 | ((c >> 12) & 0x3F)));
+        out.push_back(char(0x80 | ((c >> 6) & 0x3F)));
+        out.push_back(char(0x80 | (c & 0x3F)));
+    }
+}
+
+// Whether word occurs in key. With SSE2, sixteen places are tried at once on the word's first
+// and last bytes, and only places where both agree are compared: a short word of common letters
+// ("co") would otherwise stop at nearly every byte.
+bool contains(std::string_view key, std::string_view word)
+{
+    const std::size_t n = word.size();
+    if (n > key.size())
+        return false;
+#if defined(__SSE2__)
+    if (n >= 2) {
+        const __m128i first = _mm_set1_epi8(word.front());
+        const __m128i last = _mm_set1_epi8(word.back());
+        const char* s = key.data();
+        const std::size_t starts = key.size() - n + 1;
+        std::size_t i = 0;
+        for (; i + 16 <= starts; i += 16) {
+            const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i));
+            const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(s + i + n - 1));
+            auto both = unsigned(_mm_movemask_epi8(
+                _mm_and_si128(_mm_cmpeq_epi8(a, first), _mm_cmpeq_epi8(b, last))));
+            for (; both != 0; both &= both - 1) {
+                if (std::memcmp(s + i + unsigned(__builtin_ctz(both)) + 1, word.data() + 1,
+                                n - 2) == 0)
+                    return true;
+            }
+        }
+        return key.substr(i).find(word) != std::string_view::npos;
+    }
+#endif
+    return key.find(word) != std::string_view::npos;
+}
+
+} // namespace
+
+void FindWords::appendFolded(QStringView text, std::string& key)
+{
+    const auto& table = foldTable();
+    const qsizetype size = text.size();
+    for (qsizetype i = 0; i < size; ++i) {
+        char32_t c = text[i].unicode();
+        if (c < 0x80) {
+            key.push_back(char(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c));
+            continue;
+        }
+        if (QChar::isHighSurrogate(c) && i + 1 < size && text[i + 1].isLowSurrogate())
+            c = QChar::surrogateToUcs4(char16_t(c), text[++i].unicode());
+        const char32_t f = c < kTableSize ? table[c] : foldChar(c);
+        if (f != 0)
+            appendUtf8(f, key);
+    }
+}
+
+std::string FindWords::folded(QStringView text)
+{
+    std::string key;
+    key.reserve(std::size_t(text.size()));
+    appendFolded(text, key);
+    return key;
+}
+
+std::string FindWords::keyOf(const QString& nombre, const QString& direccion, const QString& origen)
+{
+    std::string key;
+    key.reserve(std::size_t(nombre.size() + direccion.size() + origen.size() + 2));
+    appendFolded(nombre, key);
+    key.push_back(kFieldSeparator);
+    appendFolded(direccion, key);
+    key.push_back(kFieldSeparator);
+    appendFolded(origen, key);
+    return key;
+}
+
+FindWords::FindWords(const QString& text)
+{
+    const QStringList words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString& word : words) {
+        std::string f = folded(word);
+        std::erase(f, kFieldSeparator);
+        if (!f.empty())
+            m_words.push_back(std::move(f));
+    }
+    // Longest first: the rarest words turn most rows away soonest.
+    std::sort(m_words.begin(), m_words.end(), [](const std::string& a, const std::string& b) {
+        return a.size() != b.size() ? a.size() > b.size() : a < b;
+    });
+    m_words.erase(std::unique(m_words.begin(), m_words.end()), m_words.end());
+    if (m_words.size() > kMaxComparedWords)
+        return;
+    // A word inside a longer one adds nothing.
+    std::vector<std::string> kept;
+    for (std::string& word : m_words) {
+        if (std::none_of(kept.begin(), kept.end(), [&](const std::string& longer) {
+                return longer.find(word) != std::string::npos;
+            }))
+            kept.push_back(std::move(word));
+    }
+    m_words = std::move(kept);
+}
+
+bool FindWords::matches(std::string_view key) const
+{
+    for (const std::string& word : m_words) {
+        if (!contains(key, word))
+            return false;
+    }
+    return true;
+}
+
+bool FindWords::narrows(const FindWords& previous) const
+{
+    if (m_words.size() > kMaxComparedWords || previous.m_words.size() > kMaxComparedWords)
+        return false;
+    return std::all_of(
+        previous.m_words.begin(), previous.m_words.end(), [this](const std::string& old) {
+            return std::any_of(m_words.begin(), m_words.end(), [&](const std::string& word) {
+                return word.find(old) != std::string::npos;
+            });
+        });
+}
+
+} // namespace nubo::catalogue

@@ -1,0 +1,332 @@
+#include "catalogue/ListFilter.h"
+
+#include "catalogue/CatalogueList.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace nubo::catalogue {
+
+ListFilter::ListFilter(CatalogueList& list, QObject* parent)
+    : QAbstractProxyModel(parent), m_list(list)
+{
+    QAbstractProxyModel::setSourceModel(&list);
+    rebuildCopies();
+    m_shown = matchingRows(nullptr);
+    connect(&list, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int first, int last) { sourceRowsInserted(first, last); });
+    connect(&list, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this](const QModelIndex&, int first, int last) {
+                sourceRowsAboutToBeRemoved(first, last);
+            });
+    connect(&list, &QAbstractItemModel::rowsRemoved, this,
+            [this](const QModelIndex&, int first, int last) { sourceRowsRemoved(first, last); });
+    connect(&list, &QAbstractItemModel::dataChanged, this, &ListFilter::sourceDataChanged);
+    connect(&list, &QAbstractItemModel::layoutAboutToBeChanged, this, [this] {
+        emit layoutAboutToBeChanged();
+        m_layoutBefore = persistentIndexList();
+        m_layoutSources.clear();
+        for (const QModelIndex& index : std::as_const(m_layoutBefore))
+            m_layoutSources.append(mapToSource(index));
+    });
+    connect(&list, &QAbstractItemModel::layoutChanged, this, &ListFilter::sourceLayoutChanged);
+    connect(&list, &QAbstractItemModel::modelAboutToBeReset, this, [this] { beginResetModel(); });
+    connect(&list, &QAbstractItemModel::modelReset, this, &ListFilter::sourceReset);
+    connect(&list, &QAbstractItemModel::headerDataChanged, this,
+            &QAbstractItemModel::headerDataChanged);
+}
+
+const CatalogueRow& ListFilter::sourceRow(int row) const
+{
+    return m_list.row(m_list.positionOf(m_list.index(row, 0)));
+}
+
+std::string ListFilter::keyOfSourceRow(int row) const
+{
+    const CatalogueRow& r = sourceRow(row);
+    return FindWords::keyOf(r.nombre, r.direccion, r.origen);
+}
+
+// The filter's copies of the rows' keys and selected flags, made again from the list.
+void ListFilter::rebuildCopies()
+{
+    const int rows = m_list.rowCount();
+    m_keys.clear();
+    m_selected.assign(std::size_t(rows), 0);
+    m_selectedCount = 0;
+    if (m_keysReady)
+        m_keys.reserve(std::size_t(rows));
+    for (int r = 0; r < rows; ++r) {
+        if (m_keysReady)
+            m_keys.push_back(keyOfSourceRow(r));
+        m_selected[std::size_t(r)] = sourceRow(r).selected;
+        m_selectedCount += m_selected[std::size_t(r)];
+    }
+}
+
+void ListFilter::prepare()
+{
+    if (m_keysReady)
+        return;
+    m_keysReady = true;
+    rebuildCopies();
+}
+
+void ListFilter::insertCopies(int first, int last)
+{
+    std::vector<std::string> keys;
+    std::vector<char> selected;
+    for (int r = first; r <= last; ++r) {
+        if (m_keysReady)
+            keys.push_back(keyOfSourceRow(r));
+        selected.push_back(sourceRow(r).selected);
+        m_selectedCount += selected.back();
+    }
+    if (m_keysReady)
+        m_keys.insert(m_keys.begin() + first, std::make_move_iterator(keys.begin()),
+                      std::make_move_iterator(keys.end()));
+    m_selected.insert(m_selected.begin() + first, selected.begin(), selected.end());
+}
+
+void ListFilter::setSelected(const QModelIndex& index, bool selected)
+{
+    const QModelIndex source = mapToSource(index);
+    if (!source.isValid() || bool(m_selected[std::size_t(source.row())]) == selected)
+        return;
+    m_selected[std::size_t(source.row())] = selected;
+    m_selectedCount += selected ? 1 : -1;
+    m_list.setSelected(m_list.positionOf(source), selected);
+}
+
+// The source rows the words match: among the given rows, or among all.
+std::vector<int> ListFilter::matchingRows(const std::vector<int>* among) const
+{
+    std::vector<int> rows;
+    if (m_words.isEmpty()) {
+        rows.resize(m_selected.size());
+        std::iota(rows.begin(), rows.end(), 0);
+        return rows;
+    }
+    if (among) {
+        for (int r : *among) {
+            if (m_words.matches(m_keys[std::size_t(r)]))
+                rows.push_back(r);
+        }
+        return rows;
+    }
+    for (std::size_t r = 0; r < m_keys.size(); ++r) {
+        if (m_words.matches(m_keys[r]))
+            rows.push_back(int(r));
+    }
+    return rows;
+}
+
+void ListFilter::setFindText(const QString& text)
+{
+    m_text = text;
+    FindWords words(text);
+    if (words == m_words)
+        return;
+    if (!words.isEmpty())
+        prepare();
+    const bool narrowing = words.narrows(m_words);
+    m_words = std::move(words);
+    showRows(matchingRows(narrowing ? &m_shown : nullptr));
+}
+
+// One layout change for the whole refilter: the views keep their current row and the
+// selection of rows still shown.
+void ListFilter::showRows(std::vector<int> rows)
+{
+    emit layoutAboutToBeChanged();
+    const QModelIndexList before = persistentIndexList();
+    QList<int> sourceRows;
+    sourceRows.reserve(before.size());
+    for (const QModelIndex& index : before)
+        sourceRows.append(m_shown[std::size_t(index.row())]);
+    unselectHidden(m_shown, rows);
+    m_shown = std::move(rows);
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (qsizetype i = 0; i < before.size(); ++i) {
+        const int row = proxyRowOf(sourceRows[i]);
+        after.append(row < 0 ? QModelIndex() : createIndex(row, before[i].column()));
+    }
+    changePersistentIndexList(before, after);
+    emit layoutChanged();
+    announceCounts();
+}
+
+// Only the rows' copy of their flags is read here: touching 300,000 rows would cost more than
+// the find itself.
+void ListFilter::unselectHidden(const std::vector<int>& before, const std::vector<int>& after)
+{
+    auto kept = after.begin();
+    for (auto row = before.begin(); row != before.end() && m_selectedCount > 0; ++row) {
+        while (kept != after.end() && *kept < *row)
+            ++kept;
+        if ((kept == after.end() || *kept != *row) && m_selected[std::size_t(*row)]) {
+            m_selected[std::size_t(*row)] = 0;
+            --m_selectedCount;
+            m_list.setSelected(m_list.positionOf(m_list.index(*row, 0)), false);
+        }
+    }
+}
+
+int ListFilter::proxyRowOf(int sourceRow) const
+{
+    const auto at = std::lower_bound(m_shown.begin(), m_shown.end(), sourceRow);
+    return at != m_shown.end() && *at == sourceRow ? int(at - m_shown.begin()) : -1;
+}
+
+void ListFilter::sourceRowsInserted(int first, int last)
+{
+    const int added = last - first + 1;
+    insertCopies(first, last);
+    const auto at = std::lower_bound(m_shown.begin(), m_shown.end(), first);
+    const int proxyFirst = int(at - m_shown.begin());
+    for (auto it = at; it != m_shown.end(); ++it)
+        *it += added;
+    std::vector<int> shown;
+    for (int r = first; r <= last; ++r) {
+        if (m_words.isEmpty() || m_words.matches(m_keys[std::size_t(r)]))
+            shown.push_back(r);
+    }
+    if (!shown.empty()) {
+        beginInsertRows({}, proxyFirst, proxyFirst + int(shown.size()) - 1);
+        m_shown.insert(m_shown.begin() + proxyFirst, shown.begin(), shown.end());
+        endInsertRows();
+    }
+    announceCounts();
+}
+
+// The shown rows go before the list's rows do; the rows below move up once they have gone.
+void ListFilter::sourceRowsAboutToBeRemoved(int first, int last)
+{
+    const auto from = std::lower_bound(m_shown.begin(), m_shown.end(), first);
+    const auto to = std::lower_bound(from, m_shown.end(), last + 1);
+    if (from == to)
+        return;
+    const int proxyFirst = int(from - m_shown.begin());
+    beginRemoveRows({}, proxyFirst, proxyFirst + int(to - from) - 1);
+    m_shown.erase(from, to);
+    endRemoveRows();
+}
+
+void ListFilter::sourceRowsRemoved(int first, int last)
+{
+    const int removed = last - first + 1;
+    if (m_keysReady)
+        m_keys.erase(m_keys.begin() + first, m_keys.begin() + last + 1);
+    m_selectedCount -=
+        int(std::count(m_selected.begin() + first, m_selected.begin() + last + 1, 1));
+    m_selected.erase(m_selected.begin() + first, m_selected.begin() + last + 1);
+    for (auto it = std::lower_bound(m_shown.begin(), m_shown.end(), first); it != m_shown.end();
+         ++it)
+        *it -= removed;
+    announceCounts();
+}
+
+// An edited row stays in sight even when its new name no longer matches.
+void ListFilter::sourceDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight)
+{
+    if (!topLeft.isValid() || !bottomRight.isValid())
+        return;
+    int firstShown = -1;
+    int lastShown = -1;
+    for (int r = topLeft.row(); r <= bottomRight.row(); ++r) {
+        if (m_keysReady)
+            m_keys[std::size_t(r)] = keyOfSourceRow(r);
+        if (const int row = proxyRowOf(r); row >= 0) {
+            firstShown = firstShown < 0 ? row : firstShown;
+            lastShown = row;
+        }
+    }
+    if (firstShown >= 0)
+        emit dataChanged(index(firstShown, topLeft.column()),
+                         index(lastShown, bottomRight.column()));
+}
+
+void ListFilter::sourceLayoutChanged()
+{
+    rebuildCopies();
+    m_shown = matchingRows(nullptr);
+    QModelIndexList after;
+    after.reserve(m_layoutBefore.size());
+    for (const QPersistentModelIndex& source : std::as_const(m_layoutSources))
+        after.append(mapFromSource(source));
+    changePersistentIndexList(m_layoutBefore, after);
+    m_layoutBefore.clear();
+    m_layoutSources.clear();
+    emit layoutChanged();
+}
+
+void ListFilter::sourceReset()
+{
+    rebuildCopies();
+    m_shown = matchingRows(nullptr);
+    endResetModel();
+    announceCounts();
+}
+
+int ListFilter::positionOf(const QModelIndex& index) const
+{
+    return m_list.positionOf(mapToSource(index));
+}
+
+QModelIndex ListFilter::indexAt(int position, Column column) const
+{
+    return mapFromSource(m_list.indexAt(position, column));
+}
+
+QModelIndex ListFilter::mapToSource(const QModelIndex& proxyIndex) const
+{
+    if (!proxyIndex.isValid() || proxyIndex.model() != this ||
+        proxyIndex.row() >= int(m_shown.size()))
+        return {};
+    return m_list.index(m_shown[std::size_t(proxyIndex.row())], proxyIndex.column());
+}
+
+QModelIndex ListFilter::mapFromSource(const QModelIndex& sourceIndex) const
+{
+    if (!sourceIndex.isValid() || sourceIndex.model() != &m_list)
+        return {};
+    const int row = proxyRowOf(sourceIndex.row());
+    return row < 0 ? QModelIndex() : createIndex(row, sourceIndex.column());
+}
+
+QModelIndex ListFilter::index(int row, int column, const QModelIndex& parent) const
+{
+    if (parent.isValid() || row < 0 || row >= int(m_shown.size()) || column < 0 ||
+        column >= kColumnCount)
+        return {};
+    return createIndex(row, column);
+}
+
+QModelIndex ListFilter::parent(const QModelIndex&) const
+{
+    return {};
+}
+
+int ListFilter::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_shown.size());
+}
+
+bool ListFilter::hasChildren(const QModelIndex& parent) const
+{
+    return !parent.isValid() && !m_shown.empty();
+}
+
+int ListFilter::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : kColumnCount;
+}
+
+// The captions stay when no row is shown.
+QVariant ListFilter::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    return m_list.headerData(section, orientation, role);
+}
+
+} // namespace nubo::catalogue
