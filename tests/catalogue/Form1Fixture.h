@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/DropHandler.h"
+#include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/RowDetails.h"
 #include "catalogue/ui/CatalogueView.h"

@@ -4,6 +4,7 @@
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "platform/linux/LinuxDrives.h"
 #include "search/cli/ScanCommand.h"
+#include "tags/TaggedFiles.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -56,6 +57,28 @@ private slots:
         const QString folder = r.mid(prefix.size());
         QCOMPARE(result.lines[0], "segundo\t" + folder + "/sub/\tNO ESPECIFICADO\tMP3\t" + prefix);
         QCOMPARE(result.lines[1], "primero\t" + folder + "/\tNO ESPECIFICADO\tMP3\t" + prefix);
+    }
+
+    // Each row ends with its own file's tags; a file without tags gets empty columns.
+    void tagsAppendTheirColumns()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeTagged(r + "/uno.mp3", "mp3",
+                                  {{"TITLE", {"Uno"}}, {"ARTIST", {"Ana"}}, {"DATE", {"2001"}}}));
+        QVERIFY(test::writeTagged(r + "/dos.mp3", "mp3",
+                                  {{"TITLE", {"Dos\tbis"}}, {"TRACKNUMBER", {"2/9"}}}));
+        QVERIFY(test::writeFile(r + "/tres.mp3", {}));
+        const Result result = scan({r, "--tags"});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.lines.size(), 3);
+        QMap<QString, QStringList> columns;
+        for (const QString& line : result.lines)
+            columns[line.section('\t', 0, 0)] = line.split('\t').mid(5);
+        QCOMPARE(columns["uno"], QStringList({"Uno", "Ana", "", "2001", "", "0:01"}));
+        QCOMPARE(columns["dos"], QStringList({"Dos\\tbis", "", "", "", "2", "0:01"}));
+        QCOMPARE(columns["tres"], QStringList(6, QString()));
+        QVERIFY(scan({r}).lines.first().count('\t') == 4);
     }
 
     void outputSavesTheRows_data()

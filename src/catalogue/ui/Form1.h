@@ -32,6 +32,7 @@ namespace nubo::catalogue {
 class Catalogue;
 class DropHandler;
 class EntryOpener;
+class IPropertiesViewer;
 class ISearchLauncher;
 class RowDetails;
 
@@ -55,6 +56,8 @@ public:
     explicit Form1(const Form1Services& services, QWidget* parent = nullptr);
 
     void setSearchLauncher(ISearchLauncher* launcher);
+    // "&Propiedades..." opens this viewer, which then follows the selected row.
+    void setPropertiesViewer(IPropertiesViewer* viewer) { m_properties = viewer; }
 
     ListMode listMode() const { return m_mode; }
     bool isOnTop() const;
@@ -143,6 +146,7 @@ private:
     QAction* Funcional = nullptr;
     QAction* Edit = nullptr;
     QAction* Mover = nullptr;
+    QAction* mnuPropiedades = nullptr;
 
     void fitBackground();
     QPixmap m_background;
@@ -171,6 +175,7 @@ private:
     void emergencyExit();
     void enableListCommands(bool enabled);
     void showRightClickMenu(const QPoint& globalPos);
+    QString selectedEntryPath() const;
     void openOnDoubleClick();
     void showDetailsOf(int position);
     void showDetailsIfOn(int position);
@@ -187,6 +192,7 @@ private:
     DropHandler& m_drops;
     const core::Options& m_options;
     ISearchLauncher* m_search = nullptr;
+    IPropertiesViewer* m_properties = nullptr;
     HoverPictures m_hover;
     QActionGroup* m_modes = nullptr;
     QList<QAction*> m_fileOptions;  // the right-click menu's entries on the rows

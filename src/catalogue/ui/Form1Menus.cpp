@@ -2,6 +2,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"
 #include "catalogue/EntryOpener.h"
+#include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/ui/Form1.h"
 
@@ -105,7 +106,16 @@ void Form1::createFileOptionsMenu()
         applyMode(ListMode::Funcional);
     });
     options->addMenu(modes);
+    // Our own entry: every tag and the audio properties of the one selected file.
+    mnuPropiedades =
+        item(options, "mnuPropiedades", QStringLiteral("&Propiedades..."), this, [this] {
+            if (m_properties && !selectedEntryPath().isEmpty())
+                m_properties->showProperties(selectedEntryPath());
+        });
     menuBar->addMenu(options);
+    connect(options, &QMenu::aboutToShow, this, [this] {
+        mnuPropiedades->setEnabled(rulesOf(m_mode).popupEnabled && !selectedEntryPath().isEmpty());
+    });
 
     m_modes = new QActionGroup(this);
     m_modes->setExclusionPolicy(QActionGroup::ExclusionPolicy::Exclusive);
@@ -188,6 +198,10 @@ void Form1::connectList()
     connect(ListView1, &CatalogueView::doubleClicked, this, &Form1::openOnDoubleClick);
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Form1::syncSelection);
+    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (m_properties && m_properties->isOpen() && !selectedEntryPath().isEmpty())
+            m_properties->followSelection(selectedEntryPath());
+    });
     // Once rows move or go, the row under the pointer is another one.
     const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };
     connect(&m_catalogue.list(), &QAbstractItemModel::layoutChanged, this, forgetPointerRow);
