@@ -78,7 +78,6 @@ private slots:
         QCOMPARE(columns["uno"], QStringList({"Uno", "Ana", "", "2001", "", "0:01"}));
         QCOMPARE(columns["dos"], QStringList({"Dos\\tbis", "", "", "", "2", "0:01"}));
         QCOMPARE(columns["tres"], QStringList(6, QString()));
-        QVERIFY(scan({r}).lines.first().count('\t') == 4);
     }
 
     void outputSavesTheRows_data()
@@ -125,7 +124,7 @@ private slots:
         FILE* raw = std::fopen(bad.constData(), "w");
         QVERIFY(raw);
         std::fclose(raw);
-        const Result mixed = scan({dir.path()});
+        const Result mixed = scan({dir.path(), "--tags"});
         std::remove(bad.constData());
         QCOMPARE(mixed.status, 2);
         QCOMPARE(mixed.lines.size(), 2);
