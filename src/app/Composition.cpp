@@ -4,6 +4,7 @@
 #include "database/GsfSession.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/ui/DesktopPrompts.h"
+#include "tags/ui/PropertiesWindow.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -28,6 +29,34 @@ void stackAbove(QWidget& window, QWidget& owner)
     if (QWindow* handle = window.windowHandle())
         handle->setTransientParent(owner.windowHandle());
 }
+
+// The properties window as the list window sees it, created on first use.
+class PropertiesViewer final : public catalogue::IPropertiesViewer
+{
+public:
+    explicit PropertiesViewer(QWidget& list) : m_list(list) {}
+
+    void showProperties(const QString& path) override
+    {
+        if (!m_window) {
+            m_window = std::make_unique<tags::ui::PropertiesWindow>();
+            stackAbove(*m_window, m_list);
+        }
+        m_window->showProperties(tags::readFileProperties(path));
+        m_window->show();
+        m_window->raise();
+        m_window->activateWindow();
+    }
+    bool isOpen() const override { return m_window && m_window->isVisible(); }
+    void followSelection(const QString& path) override
+    {
+        m_window->showProperties(tags::readFileProperties(path));
+    }
+
+private:
+    QWidget& m_list;
+    std::unique_ptr<tags::ui::PropertiesWindow> m_window;
+};
 
 } // namespace
 
@@ -151,6 +180,8 @@ void Composition::connectList()
         window.raise();
         window.activateWindow();
     });
+    m_properties = std::make_unique<PropertiesViewer>(form);
+    form.setPropertiesViewer(m_properties.get());
     QObject::connect(&m_optionsWindow, &frame::Form5::ChkproClicked, &form,
                      [&form] { form.forgetDetails(); });
 }

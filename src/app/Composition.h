@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/InstanceChannel.h"
+#include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ui/ListWindow.h"
 #include "core/ActivityLog.h"
 #include "core/Options.h"
@@ -72,6 +73,8 @@ private:
     frame::Form6 m_authorWindow;
     frame::Form8 m_trayMenu;
 
+    // Declared before the list window, which points at it, so it is destroyed after it.
+    std::unique_ptr<catalogue::IPropertiesViewer> m_properties;
     // Created once start-up has let the program run; never destroyed before the end.
     std::unique_ptr<catalogue::ListWindow> m_list;
     std::unique_ptr<search::ListWindowHost> m_searchHost;

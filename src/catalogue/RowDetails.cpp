@@ -21,4 +21,9 @@ RowDetailsView RowDetails::ShowRowDetails(const CatalogueList& list, int positio
     return view;
 }
 
+QString RowDetails::entryPath(const CatalogueList& list, int position) const
+{
+    return m_resolver.ResolveEntryPath(list, position);
+}
+
 } // namespace nubo::catalogue

@@ -25,6 +25,8 @@ public:
     // a blank title appends to that text).
     RowDetailsView ShowRowDetails(const CatalogueList& list, int position,
                                   const QString& currentBoxText) const;
+    // The full path of the row at position, or an empty text when it cannot be found.
+    QString entryPath(const CatalogueList& list, int position) const;
 
 private:
     const EntryPathResolver& m_resolver;

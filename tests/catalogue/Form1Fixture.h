@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/DropHandler.h"
+#include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/ListFilter.h"
 #include "catalogue/RowDetails.h"

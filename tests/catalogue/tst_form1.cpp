@@ -61,6 +61,18 @@ bool reachable(QAction* action)
 
 } // namespace
 
+// Records what the list window asks of the properties window.
+class FakeProperties final : public nubo::catalogue::IPropertiesViewer
+{
+public:
+    QStringList shown, followed;
+    bool open = false;
+
+    void showProperties(const QString& path) override { shown.append(path); }
+    bool isOpen() const override { return open; }
+    void followSelection(const QString& path) override { followed.append(path); }
+};
+
 class TestForm1 final : public QObject
 {
     Q_OBJECT
@@ -339,6 +351,36 @@ private slots:
         QVERIFY(!f.view()->toolTip().isEmpty());
         QTest::keyClick(f.view(), Qt::Key_Up);
         QVERIFY(!f.control<QPlainTextEdit>("txtMp3Info")->isVisible());
+    }
+
+    // "&Propiedades..." ends the popup, asks for the one selected row, and the open window
+    // follows the arrow keys.
+    void propertiesOfTheOneSelectedRow()
+    {
+        Form1Fixture f;
+        FakeProperties properties;
+        f.form.setPropertiesViewer(&properties);
+        const QString first = f.file(QStringLiteral("M/uno.mp3"));
+        const QString second = f.file(QStringLiteral("M/dos.mp3"));
+        f.add(first);
+        f.add(second);
+        auto* menu = f.control<QMenu>("mnuOpcionesLista");
+        QAction* entry = f.action("mnuPropiedades");
+        QCOMPARE(menu->actions().last(), entry);
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
+        QTest::mouseClick(f.view()->viewport(), Qt::RightButton, {}, f.rowPoint(0));
+        QVERIFY(entry->isEnabled());
+        entry->trigger();
+        menu->hide();
+        QCOMPARE(properties.shown, QStringList{second});
+        QTest::keyClick(f.view(), Qt::Key_Down); // closed: nothing to follow
+        properties.open = true;
+        QTest::keyClick(f.view(), Qt::Key_Up);
+        QCOMPARE(properties.followed, QStringList{second});
+        f.view()->selectAll();
+        QTest::mouseClick(f.view()->viewport(), Qt::RightButton, {}, f.rowPoint(0));
+        QVERIFY(!entry->isEnabled());
+        menu->hide();
     }
 
     // The box never shows what it held before the option was switched, nor another row's tag

@@ -4,6 +4,7 @@
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "platform/linux/LinuxDrives.h"
 #include "search/cli/ScanCommand.h"
+#include "tags/TaggedFiles.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -58,6 +59,27 @@ private slots:
         QCOMPARE(result.lines[1], "primero\t" + folder + "/\tNO ESPECIFICADO\tMP3\t" + prefix);
     }
 
+    // Each row ends with its own file's tags; a file without tags gets empty columns.
+    void tagsAppendTheirColumns()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeTagged(r + "/uno.mp3", "mp3",
+                                  {{"TITLE", {"Uno"}}, {"ARTIST", {"Ana"}}, {"DATE", {"2001"}}}));
+        QVERIFY(test::writeTagged(r + "/dos.mp3", "mp3",
+                                  {{"TITLE", {"Dos\tbis"}}, {"TRACKNUMBER", {"2/9"}}}));
+        QVERIFY(test::writeFile(r + "/tres.mp3", {}));
+        const Result result = scan({r, "--tags"});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.lines.size(), 3);
+        QMap<QString, QStringList> columns;
+        for (const QString& line : result.lines)
+            columns[line.section('\t', 0, 0)] = line.split('\t').mid(5);
+        QCOMPARE(columns["uno"], QStringList({"Uno", "Ana", "", "2001", "", "0:01"}));
+        QCOMPARE(columns["dos"], QStringList({"Dos\\tbis", "", "", "", "2", "0:01"}));
+        QCOMPARE(columns["tres"], QStringList(6, QString()));
+    }
+
     void outputSavesTheRows_data()
     {
         QTest::addColumn<QString>("name");
@@ -102,7 +124,7 @@ private slots:
         FILE* raw = std::fopen(bad.constData(), "w");
         QVERIFY(raw);
         std::fclose(raw);
-        const Result mixed = scan({dir.path()});
+        const Result mixed = scan({dir.path(), "--tags"});
         std::remove(bad.constData());
         QCOMPARE(mixed.status, 2);
         QCOMPARE(mixed.lines.size(), 2);

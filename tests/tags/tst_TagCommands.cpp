@@ -1,10 +1,14 @@
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "TestFiles.h"
+#include "tags/TaggedFiles.h"
 
 // nubo-cli's "tag" and "type", run as a user would run them.
 class TestTagCommands final : public QObject
@@ -36,6 +40,35 @@ private slots:
         QCOMPARE(run({"tag", "--raw", file}).out,
                  "Titulo: Ca\xc3\xb1on" + QByteArray("\\0").repeated(25) + rest);
         QVERIFY(run({"--help"}).out.contains("--raw"));
+    }
+
+    // --all: one line per value under the library's keys; --json: the same as one object; an
+    // unreadable file gives what is known and the message.
+    void allAndJsonPrintEveryField()
+    {
+        const QString file = m_dir.filePath("tema.flac");
+        QVERIFY(nubo::test::writeTagged(file, "flac",
+                                        {{"TITLE", {"Κύκνος"}}, {"ARTIST", {"Ana", "Bea"}}},
+                                        QByteArray(10, 'p')));
+        const Run all = run({"tag", "--all", file});
+        QCOMPARE(all.status, 0);
+        const QStringList lines = QString::fromUtf8(all.out).split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.first(), "ARCHIVO\t" + file);
+        for (const char* line : {"TITLE\tΚύκνος", "ARTIST\tAna", "ARTIST\tBea", "DURACION\t0:01",
+                                 "SAMPLERATE\t8000", "CHANNELS\t1", "PICTURE\timage/png 10 bytes"})
+            QVERIFY2(lines.contains(QString::fromUtf8(line)), line);
+        const QJsonObject json = QJsonDocument::fromJson(run({"tag", "--json", file}).out).object();
+        QCOMPARE(json["TAGS"]["ARTIST"].toArray().size(), 2);
+        QCOMPARE(json["TAGS"]["TITLE"][0].toString(), "Κύκνος");
+        QCOMPARE(json["PICTURE"]["BYTES"].toInt(), 10);
+
+        const QString empty = write("vacio.mp3", {});
+        const Run unreadable = run({"tag", "--all", empty});
+        QCOMPARE(unreadable.status, 0);
+        QVERIFY(unreadable.out.startsWith("ARCHIVO\t" + empty.toUtf8() + "\nTAMAÑO\t0\nTIPO\t"));
+        QVERIFY(unreadable.err.contains("No se pudieron leer las etiquetas de este archivo."));
+        QCOMPARE(QJsonDocument::fromJson(run({"tag", "--json", empty}).out)["ERROR"].toString(),
+                 "No se pudieron leer las etiquetas de este archivo.");
     }
 
 private:

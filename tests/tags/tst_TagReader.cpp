@@ -1,8 +1,6 @@
 #include "tags/TagReader.h"
 
 #include <QMimeDatabase>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -134,22 +132,6 @@ private slots:
         QVERIFY(!ShowTagText(m_dir.filePath("falta/" + name), "antes").isMpegAudio);
         QVERIFY(QDir(m_dir.path()).mkpath("carpeta/" + name)); // a folder is no audio file
         QVERIFY(!IsMpegAudioFile(m_dir.filePath("carpeta/" + name)));
-    }
-
-    // id3v2 writes the same 128-byte tag this reader reads.
-    void tagWrittenById3v2()
-    {
-        const QString program = QStandardPaths::findExecutable(QStringLiteral("id3v2"));
-        if (program.isEmpty())
-            QSKIP("id3v2 is not installed");
-        const QString path = write("id3v2.mp3", QByteArray(300, '\0'));
-        QCOMPARE(QProcess::execute(
-                     program, {"-1", "-t", "Tema", "-a", "Grupo", "-y", "1999", "-g", "147", path}),
-                 0);
-        QCOMPARE(ShowTagText(path, QString()).text,
-                 "Titulo: " + withZeros("Tema", 30) + "\r\nArtista: " + withZeros("Grupo", 30) +
-                     "\r\nAlbum: " + withZeros("", 30) + QStringLiteral("\r\nAño: 1999") +
-                     "\r\nComentario: " + withZeros("", 30) + "\r\nGenero: Synth Pop\r\n");
     }
 
     void fileTypeName()

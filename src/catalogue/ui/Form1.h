@@ -34,6 +34,7 @@ class DropHandler;
 class EntryOpener;
 class FindBar;
 class ListFilter;
+class IPropertiesViewer;
 class ISearchLauncher;
 class RowDetails;
 
@@ -57,6 +58,8 @@ public:
     explicit Form1(const Form1Services& services, QWidget* parent = nullptr);
 
     void setSearchLauncher(ISearchLauncher* launcher);
+    // "&Propiedades..." opens this viewer, which then follows the selected row.
+    void setPropertiesViewer(IPropertiesViewer* viewer) { m_properties = viewer; }
 
     ListMode listMode() const { return m_mode; }
     bool isOnTop() const;
@@ -147,6 +150,7 @@ private:
     QAction* Mover = nullptr;
     ListFilter* m_filter = nullptr; // the rows the list shows
     FindBar* m_findBar = nullptr;
+    QAction* mnuPropiedades = nullptr;
 
     void fitBackground();
     QPixmap m_background;
@@ -176,6 +180,7 @@ private:
     void emergencyExit();
     void enableListCommands(bool enabled);
     void showRightClickMenu(const QPoint& globalPos);
+    QString selectedEntryPath() const;
     void openOnDoubleClick();
     void showDetailsOf(int position);
     void showDetailsIfOn(int position);
@@ -192,6 +197,7 @@ private:
     DropHandler& m_drops;
     const core::Options& m_options;
     ISearchLauncher* m_search = nullptr;
+    IPropertiesViewer* m_properties = nullptr;
     HoverPictures m_hover;
     QActionGroup* m_modes = nullptr;
     QList<QAction*> m_fileOptions;  // the right-click menu's entries on the rows

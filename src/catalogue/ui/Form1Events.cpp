@@ -228,6 +228,15 @@ void Form1::showRightClickMenu(const QPoint& globalPos)
     mnuOpcionesLista->popup(globalPos);
 }
 
+// The path of the one selected row; empty when none or several are selected.
+QString Form1::selectedEntryPath() const
+{
+    const QModelIndexList rows = ListView1->selectionModel()->selectedRows();
+    if (rows.size() != 1)
+        return {};
+    return m_details.entryPath(m_catalogue.list(), m_catalogue.list().positionOf(rows.first()));
+}
+
 void Form1::openOnDoubleClick()
 {
     if (rulesOf(m_mode).doubleClickOpens)

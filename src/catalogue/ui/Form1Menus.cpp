@@ -2,6 +2,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"
 #include "catalogue/EntryOpener.h"
+#include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/ListFilter.h"
 #include "catalogue/ui/FindBar.h"
@@ -110,7 +111,16 @@ void Form1::createFileOptionsMenu()
         applyMode(ListMode::Funcional);
     });
     options->addMenu(modes);
+    // Our own entry: every tag and the audio properties of the one selected file.
+    mnuPropiedades =
+        item(options, "mnuPropiedades", QStringLiteral("&Propiedades..."), this, [this] {
+            if (m_properties && !selectedEntryPath().isEmpty())
+                m_properties->showProperties(selectedEntryPath());
+        });
     menuBar->addMenu(options);
+    connect(options, &QMenu::aboutToShow, this, [this] {
+        mnuPropiedades->setEnabled(rulesOf(m_mode).popupEnabled && !selectedEntryPath().isEmpty());
+    });
 
     m_modes = new QActionGroup(this);
     m_modes->setExclusionPolicy(QActionGroup::ExclusionPolicy::Exclusive);
@@ -192,6 +202,10 @@ void Form1::connectList()
     connect(ListView1, &CatalogueView::doubleClicked, this, &Form1::openOnDoubleClick);
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Form1::syncSelection);
+    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (m_properties && m_properties->isOpen() && !selectedEntryPath().isEmpty())
+            m_properties->followSelection(selectedEntryPath());
+    });
     // Once rows move or go, the row under the pointer is another one.
     const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };
     connect(m_filter, &QAbstractItemModel::layoutChanged, this, forgetPointerRow);

@@ -5,6 +5,7 @@
 #include "search/DriveList.h"
 #include "search/FolderWalker.h"
 #include "search/cli/SilentDialogs.h"
+#include "tags/FileProperties.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -24,15 +25,18 @@ struct ScanArguments
     QStringList folders;
     QString mask = QStringLiteral("*.mp3");
     QString group = QStringLiteral("NO ESPECIFICADO");
-    QString output; // empty: the rows go to standard output
+    QString output;    // empty: the rows go to standard output
+    bool tags = false; // the rows end with the tag columns
 };
 
 const char* const kUsage =
-    "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE] [--output ARCHIVO]\n";
+    "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE] [--output ARCHIVO] [--tags]\n";
 
 const char* const kHelp =
     "\nSin --output escribe una fila por archivo: NOMBRE, CARPETA, ORIGEN, FORMATO y UNIDAD\n"
-    "separados por tabuladores. Dentro de un campo, la barra invertida se escribe \\\\,\n"
+    "separados por tabuladores; con --tags siguen TITULO, ARTISTA, ALBUM, AÑO, PISTA y\n"
+    "DURACION de las etiquetas del archivo. Dentro de un campo, la barra invertida se escribe "
+    "\\\\,\n"
     "el tabulador \\t, el salto de linea \\n y el retorno de carro \\r.\n"
     "Un nombre que no es UTF-8 valido no se puede catalogar: se avisa en la salida de\n"
     "errores, se omite (con su carpeta, si lo es) y el estado de salida es 2.\n";
@@ -46,6 +50,10 @@ std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
         if (arg == QLatin1String("--help") || arg == QLatin1String("-h")) {
             io.out << kUsage << kHelp;
             return nubo::cli::kOk;
+        }
+        if (arg == QLatin1String("--tags")) {
+            parsed.tags = true;
+            continue;
         }
         if (arg == QLatin1String("--mask") || arg == QLatin1String("--group") ||
             arg == QLatin1String("--output")) {
@@ -94,7 +102,10 @@ public:
     void addFileToList(const QString& path) override
     {
         QString copy = path;
+        const int before = m_catalogue.list().count();
         m_catalogue.AddFileToList(copy);
+        if (m_keepPaths && m_catalogue.list().count() > before)
+            m_paths.append(path);
     }
     void setFolderStrip(const QString&) override
     {
@@ -121,6 +132,10 @@ public:
         m_shown = false;
     }
     int leftOut() const { return m_leftOut; }
+    // The paths of the rows, kept for the tag columns.
+    void keepPaths() { m_keepPaths = true; }
+    // The path of the row at position p: each new row goes to the top of the list.
+    QString pathOf(int p) const { return m_paths.value(m_paths.size() - 1 - p); }
 
 private:
     catalogue::Catalogue& m_catalogue;
@@ -128,6 +143,8 @@ private:
     QElapsedTimer m_progress;
     bool m_shown = false;
     int m_leftOut = 0;
+    bool m_keepPaths = false;
+    QStringList m_paths;
 };
 
 // One field of a row: the bytes that would split a row or a field are written escaped.
@@ -153,6 +170,15 @@ QString field(const QString& text)
         else
             out += c;
     }
+    return out;
+}
+
+// The tag columns of --tags, each led by a tab.
+QString tagColumns(const QString& path)
+{
+    QString out;
+    for (const QString& text : tags::scanTagColumns(path))
+        out += QLatin1Char('\t') + field(text);
     return out;
 }
 
@@ -186,6 +212,8 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
     catalogue::Catalogue catalogue(drives, dialogs);
     catalogue.setGroupName(scan.group);
     ScanHost host(catalogue, io);
+    if (scan.tags && scan.output.isEmpty())
+        host.keepPaths();
     FolderWalker walker(host, directories);
     walker.setSixteenBitCounters(false);
     walker.SearchMask = scan.mask;
@@ -205,7 +233,10 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
         for (int p = 0; p < list.count(); ++p) {
             const catalogue::CatalogueRow& row = list.row(p);
             io.out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
-                   << '\t' << field(row.formato) << '\t' << field(row.unidad) << '\n';
+                   << '\t' << field(row.formato) << '\t' << field(row.unidad);
+            if (scan.tags)
+                io.out << tagColumns(host.pathOf(p));
+            io.out << '\n';
         }
     }
     if (host.leftOut() > 0) {
@@ -221,7 +252,7 @@ nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
                                   const platform::IDirectoryReader& directories)
 {
     return {QStringLiteral("scan"),
-            QStringLiteral("scan CARPETA... [--mask M] [--group G] [--output ARCHIVO]"),
+            QStringLiteral("scan CARPETA... [--mask M] [--group G] [--output ARCHIVO] [--tags]"),
             QStringLiteral("Busca archivos como la ventana de busqueda y muestra las filas "
                            "(scan --help: campos escapados)"),
             [&drives, &directories](const QStringList& args, CliIo& io) {

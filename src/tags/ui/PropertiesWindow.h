@@ -1,0 +1,31 @@
+#pragma once
+
+#include "tags/FileProperties.h"
+
+#include <QWidget>
+
+class QLabel;
+class QScrollArea;
+
+namespace nubo::tags::ui {
+
+// The non-modal "Propiedades de" window: one file's path, size, type, tag fields, audio
+// properties and cover picture.
+class PropertiesWindow final : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PropertiesWindow(QWidget* parent = nullptr);
+
+    // Shows these properties in place of the previous ones.
+    void showProperties(const FileProperties& properties);
+
+private:
+    QWidget* buildFields(const FileProperties& properties);
+    void showPicture(const QByteArray& bytes);
+
+    QScrollArea* m_fields = nullptr;
+    QLabel* m_picture = nullptr;
+};
+
+} // namespace nubo::tags::ui
