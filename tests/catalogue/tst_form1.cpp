@@ -381,6 +381,14 @@ private slots:
         QTest::mouseClick(f.view()->viewport(), Qt::RightButton, {}, f.rowPoint(0));
         QVERIFY(!entry->isEnabled());
         menu->hide();
+        // While a find hides the top row, the shown row is the one asked for.
+        QTest::keyClick(f.view(), Qt::Key_F, Qt::ControlModifier);
+        f.control<QLineEdit>("txtBuscarLista")->setText(QStringLiteral("uno"));
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
+        QTest::mouseClick(f.view()->viewport(), Qt::RightButton, {}, f.rowPoint(1));
+        entry->trigger();
+        menu->hide();
+        QCOMPARE(properties.shown.last(), first);
     }
 
     // The box never shows what it held before the option was switched, nor another row's tag

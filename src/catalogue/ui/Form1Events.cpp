@@ -234,7 +234,7 @@ QString Form1::selectedEntryPath() const
     const QModelIndexList rows = ListView1->selectionModel()->selectedRows();
     if (rows.size() != 1)
         return {};
-    return m_details.entryPath(m_catalogue.list(), m_catalogue.list().positionOf(rows.first()));
+    return m_details.entryPath(m_catalogue.list(), m_filter->positionOf(rows.first()));
 }
 
 void Form1::openOnDoubleClick()
