@@ -2,13 +2,35 @@
 
 namespace nubo::cli {
 
+namespace {
+
+// Writes text as lines of at most width characters, each begun by indent.
+void writeWrapped(QTextStream& stream, const QString& text, int indent, int width)
+{
+    const QString margin(indent, QLatin1Char(' '));
+    QString line;
+    for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (!line.isEmpty() && indent + line.size() + 1 + word.size() > width) {
+            stream << margin << line << '\n';
+            line.clear();
+        }
+        line += (line.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+    }
+    if (!line.isEmpty())
+        stream << margin << line << '\n';
+}
+
+} // namespace
+
 void Cli::printUsage(QTextStream& stream) const
 {
     stream << "uso: nubo-cli ORDEN [ARGUMENTOS]\n\n"
            << "Cataloga, convierte e inspecciona archivos sin abrir ventanas.\n\n"
            << "Órdenes:\n";
-    for (const CliCommand& command : m_commands)
-        stream << "  " << command.synopsis.leftJustified(34) << ' ' << command.help << '\n';
+    for (const CliCommand& command : m_commands) {
+        stream << "  " << command.synopsis << '\n';
+        writeWrapped(stream, command.help, 6, 79);
+    }
     stream << "\nEstado de salida: 0 correcto, 1 error de uso, 2 error de archivo.\n";
 }
 

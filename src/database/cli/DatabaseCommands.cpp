@@ -87,10 +87,10 @@ QList<nubo::cli::CliCommand> databaseCommands()
 {
     return {
         {QStringLiteral("show"), QStringLiteral("show ARCHIVO"),
-         QStringLiteral("muestra las filas de un catálogo .xls o .mdb como las cargaría la lista"),
+         QStringLiteral("Muestra las filas de un catálogo .xls o .mdb como las cargaría la lista"),
          show},
         {QStringLiteral("convert"), QStringLiteral("convert ENTRADA SALIDA"),
-         QStringLiteral("carga un catálogo y lo guarda en el formato de la extensión de SALIDA"),
+         QStringLiteral("Carga un catálogo y lo guarda en el formato de la extensión de SALIDA"),
          convert},
         findCommand(),
     };

@@ -119,7 +119,7 @@ nubo::cli::CliCommand findCommand()
 {
     return {QStringLiteral("find"), QStringLiteral("find [--count] TEXTO CATALOGO..."),
             QStringLiteral(
-                "las filas de catálogos .xls, .mdb o TSV de scan (o de las carpetas) "
+                "Muestra las filas de catálogos .xls, .mdb o TSV de scan (o de las carpetas) "
                 "cuyo NOMBRE, DIRECCION u ORIGEN tienen todas las palabras de TEXTO, "
                 "sin mirar mayúsculas ni acentos; --count: cuántas por catálogo; estado 1 si "
                 "no hay ninguna"),

@@ -101,7 +101,7 @@ nubo::cli::CliCommand coverCommand()
 {
     return {QStringLiteral("cover"),
             QStringLiteral("cover CATALOGO [--columns N] --output ARCHIVO.pdf"),
-            QStringLiteral("dibuja la lista de un catálogo (.xls, .mdb o TSV de scan) como tapa "
+            QStringLiteral("Dibuja la lista de un catálogo (.xls, .mdb o TSV de scan) como tapa "
                            "de CD de 12 x 12 cm en un PDF"),
             cover};
 }

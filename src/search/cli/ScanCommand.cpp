@@ -253,7 +253,7 @@ nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
 {
     return {QStringLiteral("scan"),
             QStringLiteral("scan CARPETA... [--mask M] [--group G] [--output ARCHIVO] [--tags]"),
-            QStringLiteral("Busca archivos como la ventana de busqueda y muestra las filas "
+            QStringLiteral("Busca archivos como la ventana de búsqueda y muestra las filas "
                            "(scan --help: campos escapados)"),
             [&drives, &directories](const QStringList& args, CliIo& io) {
                 return runScan(drives, directories, args, io);
