@@ -96,6 +96,11 @@ public:
         QString copy = path;
         m_catalogue.AddFileToList(copy);
     }
+    void addKnownFileToList(const QString& path) override
+    {
+        QString copy = path;
+        m_catalogue.AddKnownFileToList(copy);
+    }
     void setFolderStrip(const QString&) override
     {
         if (!m_io.errIsTerminal || m_progress.elapsed() < 200)
