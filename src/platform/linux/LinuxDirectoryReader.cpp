@@ -5,6 +5,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace nubo::platform {
 
@@ -13,7 +14,7 @@ namespace {
 // Folders are looked up once more, relative to the open folder, to learn their device, so a
 // walk can stay on one file system; "." and ".." are never walked into, so they are not
 // looked up. Other entries are looked up only where the listing does not give their type.
-DirEntry describe(int folder, dev_t folderDevice, const dirent* entry)
+DirEntry describe(int folder, dev_t folderDevice, const dirent64* entry)
 {
     DirEntry result;
     const QByteArrayView name(entry->d_name);
@@ -43,18 +44,29 @@ DirEntry describe(int folder, dev_t folderDevice, const dirent* entry)
 
 std::optional<QList<DirEntry>> LinuxDirectoryReader::read(const QString& folder) const
 {
-    const QByteArray encoded = QFile::encodeName(folder);
-    DIR* dir = ::opendir(encoded.constData());
-    if (!dir)
+    // The folder is read with getdents64 straight from its descriptor: opendir would look the
+    // folder up a second time for what the one fstat below already tells.
+    const int fd = ::open(QFile::encodeName(folder).constData(),
+                          O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
+    if (fd < 0)
         return std::nullopt;
     struct stat self
     {
     };
-    const dev_t device = ::fstat(::dirfd(dir), &self) == 0 ? self.st_dev : dev_t(0);
+    const dev_t device = ::fstat(fd, &self) == 0 ? self.st_dev : dev_t(0);
     QList<DirEntry> entries;
-    while (const dirent* entry = ::readdir(dir))
-        entries.append(describe(::dirfd(dir), device, entry));
-    ::closedir(dir);
+    alignas(dirent64) char buffer[32768];
+    ssize_t got = 0;
+    while ((got = ::getdents64(fd, buffer, sizeof buffer)) > 0) {
+        for (ssize_t at = 0; at < got;) {
+            const auto* entry = reinterpret_cast<const dirent64*>(buffer + at);
+            entries.append(describe(fd, device, entry));
+            at += entry->d_reclen;
+        }
+    }
+    ::close(fd);
+    if (got < 0)
+        return std::nullopt;
     return entries;
 }
 
