@@ -14,6 +14,19 @@ namespace {
 // than a removal signal per run.
 constexpr int kMaxRemovalRuns = 32;
 
+// Rows added one after another mostly repeat their neighbour's folder, group, format and drive:
+// equal texts share the neighbour's copy, so a million rows do not hold a million copies.
+void shareRepeatedTexts(CatalogueRow& row, const CatalogueRow& neighbour)
+{
+    for (const Column column :
+         {Column::Direccion, Column::Origen, Column::Formato, Column::Unidad}) {
+        QString& text = row.text(column);
+        const QString& other = neighbour.text(column);
+        if (text.constData() != other.constData() && text == other)
+            text = other;
+    }
+}
+
 } // namespace
 
 CatalogueList::CatalogueList(QObject* parent) : QAbstractTableModel(parent)
@@ -25,12 +38,16 @@ CatalogueList::CatalogueList(QObject* parent) : QAbstractTableModel(parent)
 
 void CatalogueList::insertAtTop(CatalogueRow row)
 {
+    if (!m_rows.empty())
+        shareRepeatedTexts(row, m_rows.back());
     m_rows.push_back(std::move(row));
     scheduleFlush();
 }
 
 void CatalogueList::appendAtBottom(CatalogueRow row)
 {
+    if (!m_rows.empty())
+        shareRepeatedTexts(row, m_rows.front());
     m_rows.push_front(std::move(row));
     ++m_pendingBottom;
     scheduleFlush();
