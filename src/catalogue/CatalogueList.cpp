@@ -1,6 +1,7 @@
 #include "catalogue/CatalogueList.h"
 
 #include <QCollator>
+#include <QHash>
 #include <QLocale>
 
 #include <algorithm>
@@ -147,15 +148,11 @@ int CatalogueList::removeSelected()
     return removed;
 }
 
-void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
+// The order of the rows by column, as old positions in their new order; equal texts keep
+// their relative order. Each distinct text gets one sort key, so repeated folders, groups and
+// formats are collated once and the rows then sort by a number.
+std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder order) const
 {
-    flush();
-    if (count() < 2)
-        return;
-    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    // order[newPosition] = oldPosition; equal texts keep their relative order.
-    std::vector<int> byNewPosition(m_rows.size());
-    std::iota(byNewPosition.begin(), byNewPosition.end(), 0);
     // The user's language decides the order: accents sort beside their letter, case is ignored.
     // Under the bare C locale, which knows no accents, the interface's Spanish decides.
     QLocale language;
@@ -163,14 +160,64 @@ void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
         language = QLocale(QLocale::Spanish, QLocale::Spain);
     QCollator collator(language);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
+    // File names seldom repeat: looking for repeats would only cost.
+    const bool repeats = column != Column::Nombre;
+    QHash<QString, int> distinct;
+    std::vector<int> textOf(m_rows.size());
     std::vector<QCollatorSortKey> keys;
-    keys.reserve(m_rows.size());
-    for (int p = 0; p < count(); ++p)
-        keys.push_back(collator.sortKey(row(p).text(column).toCaseFolded())); // C locale too
-    std::stable_sort(byNewPosition.begin(), byNewPosition.end(), [&](int a, int b) {
+    keys.reserve(repeats ? 0 : m_rows.size());
+    for (int p = 0; p < count(); ++p) {
+        const QString& text = row(p).text(column);
+        auto it = repeats ? distinct.constFind(text) : distinct.constEnd();
+        if (it == distinct.constEnd()) {
+            textOf[std::size_t(p)] = int(keys.size());
+            if (repeats)
+                distinct.insert(text, int(keys.size()));
+            keys.push_back(collator.sortKey(text.toCaseFolded())); // C locale too
+        } else {
+            textOf[std::size_t(p)] = *it;
+        }
+    }
+    const auto before = [&](int a, int b) {
         const int c = keys[std::size_t(a)].compare(keys[std::size_t(b)]);
         return order == Qt::AscendingOrder ? c < 0 : c > 0;
+    };
+    std::vector<int> positions(m_rows.size());
+    std::iota(positions.begin(), positions.end(), 0);
+    if (!repeats) { // one key per row, in position order
+        std::stable_sort(positions.begin(), positions.end(), before);
+        return positions;
+    }
+    if (keys.size() * 2 > m_rows.size()) { // mostly distinct texts: no ranks worth building
+        std::stable_sort(positions.begin(), positions.end(), [&](int a, int b) {
+            return before(textOf[std::size_t(a)], textOf[std::size_t(b)]);
+        });
+        return positions;
+    }
+    std::vector<int> byKey(keys.size());
+    std::iota(byKey.begin(), byKey.end(), 0);
+    std::sort(byKey.begin(), byKey.end(), before);
+    std::vector<int> rankOfText(keys.size());
+    for (std::size_t i = 0, rank = 0; i < byKey.size(); ++i) {
+        if (i > 0 && before(byKey[i - 1], byKey[i]))
+            ++rank;
+        rankOfText[std::size_t(byKey[i])] = int(rank);
+    }
+    std::stable_sort(positions.begin(), positions.end(), [&](int a, int b) {
+        return rankOfText[std::size_t(textOf[std::size_t(a)])] <
+               rankOfText[std::size_t(textOf[std::size_t(b)])];
     });
+    return positions;
+}
+
+void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
+{
+    flush();
+    if (count() < 2)
+        return;
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    // byNewPosition[newPosition] = oldPosition
+    const std::vector<int> byNewPosition = sortedPositions(column, order);
     std::deque<CatalogueRow> sorted(m_rows.size());
     std::vector<int> newPositionOf(m_rows.size());
     for (int p = 0; p < count(); ++p) {
