@@ -148,10 +148,17 @@ int CatalogueList::removeSelected()
     return removed;
 }
 
-// The order of the rows by column, as old positions in their new order; equal texts keep
-// their relative order. Each distinct text gets one sort key, so repeated folders, groups and
-// formats are collated once and the rows then sort by a number.
-std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder order) const
+namespace {
+
+// One sort key per distinct text of a column (per row where texts are not looked up for
+// repeats), and each row's key, top first.
+struct ColumnKeys
+{
+    std::vector<QCollatorSortKey> keys;
+    std::vector<int> keyOf;
+};
+
+ColumnKeys collateColumn(const CatalogueList& list, Column column, bool repeats)
 {
     // The user's language decides the order: accents sort beside their letter, case is ignored.
     // Under the bare C locale, which knows no accents, the interface's Spanish decides.
@@ -160,24 +167,37 @@ std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder ord
         language = QLocale(QLocale::Spanish, QLocale::Spain);
     QCollator collator(language);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
+    ColumnKeys result;
+    result.keyOf.resize(std::size_t(list.count()));
+    result.keys.reserve(repeats ? 0 : std::size_t(list.count()));
+    QHash<QString, int> distinct;
+    for (int p = 0; p < list.count(); ++p) {
+        const QString& text = list.row(p).text(column);
+        const auto it = repeats ? distinct.constFind(text) : distinct.constEnd();
+        if (it != distinct.constEnd()) {
+            result.keyOf[std::size_t(p)] = *it;
+            continue;
+        }
+        result.keyOf[std::size_t(p)] = int(result.keys.size());
+        if (repeats)
+            distinct.insert(text, int(result.keys.size()));
+        result.keys.push_back(collator.sortKey(text.toCaseFolded())); // C locale too
+    }
+    return result;
+}
+
+} // namespace
+
+// The order of the rows by column, as old positions in their new order; equal texts keep
+// their relative order. Repeated folders, groups and formats are collated once and the rows
+// then sort by a number.
+std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder order) const
+{
     // File names seldom repeat: looking for repeats would only cost.
     const bool repeats = column != Column::Nombre;
-    QHash<QString, int> distinct;
-    std::vector<int> textOf(m_rows.size());
-    std::vector<QCollatorSortKey> keys;
-    keys.reserve(repeats ? 0 : m_rows.size());
-    for (int p = 0; p < count(); ++p) {
-        const QString& text = row(p).text(column);
-        auto it = repeats ? distinct.constFind(text) : distinct.constEnd();
-        if (it == distinct.constEnd()) {
-            textOf[std::size_t(p)] = int(keys.size());
-            if (repeats)
-                distinct.insert(text, int(keys.size()));
-            keys.push_back(collator.sortKey(text.toCaseFolded())); // C locale too
-        } else {
-            textOf[std::size_t(p)] = *it;
-        }
-    }
+    const ColumnKeys collated = collateColumn(*this, column, repeats);
+    const std::vector<QCollatorSortKey>& keys = collated.keys;
+    const std::vector<int>& textOf = collated.keyOf;
     const auto before = [&](int a, int b) {
         const int c = keys[std::size_t(a)].compare(keys[std::size_t(b)]);
         return order == Qt::AscendingOrder ? c < 0 : c > 0;
