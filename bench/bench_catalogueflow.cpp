@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QKeyEvent>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -19,16 +20,19 @@
 
 #include <algorithm>
 
+#include <malloc.h>
+
 namespace {
 
 using namespace nubo;
 
 constexpr int kRows = 30000;
+constexpr int kMillion = 1000000;
 
-void fill(catalogue::CatalogueList& list)
+void fill(catalogue::CatalogueList& list, int rows = kRows)
 {
     list.clear();
-    for (int i = 0; i < kRows; ++i)
+    for (int i = 0; i < rows; ++i)
         list.insertAtTop({QStringLiteral("tema %1").arg(i),
                           QStringLiteral("/Disco%1/").arg(i / 500),
                           QStringLiteral("Discos de prueba"), QStringLiteral("MP3"),
@@ -64,9 +68,9 @@ struct Bench
         QCoreApplication::processEvents();
     }
 
-    double timeSave(const QString& path)
+    double timeSave(const QString& path, int rows = kRows)
     {
-        fill(list.catalogue.list());
+        fill(list.catalogue.list(), rows);
         QCoreApplication::processEvents(); // the rows are on screen before the user saves
         QElapsedTimer clock;
         clock.start();
@@ -97,7 +101,62 @@ struct Bench
         flow.SaveByExtension(path);
         return pressed.isValid() ? double(pressed.nsecsElapsed()) / 1e6 : -1;
     }
+    // Escape pressed 300 ms into a load: how long until the load has ended.
+    double escapeLoadWait(const QString& path)
+    {
+        list.catalogue.list().clear();
+        QElapsedTimer pressed;
+        QTimer::singleShot(300, &list.form, [&] {
+            pressed.start();
+            QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            QCoreApplication::sendEvent(&list.form, &escape);
+        });
+        flow.LoadByExtension(path);
+        return pressed.isValid() ? double(pressed.nsecsElapsed()) / 1e6 : -1;
+    }
 };
+
+// The process's peak resident memory, in MB, since the last resetPeakMemory().
+double peakMemoryMb()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
+    }
+    return -1;
+}
+
+void resetPeakMemory()
+{
+    QFile clear(QStringLiteral("/proc/self/clear_refs"));
+    if (clear.open(QIODevice::WriteOnly))
+        clear.write("5");
+}
+
+// A million rows saved to and loaded from a database through the window, once each.
+void measureMillion(Bench& bench, QTextStream& out)
+{
+    const QString path = bench.dir.filePath(QStringLiteral("millon.mdb"));
+    const double save = bench.timeSave(path, kMillion);
+    bench.list.catalogue.list().clear();
+    QCoreApplication::processEvents();
+    ::malloc_trim(0); // the saved rows' memory goes back, so the peak is the load's own
+    resetPeakMemory();
+    const double before = peakMemoryMb();
+    const double load = bench.timeLoad(path);
+    const double peak = peakMemoryMb();
+    const int loaded = bench.list.catalogue.list().count();
+    const double escape = bench.escapeLoadWait(path);
+    out << kMillion << " rows, lista.mdb through the window: save " << save
+        << " s (goal: under 3 s), load " << load << " s (goal: under 3 s), rows loaded " << loaded
+        << "\n    peak memory during the load " << peak << " MB (" << before
+        << " MB before it; goal: under 400 MB); Escape 300 ms into a load stopped it after "
+        << escape << " ms (goal: under 100 ms) with " << bench.list.catalogue.list().count()
+        << " rows\n";
+}
 
 double bareSave(const catalogue::CatalogueList& list, const QString& path)
 {
@@ -169,5 +228,6 @@ int main(int argc, char** argv)
         out << "    Escape during a save stopped it after at most " << f.escape << " ms; "
             << bench.list.catalogue.info().text() << "\n";
     }
+    measureMillion(bench, out);
     return 0;
 }

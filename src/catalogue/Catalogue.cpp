@@ -56,8 +56,12 @@ bool Catalogue::refuseWhileBusy()
 
 void Catalogue::AddFileToList(QString& path)
 {
-    if (!QFileInfo(path).isFile())
-        return;
+    if (QFileInfo(path).isFile())
+        AddKnownFileToList(path);
+}
+
+void Catalogue::AddKnownFileToList(QString& path)
+{
     CatalogueRow row = m_deriver.derive(path);
     row.origen = m_groupName;
     m_list.insertAtTop(std::move(row));

@@ -4,6 +4,7 @@
 //
 //   void AddFileToList(QString& path)   adds one existing file as the new top row; on return
 //                                      path holds the file's folder (see RowDeriver)
+//   void AddKnownFileToList(QString& path)  the same for a path already known to be a file
 //   void DeleteSelectedRows(), SortByColumn(int column)
 //   EmptyOutcome EmptyList()           whether the rows went, stayed, or a save kept them
 //   void ShowInfoMessage(text, delayMs, colour 0xRRGGBB), UpdateCountLine()
@@ -59,6 +60,8 @@ public:
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
 
     void AddFileToList(QString& path);
+    // A folder listing already said path is a regular file: it is not looked up again.
+    void AddKnownFileToList(QString& path);
     void DeleteSelectedRows();
     EmptyOutcome EmptyList();
     void SortByColumn(int column);

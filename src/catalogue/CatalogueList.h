@@ -28,6 +28,7 @@
 #include <QTimer>
 
 #include <deque>
+#include <vector>
 
 namespace nubo::catalogue {
 
@@ -78,6 +79,7 @@ private:
         return std::size_t(m_pendingBottom + m_shown - 1 - viewRow);
     }
     void removeStorageRange(std::size_t first, std::size_t last);
+    std::vector<int> sortedPositions(Column column, Qt::SortOrder order) const;
     void scheduleFlush();
 
     std::deque<CatalogueRow> m_rows;

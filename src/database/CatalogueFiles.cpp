@@ -179,10 +179,7 @@ LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
     DatabaseReader reader;
     if (!reader.open(path))
         return loadFailed(reader.errorString());
-    QList<CatalogueRecord> records;
-    CatalogueRecord record;
-    while (reader.next(record))
-        records.append(record);
+    QList<CatalogueRecord> records = reader.takeRecords();
     LoadOutcome outcome;
     outcome.ok = true;
     outcome.name = reader.tableName();

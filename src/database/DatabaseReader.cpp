@@ -103,8 +103,12 @@ bool DatabaseReader::read(const QByteArray& file, const QString& name)
         m_fieldNames.append(table->columns.at(i).name);
     jet.forEachRow(*table, [&](const QList<QString>& values) {
         CatalogueRecord record;
-        for (int i = 0; i < fields; ++i)
+        for (int i = 0; i < fields; ++i) {
             record.field(i) = values.at(i);
+            // Folders, groups and formats repeat from record to record: one shared copy each.
+            if (i > 0 && !m_rows.isEmpty() && record.field(i) == m_rows.constLast().field(i))
+                record.field(i) = m_rows.constLast().field(i);
+        }
         m_rows.append(std::move(record));
         return true;
     });
@@ -117,6 +121,14 @@ bool DatabaseReader::next(CatalogueRecord& record)
         return false;
     record = m_rows.at(m_next++);
     return true;
+}
+
+QList<CatalogueRecord> DatabaseReader::takeRecords()
+{
+    QList<CatalogueRecord> rest = m_next == 0 ? std::move(m_rows) : m_rows.mid(m_next);
+    m_rows.clear();
+    m_next = 0;
+    return rest;
 }
 
 } // namespace nubo::database

@@ -23,6 +23,8 @@ public:
     qsizetype recordCount() const { return m_recordCount; }
     // The next record in file order; false at the end.
     bool next(CatalogueRecord& record);
+    // Every record not yet read, in file order, handed over without a copy.
+    QList<CatalogueRecord> takeRecords();
     QString errorString() const { return m_error; }
 
 private:

@@ -12,6 +12,8 @@ struct DirEntry
 {
     QString name;
     bool isFolder = false;
+    // A regular file, as the listing itself says: no look-up is needed to know it is a file.
+    bool isFile = false;
     // A folder on another file system than the one listed: a mount point below it.
     bool otherFileSystem = false;
     // The name's bytes are not valid UTF-8: name holds a lossy decoding of them.

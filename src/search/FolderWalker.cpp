@@ -37,6 +37,15 @@ void FolderWalker::letEventsRun()
 {
     if (m_eventInterval > 0 && m_sinceEvents.isValid() && m_sinceEvents.elapsed() < m_eventInterval)
         return;
+    // The strip is only seen when the window repaints, so it is printed just before events
+    // run rather than for every folder entered.
+    if (m_stripPending) {
+        m_stripPending = false;
+        QString shown = m_currentFolder;
+        if (!shown.isEmpty())
+            shown[0] = shown[0].toUpper();
+        m_host.setFolderStrip(QStringLiteral("Buscando ... ") + shown);
+    }
     m_host.letEventsRun();
     m_sinceEvents.start();
 }
@@ -44,16 +53,15 @@ void FolderWalker::letEventsRun()
 void FolderWalker::WalkFolder(const QString& path)
 {
     m_currentFolder = path;
-    QString shown = path;
-    if (!shown.isEmpty())
-        shown[0] = shown[0].toUpper();
-    m_host.setFolderStrip(QStringLiteral("Buscando ... ") + shown);
+    m_stripPending = true;
     letEventsRun();
     if (!Searching)
         return;
 
+    // One listing serves both the folder's own matches and the folders to enter.
+    const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path);
     QStringList subFolders;
-    if (const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path)) {
+    if (entries) {
         for (const platform::DirEntry& entry : *entries) {
             // Every folder whose name begins with a dot is left out, not only "." and "..".
             // A Windows drive's tree never enters another drive: other file systems mounted
@@ -72,9 +80,9 @@ void FolderWalker::WalkFolder(const QString& path)
             }
         }
     }
-    if (CollectFiles) {
+    if (CollectFiles && entries) {
         const FolderBatch batch(m_host);
-        MatchFilesInFolder(path);
+        matchFiles(path, *entries);
     }
     for (const QString& name : subFolders)
         WalkFolder(path + name + QLatin1Char('/'));
@@ -82,12 +90,15 @@ void FolderWalker::WalkFolder(const QString& path)
 
 void FolderWalker::MatchFilesInFolder(const QString& path)
 {
-    const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path);
-    if (!entries)
-        return;
+    if (const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path))
+        matchFiles(path, *entries);
+}
+
+void FolderWalker::matchFiles(const QString& path, const QList<platform::DirEntry>& entries)
+{
     if (!m_mask || m_mask->pattern() != SearchMask)
         m_mask.emplace(SearchMask);
-    for (const platform::DirEntry& entry : *entries) {
+    for (const platform::DirEntry& entry : entries) {
         // No attribute test: matching folders are offered too, and the list refuses them.
         if (!m_mask->matches(entry.name))
             continue;
@@ -96,7 +107,11 @@ void FolderWalker::MatchFilesInFolder(const QString& path)
             return;
         if (entry.undecodable)
             m_host.undecodableName(path + entry.name);
-        m_host.addFileToList(path + entry.name);
+        // A name decoded with losses names no file: the list's own look-up refuses it.
+        if (entry.isFile && !entry.undecodable)
+            m_host.addKnownFileToList(path + entry.name);
+        else
+            m_host.addFileToList(path + entry.name);
         // Counted whatever the list did with the name.
         MatchCount.increment();
     }

@@ -39,10 +39,12 @@ public:
 
 private:
     void letEventsRun();
+    void matchFiles(const QString& path, const QList<platform::DirEntry>& entries);
 
     IWalkHost& m_host;
     const platform::IDirectoryReader& m_directories;
     QString m_currentFolder;
+    bool m_stripPending = false; // m_currentFolder is not on the strip yet
     // SearchMask read once, again whenever it changes.
     std::optional<platform::WildcardMask> m_mask;
     int m_eventInterval = 0;

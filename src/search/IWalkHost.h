@@ -10,7 +10,9 @@ class IWalkHost
 public:
     virtual ~IWalkHost() = default;
 
-    virtual void addFileToList(const QString& path) = 0;  // AddFileToList with a copy
+    virtual void addFileToList(const QString& path) = 0; // AddFileToList with a copy
+    // A path the folder listing already says is a regular file: no look-up needed.
+    virtual void addKnownFileToList(const QString& path) { addFileToList(path); }
     virtual void setFolderStrip(const QString& text) = 0; // Picture1 cleared, text printed
     virtual void beginFolderBatch() = 0;                  // list redraw off
     virtual void endFolderBatch() = 0;                    // scrolled to its bottom, redraw on

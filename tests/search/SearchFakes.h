@@ -39,6 +39,12 @@ public:
     };
     std::function<void(int)> onAdd; // runs after each accepted row, with the row count
 
+    QStringList known; // offered as files the folder listing named, then treated alike
+    void addKnownFileToList(const QString& path) override
+    {
+        known.append(path);
+        addFileToList(path);
+    }
     void addFileToList(const QString& path) override
     {
         offered.append(path);

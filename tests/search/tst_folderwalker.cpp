@@ -107,6 +107,8 @@ private slots:
         QCOMPARE(rows, (QStringList{"a/tema.mp3", "enlace.mp3"}));
         // The matching link to a folder was offered and refused, and counted.
         QCOMPARE(walk.walker.MatchCount.value(), 3);
+        // Only the plain file skips the list's look-up; links are looked up.
+        QCOMPARE(relative(walk.host.known, r), QStringList{"a/tema.mp3"});
     }
 
     void oddNamesAreWalked()
@@ -174,6 +176,8 @@ private slots:
         walk(w.walker, "/r/");
         QCOMPARE(w.host.rows, (QStringList{"/r/a.mp3", "/r/ok/b.mp3"}));
         QCOMPARE(w.walker.FoldersSeen.value(), 3);
+        // One listing per folder serves both its files and its subfolders.
+        QCOMPARE(w.reader.reads, (QStringList{"/r/", "/r/gone/", "/r/closed/", "/r/ok/"}));
     }
 
     void folderOverflowAbandonsTheWalk()

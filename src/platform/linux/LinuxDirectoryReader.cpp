@@ -3,41 +3,39 @@
 #include <QFile>
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace nubo::platform {
 
 namespace {
 
-QByteArray childPath(const QByteArray& folder, const char* name)
-{
-    QByteArray path = folder;
-    if (!path.endsWith('/'))
-        path.append('/');
-    return path.append(name);
-}
-
-// Folders are looked up once more to learn their device, so a walk can stay on one file
-// system; "." and ".." are never walked into, so they are not looked up.
-DirEntry describe(const QByteArray& folder, dev_t folderDevice, const dirent* entry)
+// Folders are looked up once more, relative to the open folder, to learn their device, so a
+// walk can stay on one file system; "." and ".." are never walked into, so they are not
+// looked up. Other entries are looked up only where the listing does not give their type.
+DirEntry describe(int folder, dev_t folderDevice, const dirent64* entry)
 {
     DirEntry result;
-    const QByteArray name(entry->d_name);
-    result.name = QFile::decodeName(name);
+    const QByteArrayView name(entry->d_name);
     result.undecodable = !QUtf8StringView(name).isValidUtf8();
+    result.name =
+        result.undecodable ? QFile::decodeName(name.toByteArray()) : QString::fromUtf8(name);
+    result.isFile = entry->d_type == DT_REG;
     if (entry->d_type != DT_DIR && entry->d_type != DT_UNKNOWN)
         return result;
     if (name == "." || name == "..") {
         result.isFolder = entry->d_type == DT_DIR;
         return result;
     }
-    // Some file systems do not fill d_type; lstat keeps links to folders out as well.
+    // Some file systems do not fill d_type; not following links keeps links to folders out.
     struct stat info
     {
     };
-    if (::lstat(childPath(folder, entry->d_name).constData(), &info) != 0)
+    if (::fstatat(folder, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) != 0)
         return result;
     result.isFolder = S_ISDIR(info.st_mode);
+    result.isFile = S_ISREG(info.st_mode);
     result.otherFileSystem = result.isFolder && info.st_dev != folderDevice;
     return result;
 }
@@ -46,18 +44,29 @@ DirEntry describe(const QByteArray& folder, dev_t folderDevice, const dirent* en
 
 std::optional<QList<DirEntry>> LinuxDirectoryReader::read(const QString& folder) const
 {
-    const QByteArray encoded = QFile::encodeName(folder);
-    DIR* dir = ::opendir(encoded.constData());
-    if (!dir)
+    // The folder is read with getdents64 straight from its descriptor: opendir would look the
+    // folder up a second time for what the one fstat below already tells.
+    const int fd = ::open(QFile::encodeName(folder).constData(),
+                          O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
+    if (fd < 0)
         return std::nullopt;
     struct stat self
     {
     };
-    const dev_t device = ::fstat(::dirfd(dir), &self) == 0 ? self.st_dev : dev_t(0);
+    const dev_t device = ::fstat(fd, &self) == 0 ? self.st_dev : dev_t(0);
     QList<DirEntry> entries;
-    while (const dirent* entry = ::readdir(dir))
-        entries.append(describe(encoded, device, entry));
-    ::closedir(dir);
+    alignas(dirent64) char buffer[32768];
+    ssize_t got = 0;
+    while ((got = ::getdents64(fd, buffer, sizeof buffer)) > 0) {
+        for (ssize_t at = 0; at < got;) {
+            const auto* entry = reinterpret_cast<const dirent64*>(buffer + at);
+            entries.append(describe(fd, device, entry));
+            at += entry->d_reclen;
+        }
+    }
+    ::close(fd);
+    if (got < 0)
+        return std::nullopt;
     return entries;
 }
 

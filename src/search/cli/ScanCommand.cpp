@@ -107,6 +107,11 @@ public:
         if (m_keepPaths && m_catalogue.list().count() > before)
             m_paths.append(path);
     }
+    void addKnownFileToList(const QString& path) override
+    {
+        QString copy = path;
+        m_catalogue.AddKnownFileToList(copy);
+    }
     void setFolderStrip(const QString&) override
     {
         if (!m_io.errIsTerminal || m_progress.elapsed() < 200)
@@ -150,9 +155,10 @@ private:
 // One field of a row: the bytes that would split a row or a field are written escaped.
 QString field(const QString& text)
 {
+    // Every byte to escape lies at or below the backslash.
     const auto plain = [](QChar c) {
-        return c != QLatin1Char('\\') && c != QLatin1Char('\t') && c != QLatin1Char('\n') &&
-               c != QLatin1Char('\r');
+        return c.unicode() > u'\\' || (c != QLatin1Char('\\') && c != QLatin1Char('\t') &&
+                                       c != QLatin1Char('\n') && c != QLatin1Char('\r'));
     };
     if (std::all_of(text.begin(), text.end(), plain))
         return text;

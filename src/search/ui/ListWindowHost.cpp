@@ -19,6 +19,12 @@ void ListWindowHost::addFileToList(const QString& path)
     m_catalogue.AddFileToList(copy);
 }
 
+void ListWindowHost::addKnownFileToList(const QString& path)
+{
+    QString copy = path;
+    m_catalogue.AddKnownFileToList(copy);
+}
+
 void ListWindowHost::setFolderStrip(const QString& text)
 {
     m_window.setFolderStrip(text);

@@ -24,6 +24,7 @@ public:
 
     // ISearchHost
     void addFileToList(const QString& path) override;
+    void addKnownFileToList(const QString& path) override;
     void setFolderStrip(const QString& text) override;
     void beginFolderBatch() override {}
     void endFolderBatch() override;
