@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QLocale>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace nubo::catalogue;
@@ -23,15 +24,17 @@ int main(int argc, char** argv)
              QStringLiteral("MP3"), QStringLiteral("/d")});
     }
     list.flush();
+    // Best of five per column, the order turning each time as header clicks turn it.
     for (const Column column : {Column::Nombre, Column::Direccion}) {
-        for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+        double best = 1e9;
+        for (int run = 0; run < 5; ++run) {
             QElapsedTimer timer;
             timer.start();
-            list.sortByColumn(column, order);
-            std::printf("column %d, %s: %.3f s for %d rows (goal: under 1 s)\n", int(column),
-                        order == Qt::AscendingOrder ? "ascending" : "descending",
-                        double(timer.nsecsElapsed()) / 1e9, kRows);
+            list.sortByColumn(column, run % 2 ? Qt::AscendingOrder : Qt::DescendingOrder);
+            best = std::min(best, double(timer.nsecsElapsed()) / 1e9);
         }
+        std::printf("sorting %d rows by column %d: %.3f s, best of 5 (goal: under 1 s)\n", kRows,
+                    int(column), best);
     }
     return 0;
 }

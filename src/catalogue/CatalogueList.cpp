@@ -1,11 +1,8 @@
 #include "catalogue/CatalogueList.h"
 
-#include <QCollator>
-#include <QHash>
-#include <QLocale>
+#include "catalogue/ColumnOrder.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace nubo::catalogue {
 
@@ -148,86 +145,15 @@ int CatalogueList::removeSelected()
     return removed;
 }
 
-namespace {
-
-// One sort key per distinct text of a column (per row where texts are not looked up for
-// repeats), and each row's key, top first.
-struct ColumnKeys
-{
-    std::vector<QCollatorSortKey> keys;
-    std::vector<int> keyOf;
-};
-
-ColumnKeys collateColumn(const CatalogueList& list, Column column, bool repeats)
-{
-    // The user's language decides the order: accents sort beside their letter, case is ignored.
-    // Under the bare C locale, which knows no accents, the interface's Spanish decides.
-    QLocale language;
-    if (language.language() == QLocale::C)
-        language = QLocale(QLocale::Spanish, QLocale::Spain);
-    QCollator collator(language);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    ColumnKeys result;
-    result.keyOf.resize(std::size_t(list.count()));
-    result.keys.reserve(repeats ? 0 : std::size_t(list.count()));
-    QHash<QString, int> distinct;
-    for (int p = 0; p < list.count(); ++p) {
-        const QString& text = list.row(p).text(column);
-        const auto it = repeats ? distinct.constFind(text) : distinct.constEnd();
-        if (it != distinct.constEnd()) {
-            result.keyOf[std::size_t(p)] = *it;
-            continue;
-        }
-        result.keyOf[std::size_t(p)] = int(result.keys.size());
-        if (repeats)
-            distinct.insert(text, int(result.keys.size()));
-        result.keys.push_back(collator.sortKey(text.toCaseFolded())); // C locale too
-    }
-    return result;
-}
-
-} // namespace
-
 // The order of the rows by column, as old positions in their new order; equal texts keep
-// their relative order. Repeated folders, groups and formats are collated once and the rows
-// then sort by a number.
+// their relative order.
 std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder order) const
 {
+    std::vector<const QString*> texts(m_rows.size());
+    for (int p = 0; p < count(); ++p)
+        texts[std::size_t(p)] = &row(p).text(column);
     // File names seldom repeat: looking for repeats would only cost.
-    const bool repeats = column != Column::Nombre;
-    const ColumnKeys collated = collateColumn(*this, column, repeats);
-    const std::vector<QCollatorSortKey>& keys = collated.keys;
-    const std::vector<int>& textOf = collated.keyOf;
-    const auto before = [&](int a, int b) {
-        const int c = keys[std::size_t(a)].compare(keys[std::size_t(b)]);
-        return order == Qt::AscendingOrder ? c < 0 : c > 0;
-    };
-    std::vector<int> positions(m_rows.size());
-    std::iota(positions.begin(), positions.end(), 0);
-    if (!repeats) { // one key per row, in position order
-        std::stable_sort(positions.begin(), positions.end(), before);
-        return positions;
-    }
-    if (keys.size() * 2 > m_rows.size()) { // mostly distinct texts: no ranks worth building
-        std::stable_sort(positions.begin(), positions.end(), [&](int a, int b) {
-            return before(textOf[std::size_t(a)], textOf[std::size_t(b)]);
-        });
-        return positions;
-    }
-    std::vector<int> byKey(keys.size());
-    std::iota(byKey.begin(), byKey.end(), 0);
-    std::sort(byKey.begin(), byKey.end(), before);
-    std::vector<int> rankOfText(keys.size());
-    for (std::size_t i = 0, rank = 0; i < byKey.size(); ++i) {
-        if (i > 0 && before(byKey[i - 1], byKey[i]))
-            ++rank;
-        rankOfText[std::size_t(byKey[i])] = int(rank);
-    }
-    std::stable_sort(positions.begin(), positions.end(), [&](int a, int b) {
-        return rankOfText[std::size_t(textOf[std::size_t(a)])] <
-               rankOfText[std::size_t(textOf[std::size_t(b)])];
-    });
-    return positions;
+    return ColumnOrder::sorted(texts, column != Column::Nombre, order);
 }
 
 void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
