@@ -47,7 +47,6 @@ private slots:
         QVERIFY(test::writeTagged(path, extension, kFields, kPicture));
         const FileProperties read = tags::readFileProperties(path);
         QVERIFY(read.readable);
-        QCOMPARE(read.size, QFileInfo(path).size());
         // The usual fields first, the rest of the tag after them.
         QStringList keys;
         for (const tags::TagField& field : read.fields)
