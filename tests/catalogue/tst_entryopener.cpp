@@ -22,12 +22,15 @@ class TestEntryOpener final : public QObject
 {
     Q_OBJECT
 private slots:
+    // "<C>" stands for the fixture's drive, which holds tema.mp3.
     void resolvesFixedRows_data()
     {
         QTest::addColumn<CatalogueRow>("row");
         QTest::addColumn<QString>("path");
         QTest::newRow("root, no such file")
             << row("tema", "DIRECTORIO PRINCIPAL", "MP3", "/d") << "/d/tema.MP3";
+        QTest::newRow("the file's own case")
+            << row("tema", "DIRECTORIO PRINCIPAL", "MP3", "<C>") << "<C>/tema.mp3";
         QTest::newRow("no extension") << row("LEAME", "/doc/", "ARCHIVO", "") << "/doc/LEAME";
         QTest::newRow("written on Windows")
             << row("tema", "\\Musica\\Rock\\", "MP3", "D:") << "D:/Musica/Rock/tema.MP3";
@@ -35,20 +38,14 @@ private slots:
     void resolvesFixedRows()
     {
         QFETCH(CatalogueRow, row);
+        QFETCH(QString, path);
         CatalogueFixture f;
+        f.file(QStringLiteral("tema.mp3"));
         EntryPathResolver resolver(f.drives);
         QCOMPARE(resolver.ResolveEntryPath(f.catalogue.list(), 0), QString());
+        row.unidad.replace(QStringLiteral("<C>"), f.drive);
         f.catalogue.list().insertAtTop(row);
-        QTEST(resolver.ResolveEntryPath(f.catalogue.list(), 0), "path");
-    }
-
-    void findsTheFileWhateverTheCaseOfItsExtension()
-    {
-        CatalogueFixture f;
-        const QString path = f.file(QStringLiteral("tema.mp3"));
-        f.catalogue.list().insertAtTop(row("tema", "DIRECTORIO PRINCIPAL", "MP3", f.drive));
-        EntryPathResolver resolver(f.drives);
-        QCOMPARE(resolver.ResolveEntryPath(f.catalogue.list(), 0), path);
+        QCOMPARE(resolver.ResolveEntryPath(f.catalogue.list(), 0), path.replace("<C>", f.drive));
     }
 
     void walksTheDriveListLastToFirst()

@@ -20,14 +20,6 @@ const QMap<QString, QStringList> kFields{
     {"CONDUCTOR", {"Zubin"}}};
 const QByteArray kPicture("\x89PNG\r\n\x1a\n not really a picture", 29);
 
-QStringList keysOf(const FileProperties& properties)
-{
-    QStringList keys;
-    for (const tags::TagField& field : properties.fields)
-        keys.append(field.key);
-    return keys;
-}
-
 } // namespace
 
 // Every tag, the audio properties and the cover of real files, as the tag library reads them.
@@ -55,9 +47,10 @@ private slots:
         QVERIFY(test::writeTagged(path, extension, kFields, kPicture));
         const FileProperties read = tags::readFileProperties(path);
         QVERIFY(read.readable);
-        QCOMPARE(read.size, QFileInfo(path).size());
         // The usual fields first, the rest of the tag after them.
-        const QStringList keys = keysOf(read);
+        QStringList keys;
+        for (const tags::TagField& field : read.fields)
+            keys.append(field.key);
         QCOMPARE(keys.mid(0, 6),
                  QStringList({"TITLE", "ARTIST", "ALBUM", "ALBUMARTIST", "DATE", "TRACKNUMBER"}));
         QVERIFY2(keys.contains("CONDUCTOR"), qPrintable(keys.join(' ')));
