@@ -99,19 +99,8 @@ public:
         m_progress.start();
     }
 
-    void addFileToList(const QString& path) override
-    {
-        QString copy = path;
-        const int before = m_catalogue.list().count();
-        m_catalogue.AddFileToList(copy);
-        if (m_keepPaths && m_catalogue.list().count() > before)
-            m_paths.append(path);
-    }
-    void addKnownFileToList(const QString& path) override
-    {
-        QString copy = path;
-        m_catalogue.AddKnownFileToList(copy);
-    }
+    void addFileToList(const QString& path) override { add(path, false); }
+    void addKnownFileToList(const QString& path) override { add(path, true); }
     void setFolderStrip(const QString&) override
     {
         if (!m_io.errIsTerminal || m_progress.elapsed() < 200)
@@ -150,6 +139,16 @@ private:
     int m_leftOut = 0;
     bool m_keepPaths = false;
     QStringList m_paths;
+
+    // Adds the file as a row, keeping its path for the tag columns when a row was made.
+    void add(const QString& path, bool known)
+    {
+        QString copy = path;
+        const int before = m_catalogue.list().count();
+        known ? m_catalogue.AddKnownFileToList(copy) : m_catalogue.AddFileToList(copy);
+        if (m_keepPaths && m_catalogue.list().count() > before)
+            m_paths.append(path);
+    }
 };
 
 // One field of a row: the bytes that would split a row or a field are written escaped.
