@@ -11,8 +11,11 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace nubo::app {
 
@@ -31,6 +34,23 @@ void stackAbove(QWidget& window, QWidget& owner)
 }
 
 // The properties window as the list window sees it, created on first use.
+// Puts window beside owner, on the side with more room on the screen, kept inside the screen,
+// so the names of the rows it describes stay in sight as far as the screen allows.
+void placeBeside(QWidget& window, const QWidget& owner)
+{
+    const QScreen* screen = owner.screen();
+    if (!screen)
+        return;
+    const QRect free = screen->availableGeometry();
+    const QRect frame = owner.frameGeometry();
+    const QSize size = window.sizeHint().expandedTo(window.minimumSize());
+    const bool right = free.right() - frame.right() >= frame.left() - free.left();
+    const int x = right ? frame.right() + 1 : frame.left() - size.width();
+    const int lastX = std::max(free.left(), free.right() + 1 - size.width());
+    const int lastY = std::max(free.top(), free.bottom() + 1 - size.height());
+    window.move(std::clamp(x, free.left(), lastX), std::clamp(frame.top(), free.top(), lastY));
+}
+
 class PropertiesViewer final : public catalogue::IPropertiesViewer
 {
 public:
@@ -40,12 +60,15 @@ public:
     {
         if (!m_window) {
             m_window = std::make_unique<tags::ui::PropertiesWindow>();
+            // The list keeps the keyboard, so its arrow keys move the window along the rows.
+            m_window->setAttribute(Qt::WA_ShowWithoutActivating);
             stackAbove(*m_window, m_list);
         }
         m_window->showProperties(tags::readFileProperties(path));
+        if (!m_window->isVisible())
+            placeBeside(*m_window, m_list);
         m_window->show();
         m_window->raise();
-        m_window->activateWindow();
     }
     bool isOpen() const override { return m_window && m_window->isVisible(); }
     void followSelection(const QString& path) override
