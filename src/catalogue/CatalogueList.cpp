@@ -38,6 +38,7 @@ void CatalogueList::insertAtTop(CatalogueRow row)
 {
     if (!m_rows.empty())
         shareRepeatedTexts(row, m_rows.back());
+    m_selectedCount += row.selected;
     m_rows.push_back(std::move(row));
     scheduleFlush();
 }
@@ -46,6 +47,7 @@ void CatalogueList::appendAtBottom(CatalogueRow row)
 {
     if (!m_rows.empty())
         shareRepeatedTexts(row, m_rows.front());
+    m_selectedCount += row.selected;
     m_rows.push_front(std::move(row));
     ++m_pendingBottom;
     scheduleFlush();
@@ -85,8 +87,11 @@ void CatalogueList::removeAt(int position)
 
 void CatalogueList::removeStorageRange(std::size_t first, std::size_t last)
 {
-    m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(first),
-                 m_rows.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+    const auto begin = m_rows.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto end = m_rows.begin() + static_cast<std::ptrdiff_t>(last) + 1;
+    m_selectedCount -=
+        int(std::count_if(begin, end, [](const CatalogueRow& r) { return r.selected; }));
+    m_rows.erase(begin, end);
     m_shown = count(); // callers flush first, so nothing is pending
     m_pendingBottom = 0;
 }
@@ -96,6 +101,7 @@ void CatalogueList::clear()
     m_flushTimer.stop();
     beginResetModel();
     m_rows.clear();
+    m_selectedCount = 0;
     m_shown = 0;
     m_pendingBottom = 0;
     endResetModel();
@@ -103,14 +109,11 @@ void CatalogueList::clear()
 
 void CatalogueList::setSelected(int position, bool selected)
 {
-    if (position >= 0 && position < count())
-        m_rows[storageIndex(position)].selected = selected;
-}
-
-void CatalogueList::clearSelection()
-{
-    for (CatalogueRow& r : m_rows)
-        r.selected = false;
+    if (position < 0 || position >= count())
+        return;
+    bool& flag = m_rows[storageIndex(position)].selected;
+    m_selectedCount += int(selected) - int(flag);
+    flag = selected;
 }
 
 int CatalogueList::removeSelected()
@@ -132,6 +135,7 @@ int CatalogueList::removeSelected()
     if (static_cast<int>(runs.size()) > kMaxRemovalRuns) {
         beginResetModel();
         std::erase_if(m_rows, [](const CatalogueRow& r) { return r.selected; });
+        m_selectedCount = 0;
         m_shown = count();
         endResetModel();
         return removed;

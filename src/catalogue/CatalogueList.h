@@ -9,7 +9,7 @@
 //   void insertAtTop(CatalogueRow)          O(1): the new row becomes position 0
 //   void appendAtBottom(CatalogueRow)       O(1): the new row becomes the last position
 //   void removeAt(int p), void clear()
-//   bool isSelected(int p), void setSelected(int p, bool)
+//   bool isSelected(int p), void setSelected(int p, bool), int selectedCount()
 //   int removeSelected()                    removes every selected row; returns how many
 //   void sortByColumn(Column, Qt::SortOrder)  stable, the locale's collation, case-blind
 //   void flush()                            announces pending rows to the views now
@@ -50,7 +50,8 @@ public:
     void clear();
     bool isSelected(int position) const { return row(position).selected; }
     void setSelected(int position, bool selected);
-    void clearSelection();
+    // How many rows are selected, pending ones included.
+    int selectedCount() const { return m_selectedCount; }
     int removeSelected();
     void sortByColumn(Column column, Qt::SortOrder order);
 
@@ -86,6 +87,7 @@ private:
     int m_pendingBottom =
         0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)
+    int m_selectedCount = 0;
     QTimer m_flushTimer;
 };
 

@@ -11,7 +11,6 @@ ListFilter::ListFilter(CatalogueList& list, QObject* parent)
     : QAbstractProxyModel(parent), m_list(list)
 {
     QAbstractProxyModel::setSourceModel(&list);
-    rebuildCopies();
     m_shown = matchingRows(nullptr);
     connect(&list, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) { sourceRowsInserted(first, last); });
@@ -47,21 +46,16 @@ std::string ListFilter::keyOfSourceRow(int row) const
     return FindWords::keyOf(r.nombre, r.direccion, r.origen);
 }
 
-// The filter's copies of the rows' keys and selected flags, made again from the list.
-void ListFilter::rebuildCopies()
+// The rows' folded keys, made again from the list once the find has been prepared.
+void ListFilter::rebuildKeys()
 {
-    const int rows = m_list.rowCount();
     m_keys.clear();
-    m_selected.assign(std::size_t(rows), 0);
-    m_selectedCount = 0;
-    if (m_keysReady)
-        m_keys.reserve(std::size_t(rows));
-    for (int r = 0; r < rows; ++r) {
-        if (m_keysReady)
-            m_keys.push_back(keyOfSourceRow(r));
-        m_selected[std::size_t(r)] = sourceRow(r).selected;
-        m_selectedCount += m_selected[std::size_t(r)];
-    }
+    if (!m_keysReady)
+        return;
+    const int rows = m_list.rowCount();
+    m_keys.reserve(std::size_t(rows));
+    for (int r = 0; r < rows; ++r)
+        m_keys.push_back(keyOfSourceRow(r));
 }
 
 void ListFilter::prepare()
@@ -69,33 +63,26 @@ void ListFilter::prepare()
     if (m_keysReady)
         return;
     m_keysReady = true;
-    rebuildCopies();
+    rebuildKeys();
 }
 
-void ListFilter::insertCopies(int first, int last)
+void ListFilter::insertKeys(int first, int last)
 {
+    if (!m_keysReady)
+        return;
     std::vector<std::string> keys;
-    std::vector<char> selected;
-    for (int r = first; r <= last; ++r) {
-        if (m_keysReady)
-            keys.push_back(keyOfSourceRow(r));
-        selected.push_back(sourceRow(r).selected);
-        m_selectedCount += selected.back();
-    }
-    if (m_keysReady)
-        m_keys.insert(m_keys.begin() + first, std::make_move_iterator(keys.begin()),
-                      std::make_move_iterator(keys.end()));
-    m_selected.insert(m_selected.begin() + first, selected.begin(), selected.end());
+    keys.reserve(std::size_t(last - first + 1));
+    for (int r = first; r <= last; ++r)
+        keys.push_back(keyOfSourceRow(r));
+    m_keys.insert(m_keys.begin() + first, std::make_move_iterator(keys.begin()),
+                  std::make_move_iterator(keys.end()));
 }
 
 void ListFilter::setSelected(const QModelIndex& index, bool selected)
 {
     const QModelIndex source = mapToSource(index);
-    if (!source.isValid() || bool(m_selected[std::size_t(source.row())]) == selected)
-        return;
-    m_selected[std::size_t(source.row())] = selected;
-    m_selectedCount += selected ? 1 : -1;
-    m_list.setSelected(m_list.positionOf(source), selected);
+    if (source.isValid())
+        m_list.setSelected(m_list.positionOf(source), selected);
 }
 
 // The source rows the words match: among the given rows, or among all.
@@ -103,7 +90,7 @@ std::vector<int> ListFilter::matchingRows(const std::vector<int>* among) const
 {
     std::vector<int> rows;
     if (m_words.isEmpty()) {
-        rows.resize(m_selected.size());
+        rows.resize(std::size_t(m_list.rowCount()));
         std::iota(rows.begin(), rows.end(), 0);
         return rows;
     }
@@ -157,19 +144,15 @@ void ListFilter::showRows(std::vector<int> rows)
     announceCounts();
 }
 
-// Only the rows' copy of their flags is read here: touching 300,000 rows would cost more than
-// the find itself.
+// Rows that leave the view stop being selected; with nothing selected, no row is looked at.
 void ListFilter::unselectHidden(const std::vector<int>& before, const std::vector<int>& after)
 {
     auto kept = after.begin();
-    for (auto row = before.begin(); row != before.end() && m_selectedCount > 0; ++row) {
+    for (auto row = before.begin(); row != before.end() && m_list.selectedCount() > 0; ++row) {
         while (kept != after.end() && *kept < *row)
             ++kept;
-        if ((kept == after.end() || *kept != *row) && m_selected[std::size_t(*row)]) {
-            m_selected[std::size_t(*row)] = 0;
-            --m_selectedCount;
+        if ((kept == after.end() || *kept != *row) && sourceRow(*row).selected)
             m_list.setSelected(m_list.positionOf(m_list.index(*row, 0)), false);
-        }
     }
 }
 
@@ -182,7 +165,7 @@ int ListFilter::proxyRowOf(int sourceRow) const
 void ListFilter::sourceRowsInserted(int first, int last)
 {
     const int added = last - first + 1;
-    insertCopies(first, last);
+    insertKeys(first, last);
     const auto at = std::lower_bound(m_shown.begin(), m_shown.end(), first);
     const int proxyFirst = int(at - m_shown.begin());
     for (auto it = at; it != m_shown.end(); ++it)
@@ -218,9 +201,6 @@ void ListFilter::sourceRowsRemoved(int first, int last)
     const int removed = last - first + 1;
     if (m_keysReady)
         m_keys.erase(m_keys.begin() + first, m_keys.begin() + last + 1);
-    m_selectedCount -=
-        int(std::count(m_selected.begin() + first, m_selected.begin() + last + 1, 1));
-    m_selected.erase(m_selected.begin() + first, m_selected.begin() + last + 1);
     for (auto it = std::lower_bound(m_shown.begin(), m_shown.end(), first); it != m_shown.end();
          ++it)
         *it -= removed;
@@ -249,7 +229,7 @@ void ListFilter::sourceDataChanged(const QModelIndex& topLeft, const QModelIndex
 
 void ListFilter::sourceLayoutChanged()
 {
-    rebuildCopies();
+    rebuildKeys();
     m_shown = matchingRows(nullptr);
     QModelIndexList after;
     after.reserve(m_layoutBefore.size());
@@ -263,10 +243,15 @@ void ListFilter::sourceLayoutChanged()
 
 void ListFilter::sourceReset()
 {
-    rebuildCopies();
+    rebuildKeys();
     m_shown = matchingRows(nullptr);
     endResetModel();
     announceCounts();
+}
+
+int ListFilter::totalCount() const
+{
+    return m_list.rowCount();
 }
 
 int ListFilter::positionOf(const QModelIndex& index) const

@@ -31,7 +31,7 @@ public:
     void setFindText(const QString& text);
     const QString& findText() const { return m_text; }
     int shownCount() const { return int(m_shown.size()); }
-    int totalCount() const { return int(m_selected.size()); }
+    int totalCount() const;
     // Folds every row's key now, so that the first letter typed does not wait for it (the find
     // bar asks when it opens); from then on the keys follow the list. Until then adding rows
     // costs nothing more.
@@ -62,8 +62,8 @@ signals:
 private:
     const CatalogueRow& sourceRow(int row) const;
     std::string keyOfSourceRow(int row) const;
-    void rebuildCopies();
-    void insertCopies(int first, int last);
+    void rebuildKeys();
+    void insertKeys(int first, int last);
     std::vector<int> matchingRows(const std::vector<int>* among) const;
     void showRows(std::vector<int> rows);
     void unselectHidden(const std::vector<int>& before, const std::vector<int>& after);
@@ -82,9 +82,7 @@ private:
     FindWords m_words;
     bool m_keysReady = false;
     std::vector<std::string> m_keys; // one per source row, once prepared
-    std::vector<char> m_selected;    // one per source row: the row's selected flag
-    int m_selectedCount = 0;
-    std::vector<int> m_shown; // the source rows shown, ascending
+    std::vector<int> m_shown;        // the source rows shown, ascending
     // Across a source layout change: the persistent indexes and the source rows they showed.
     QModelIndexList m_layoutBefore;
     QList<QPersistentModelIndex> m_layoutSources;
