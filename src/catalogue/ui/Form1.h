@@ -178,7 +178,7 @@ private:
     void toggleOnTop();
     void escape();
     void emergencyExit();
-    void enableListCommands(bool enabled);
+    void refreshCommands();
     void showRightClickMenu(const QPoint& globalPos);
     QString selectedEntryPath() const;
     void openOnDoubleClick();

@@ -148,9 +148,7 @@ void Form1::applyMode(ListMode mode)
     ListView1->setEditTriggers(rules.editOnClick ? QAbstractItemView::SelectedClicked
                                                  : QAbstractItemView::NoEditTriggers);
     ListView1->setAllColumnsShowFocus(rules.allColumnsShowFocus);
-    // The file options follow the mode; the mode submenu stays reachable, as the way back.
-    for (QAction* option : std::as_const(m_fileOptions))
-        option->setEnabled(rules.popupEnabled);
+    refreshCommands();
     QAction* checked = mode == ListMode::Funcional ? Funcional
                        : mode == ListMode::Edit    ? Edit
                                                    : Mover;

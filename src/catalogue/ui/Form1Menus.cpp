@@ -114,8 +114,8 @@ void Form1::createFileOptionsMenu()
     // Our own entry: every tag and the audio properties of the one selected file.
     mnuPropiedades =
         item(options, "mnuPropiedades", QStringLiteral("&Propiedades..."), this, [this] {
-            if (m_properties && !selectedEntryPath().isEmpty())
-                m_properties->showProperties(selectedEntryPath());
+            if (const QString path = selectedEntryPath(); m_properties && !path.isEmpty())
+                m_properties->showProperties(path);
         });
     menuBar->addMenu(options);
     connect(options, &QMenu::aboutToShow, this, [this] {
@@ -147,8 +147,7 @@ void Form1::connectCatalogue()
     connect(&m_catalogue.list(), &QAbstractItemModel::rowsInserted, this, showWaitingCountLine);
     connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, showWaitingCountLine);
     connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
-    connect(&m_catalogue, &Catalogue::busyChanged, this,
-            [this](bool busy) { enableListCommands(!busy); });
+    connect(&m_catalogue, &Catalogue::busyChanged, this, &Form1::refreshCommands);
     connect(&m_catalogue.info(), &InfoMessage::changed, this,
             [this](const QString& text, quint32 colour) {
                 LblInfo->setText(text);
@@ -165,13 +164,19 @@ void Form1::connectCatalogue()
     connect(Timer2, &QTimer::timeout, this, &Form1::growTick);
 }
 
-// The commands that change the rows or start another save or load, greyed while a save or
-// load has the list (the catalogue refuses them then in any case, keys included).
-void Form1::enableListCommands(bool enabled)
+// Each command's state follows from the mode and from whether a save or load has the list.
+// The file options follow the mode (the mode submenu stays reachable, as the way back); the
+// commands that change the rows or start another save or load are greyed while the list is
+// busy (the catalogue refuses them then in any case, keys included).
+void Form1::refreshCommands()
 {
+    const bool free = !m_catalogue.isBusy();
+    const bool popup = rulesOf(m_mode).popupEnabled;
     for (QAction* command : std::as_const(m_listCommands))
-        command->setEnabled(enabled);
-    Command6->setEnabled(enabled);
+        command->setEnabled(free);
+    for (QAction* option : std::as_const(m_fileOptions))
+        option->setEnabled(popup && (free || !m_listCommands.contains(option)));
+    Command6->setEnabled(free);
 }
 
 void Form1::connectList()
@@ -203,8 +208,10 @@ void Form1::connectList()
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Form1::syncSelection);
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        if (m_properties && m_properties->isOpen() && !selectedEntryPath().isEmpty())
-            m_properties->followSelection(selectedEntryPath());
+        if (!m_properties || !m_properties->isOpen())
+            return;
+        if (const QString path = selectedEntryPath(); !path.isEmpty())
+            m_properties->followSelection(path);
     });
     // Once rows move or go, the row under the pointer is another one.
     const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };
