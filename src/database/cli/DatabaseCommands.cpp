@@ -2,21 +2,12 @@
 
 #include "database/CatalogueFiles.h"
 #include "database/cli/FindCommand.h"
+#include "database/cli/FlatField.h"
 
 namespace nubo::database::cli {
 namespace {
 
 using nubo::cli::CliIo;
-
-// A field on one output line: tabs and line breaks become blanks.
-QString flat(QString text)
-{
-    for (QChar& c : text) {
-        if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r'))
-            c = QLatin1Char(' ');
-    }
-    return text;
-}
 
 std::optional<LoadedCatalogue> load(const QString& path, CliIo& io)
 {
@@ -71,9 +62,7 @@ int convert(const QStringList& args, CliIo& io)
     // Opening a workbook names the sheet of the next one saved.
     if (catalogueFormatOf(args.at(0)) == CatalogueFormat::Workbook)
         options.sheetName = loaded->name;
-    const CatalogueRowSource rows{loaded->rows.size(),
-                                  [&](qsizetype i) { return loaded->rows.at(i); }};
-    const SaveOutcome outcome = saveCatalogue(args.at(1), options, rows);
+    const SaveOutcome outcome = saveCatalogue(args.at(1), options, rowsOf(loaded->rows));
     if (!outcome.ok) {
         io.err << "nubo-cli: no se puede guardar " << args.at(1) << ": " << outcome.error << '\n';
         return nubo::cli::kFileError;

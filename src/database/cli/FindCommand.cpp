@@ -2,6 +2,7 @@
 
 #include "catalogue/FindWords.h"
 #include "database/CatalogueFiles.h"
+#include "database/cli/FlatField.h"
 
 #include <QDirIterator>
 #include <QFileInfo>
@@ -64,16 +65,6 @@ QStringList cataloguesIn(const QStringList& named)
         files += found;
     }
     return files;
-}
-
-// A field on one output line: tabs and line breaks become blanks.
-QString flat(QString text)
-{
-    for (QChar& c : text) {
-        if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r'))
-            c = QLatin1Char(' ');
-    }
-    return text;
 }
 
 int find(const QStringList& args, CliIo& io)

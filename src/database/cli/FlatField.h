@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+namespace nubo::database::cli {
+
+// A field on one output line of "show" and "find": tabs and line breaks become blanks.
+QString flat(QString text);
+
+} // namespace nubo::database::cli
