@@ -33,7 +33,6 @@ void stackAbove(QWidget& window, QWidget& owner)
         handle->setTransientParent(owner.windowHandle());
 }
 
-// The properties window as the list window sees it, created on first use.
 // Puts window beside owner, on the side with more room on the screen, kept inside the screen,
 // so the names of the rows it describes stay in sight as far as the screen allows.
 void placeBeside(QWidget& window, const QWidget& owner)
@@ -51,6 +50,7 @@ void placeBeside(QWidget& window, const QWidget& owner)
     window.move(std::clamp(x, free.left(), lastX), std::clamp(frame.top(), free.top(), lastY));
 }
 
+// The properties window as the list window sees it, created on first use.
 class PropertiesViewer final : public catalogue::IPropertiesViewer
 {
 public:

@@ -2,6 +2,9 @@
 
 #include <QList>
 
+#include <utility>
+#include <vector>
+
 namespace nubo::platform {
 
 namespace {
@@ -93,10 +96,11 @@ bool WildcardMask::matchesByTable(const QString& name) const
     const QChar dot(QLatin1Char('.'));
     // next[n]: the rest of the mask after the current token matches name from n. Filled from
     // the mask's end, so the cost is the mask length times the name length, never exponential.
-    QList<bool> next(length + 1, false);
-    next[length] = true;
+    // Two rows of the table, swapped as the mask is walked back, so a name costs two buffers.
+    std::vector<char> next(std::size_t(length) + 1, 0);
+    std::vector<char> here(std::size_t(length) + 1, 0);
+    next[std::size_t(length)] = 1;
     for (qsizetype p = items.size() - 1; p >= 0; --p) {
-        QList<bool> here(length + 1, false);
         for (qsizetype n = length; n >= 0; --n) {
             const bool atEnd = n == length;
             switch (items[p].token) {
@@ -118,9 +122,9 @@ bool WildcardMask::matchesByTable(const QString& name) const
                 break;
             }
         }
-        next = here;
+        std::swap(next, here);
     }
-    return next[0];
+    return next[0] != 0;
 }
 
 } // namespace nubo::platform

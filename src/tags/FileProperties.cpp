@@ -153,21 +153,29 @@ void readPicture(TagLib::File* file, FileProperties& out)
         pictureOf(wav->ID3v2Tag(), out);
 }
 
-// A file counts as read when the library found a tag field, audio or a picture in it: it takes
-// an empty or foreign file for an MP3 without frames.
+// Whether the library found tag fields or audio in a file: it takes an empty or foreign file
+// for an MP3 without frames, with neither.
+bool holdsTagsOrAudio(const TagLib::PropertyMap& map, const TagLib::AudioProperties* audio)
+{
+    return !map.isEmpty() || (audio && audio->sampleRate() > 0);
+}
+
+// A file counts as read when it holds tags, audio or a picture.
 void readFrom(const TagLib::FileRef& ref, FileProperties& out)
 {
     if (ref.isNull())
         return;
-    out.fields = fieldsOf(ref.file()->properties());
-    if (const TagLib::AudioProperties* audio = ref.audioProperties()) {
+    const TagLib::PropertyMap map = ref.file()->properties();
+    const TagLib::AudioProperties* audio = ref.audioProperties();
+    out.fields = fieldsOf(map);
+    if (audio) {
         out.lengthSeconds = audio->lengthInSeconds();
         out.bitrate = audio->bitrate();
         out.sampleRate = audio->sampleRate();
         out.channels = audio->channels();
     }
     readPicture(ref.file(), out);
-    out.readable = !out.fields.isEmpty() || out.sampleRate > 0 || !out.picture.isEmpty();
+    out.readable = holdsTagsOrAudio(map, audio) || !out.picture.isEmpty();
     if (!out.readable)
         out.bitrate = out.lengthSeconds = out.channels = 0;
 }
@@ -213,7 +221,7 @@ QStringList scanTagColumns(const QString& path)
     const TagLib::FileRef ref(name.constData(), true, TagLib::AudioProperties::Fast);
     const TagLib::AudioProperties* audio = ref.isNull() ? nullptr : ref.audioProperties();
     const TagLib::PropertyMap map = ref.isNull() ? TagLib::PropertyMap() : ref.file()->properties();
-    if (!ref.tag() || (map.isEmpty() && (!audio || audio->sampleRate() == 0)))
+    if (!ref.tag() || !holdsTagsOrAudio(map, audio))
         return QStringList(scanTagCaptions().size(), QString());
     // Several values of a field are joined as every format gives them the same way.
     const auto joined = [&map](const char* key) {
