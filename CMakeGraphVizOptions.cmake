@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # `cmake --graphviz=<file> <build>`: the project's libraries and their links only (the picture
 # in docs/architecture.md).
 set(GRAPHVIZ_EXECUTABLES FALSE)

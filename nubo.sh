@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sets up, builds and runs Nubo, or builds it under the sanitizers and runs its tests.
 #   ./nubo.sh run    install what is missing, build a release, start the program
 #   ./nubo.sh test   install what is missing, build with ASan/UBSan, check format, run ctest
@@ -34,9 +35,14 @@ check_format() {
     echo "nubo.sh: formato correcto"
 }
 
+# A compiler cache, when one is installed, makes rebuilds of other checkouts cheap.
+cache_launcher() {
+    command -v ccache >/dev/null && echo "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache" || true
+}
+
 build_release() {
     cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release \
-        -DNUBO_BUILD_TESTS=OFF -DNUBO_BUILD_BENCH=OFF
+        -DNUBO_BUILD_TESTS=OFF -DNUBO_BUILD_BENCH=OFF $(cache_launcher)
     cmake --build build/release
 }
 
@@ -55,7 +61,8 @@ run)
 test)
     install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
     check_format
-    cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DNUBO_SANITIZE=ON -DNUBO_WERROR=ON
+    cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DNUBO_SANITIZE=ON -DNUBO_WERROR=ON \
+        $(cache_launcher)
     cmake --build build/asan
     export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
     export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"

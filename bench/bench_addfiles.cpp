@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Adds 30,000 existing files through AddFileToList into the shown list window and prints the
 // time, once in a plain loop and once letting window events run after every file, as a search
 // does. With --grab FILE it also saves a picture of the window with its rows.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes and reads 30,000 catalogue rows in each format and prints the times. With
 // --rows-text FILE it also writes the rows as tab-separated text, for the other tools to take.
 #include "database/CatalogueFiles.h"

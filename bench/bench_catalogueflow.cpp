@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Saves and loads 30,000 rows through the list window's flow (shown offscreen), in each format,
 // against the bare writer and reader; and how long Escape waits to stop a running save.
 #include "catalogue/ui/ListWindow.h"

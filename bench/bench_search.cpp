@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures the folder search against find(1) on one warm tree of 100,000 files in 5,000
 // folders, 30,000 of them matching "*.mp3": the search into the shown list window, and
 // nubo-cli scan. Usage: bench_search [FOLDER]  (a temporary folder by default).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sorts 1,000,000 catalogue rows by name and by folder with the user's collation, both orders,
 // and prints the times (goal: each sort under 1 s in a release build).
 #include "catalogue/CatalogueList.h"

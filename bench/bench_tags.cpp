@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // nubo-cli scan --tags over 10,000 tagged MP3 files against a plain scan of the same tree
 // (goal: under 3 s warm). Usage: bench_tags [FOLDER]  (a temporary folder by default).
 #include <QCoreApplication>

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The catalogue files against other tools: our writers and readers on 30,000 rows (release
 # build, peak memory from /usr/bin/time), python3-xlwt writing the same rows, and Gnumeric's
 # ssconvert turning them into a workbook. Installs xlwt and gnumeric when missing.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Install rules (`cmake --install <build> --prefix <prefix>`) and the Debian package
 # (`cpack -G DEB` in the build folder, or `./nubo.sh package`).
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The layering check: every target may include only its own headers and those of the libraries
 # it links (directly or through their public links). CMake knows the links; this writes them
 # with each target's sources into the build folder, and the test "include_layering" compares

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Common compile settings for every target of the project.
 function(nubo_defaults target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Fails when a target includes a header of a library it does not link.
 
 Usage: check_includes.py MANIFEST SOURCE_DIR

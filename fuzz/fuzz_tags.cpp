@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Feeds arbitrary bytes to the tag library through our reader, under each format's name: the
 // last byte picks the extension, so the seed files (tests/tags/fixtures) keep their format when
 // one byte is appended.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Feeds arbitrary bytes to the workbook reader: whole compound files, or bare workbook streams
 // so the record parser is reached without a valid container around it.
 #include "database/BiffWorkbookParser.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The composition root: creates the services and windows and connects them.
 #include "app/Composition.h"
 #include "app/DisplayPlatform.h"

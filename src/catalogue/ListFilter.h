@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The list as the list window shows it: the catalogue rows that match the words of a find,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/BiffWorkbookParser.h"
 
 #include "database/BiffCodePage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/BorderStyles.h"
 
 #include "database/SheetStyle.h"

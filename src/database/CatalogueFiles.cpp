@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/CatalogueFiles.h"
 
 #include "database/DatabaseReader.h"

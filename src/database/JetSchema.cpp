@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/JetSchema.h"
 
 #include "database/ByteSink.h"

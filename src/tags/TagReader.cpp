@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tags/TagReader.h"
 
 #include "core/Windows1252.h"

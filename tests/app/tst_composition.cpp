@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The running program put together, over a copy of the shipped pictures.
 #include "app/Composition.h"
 #include "app/InstanceChannel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Installs the program into a temporary prefix, checks the desktop entry and AppStream data
 // with the desktop's own validators, and starts the program from the prefix made read-only.
 #include <QDirIterator>

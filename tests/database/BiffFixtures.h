@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Builds small workbooks record by record, in Excel 97 or Excel 5 form, and wraps streams in

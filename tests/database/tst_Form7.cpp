@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/ui/Form7.h"
 #include "frame/ui/Form5.h"
 #include "platform/fakes/FakeDialogs.h"

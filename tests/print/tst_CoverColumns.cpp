@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/CoverColumns.h"
 #include "print/CoverLayout.h"
 #include "print/CoverQuestion.h"

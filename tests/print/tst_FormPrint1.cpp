@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/cli/CoverCommand.h"
 #include "print/ui/FormPrint1.h"
 

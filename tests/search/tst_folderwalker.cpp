@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "SearchFakes.h"
 #include "TestFiles.h"
 #include "platform/linux/LinuxDirectoryReader.h"

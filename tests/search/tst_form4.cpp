@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "SearchFakes.h"
 #include "search/ui/Form4.h"
 #include "search/ui/ImageButton.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The white pictograms on the program's round badges.
 #include "Palette.h"
 

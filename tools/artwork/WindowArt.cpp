@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of the other windows: backgrounds, image buttons, the logo and the cursor.
 #include "Artwork.h"
 #include "Palette.h"

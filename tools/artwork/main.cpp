@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the program's pictures (skins, button faces, cursor, icon) into a resource folder and
 // the desktop's icons into an icon folder, then checks the main skin as shipped.
 // Usage: nubo-artwork RESOURCE_DIR [ICON_DIR]. The output depends only on this code and the

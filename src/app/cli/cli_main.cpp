@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // nubo-cli: the command-line front end, linked with core libraries only.
 #include "core/ActivityLog.h"
 #include "core/OptionsStore.h"

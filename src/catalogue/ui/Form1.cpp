@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ui/Form1.h"
 
 #include "catalogue/Catalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list window's keys, pointer events, modes and timers.
 #include "catalogue/Catalogue.h"
 #include "catalogue/EntryOpener.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list window's menus and its connections to the catalogue.
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/cli/Cli.h"
 
 namespace nubo::cli {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/cli/FindCommand.h"
 
 #include "catalogue/FindWords.h"

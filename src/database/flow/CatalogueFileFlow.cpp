@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/flow/CatalogueFileFlow.h"
 
 #include "catalogue/Catalogue.h"

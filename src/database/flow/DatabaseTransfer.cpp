@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The database's save and load, over the row loops of CatalogueFiles.
 #include "catalogue/Catalogue.h"
 #include "catalogue/Colours.h"

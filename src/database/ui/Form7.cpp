@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/ui/Form7.h"
 
 #include "platform/ui/NamedChild.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "search/ui/Form4.h"
 
 #include "platform/ui/PictureFile.h"
