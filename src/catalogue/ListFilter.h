@@ -30,7 +30,6 @@ public:
     explicit ListFilter(CatalogueList& list, QObject* parent = nullptr);
 
     void setFindText(const QString& text);
-    const QString& findText() const { return m_text; }
     int shownCount() const { return int(m_shown.size()); }
     int totalCount() const;
     // Folds every row's key now, so that the first letter typed does not wait for it (the find

@@ -36,7 +36,7 @@ void FolderWalker::setSixteenBitCounters(bool on)
 
 void FolderWalker::letEventsRun()
 {
-    if (m_eventInterval > 0 && m_sinceEvents.isValid() && m_sinceEvents.elapsed() < m_eventInterval)
+    if (!m_events.isDue())
         return;
     // The strip is only seen when the window repaints, so it is printed just before events
     // run rather than for every folder entered.
@@ -48,7 +48,7 @@ void FolderWalker::letEventsRun()
         m_host.setFolderStrip(QStringLiteral("Buscando ... ") + shown);
     }
     m_host.letEventsRun();
-    m_sinceEvents.start();
+    m_events.restart();
 }
 
 void FolderWalker::WalkFolder(const QString& path)
@@ -87,12 +87,6 @@ void FolderWalker::WalkFolder(const QString& path)
     }
     for (const QString& name : subFolders)
         WalkFolder(path + name + QLatin1Char('/'));
-}
-
-void FolderWalker::MatchFilesInFolder(const QString& path)
-{
-    if (const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path))
-        matchFiles(path, *entries);
 }
 
 void FolderWalker::matchFiles(const QString& path, const QList<platform::DirEntry>& entries)

@@ -2,7 +2,6 @@
 #include "TestFiles.h"
 #include "WindowServices.h"
 #include "search/ui/Form3.h"
-#include "search/ui/ImageButton.h"
 #include "search/ui/SearchWindows.h"
 
 #include <QComboBox>
@@ -14,7 +13,6 @@
 #include <QTreeView>
 
 using namespace nubo;
-using search::ImageButton;
 
 class TestForm3 final : public QObject
 {

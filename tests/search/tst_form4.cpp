@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SearchFakes.h"
 #include "search/ui/Form4.h"
-#include "search/ui/ImageButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -39,8 +39,6 @@ public:
     QCheckBox* box(core::Option option) const;
 
 signals:
-    // ChkExcConfg changed: the sheet configuration window's activation box follows it.
-    void ChkExcConfgClicked(bool checked);
     // Chkpro changed: the list window's file-properties display is emptied.
     void ChkproClicked();
     // The window was closed (by "&ACEPTAR CAMBIOS" or otherwise).

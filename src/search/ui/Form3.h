@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/AppFolder.h"
+#include "platform/ui/HoverPictures.h"
 #include "search/DriveList.h"
 #include "search/ISearchWindow.h"
 #include "search/SearchWindowController.h"
@@ -17,8 +18,6 @@ class QTreeView;
 
 namespace nubo::search {
 
-class ImageButton;
-
 // The search window "Direccion de Busqueda": drive, folder and mask of a search, and the
 // buttons that start it. Its commands are the controller's.
 class Form3 final : public QWidget, public ISearchWindow
@@ -30,9 +29,9 @@ public:
 
     void setController(SearchWindowController* controller) { m_controller = controller; }
 
-    ImageButton* PicLista = nullptr;
-    ImageButton* PicSearchCDROM = nullptr;
-    ImageButton* PicSearch = nullptr;
+    QLabel* PicLista = nullptr;
+    QLabel* PicSearchCDROM = nullptr;
+    QLabel* PicSearch = nullptr;
     QComboBox* Combo1 = nullptr;
     QPushButton* Command4 = nullptr;
     QPushButton* Command2 = nullptr;
@@ -57,7 +56,6 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -70,8 +68,7 @@ private:
     void loadPictures();
     void refreshDrives();
     void driveChanged(int index);
-    void imageButtonEntered(ImageButton* button);
-    void imageButtonPressed(ImageButton* button);
+    bool imageButtonEvent(QObject* watched, QEvent* event);
     void runCommand(SearchWindowController::Command command);
 
     const platform::AppFolder& m_app;
@@ -79,6 +76,7 @@ private:
     QFileSystemModel* m_folders = nullptr;
     QString m_folder;
     QPixmap m_background;
+    platform::HoverPictures m_hover;
     SearchWindowController* m_controller = nullptr;
 };
 
