@@ -78,7 +78,6 @@ private:
     void announceCounts() { emit countsChanged(shownCount(), totalCount()); }
 
     CatalogueList& m_list;
-    QString m_text;
     FindWords m_words;
     bool m_keysReady = false;
     std::vector<std::string> m_keys; // one per source row, once prepared
