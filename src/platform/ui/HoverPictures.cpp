@@ -21,9 +21,9 @@ void HoverPictures::add(QLabel* button, const QString& off, const QString& on, c
     const auto load = [this](const QString& name) {
         return name.isEmpty() ? QPixmap() : loadPicture(m_app, name);
     };
-    m_buttons.append({button, load(off), load(on), load(hit)});
-    if (!m_buttons.constLast().off.isNull())
-        button->setPixmap(m_buttons.constLast().off);
+    const Button& added = m_buttons[button] = {button, load(off), load(on), load(hit)};
+    if (!added.off.isNull())
+        button->setPixmap(added.off);
     button->installEventFilter(this);
 }
 
@@ -45,20 +45,7 @@ void HoverPictures::showAllOff()
 
 HoverPictures::Face HoverPictures::face(const QLabel* label) const
 {
-    for (const Button& button : m_buttons) {
-        if (button.label == label)
-            return button.face;
-    }
-    return Face::Off;
-}
-
-HoverPictures::Button* HoverPictures::find(const QObject* label)
-{
-    for (Button& button : m_buttons) {
-        if (button.label == label)
-            return &button;
-    }
-    return nullptr;
+    return m_buttons.value(label).face;
 }
 
 void HoverPictures::setFace(Button& button, Face face)
@@ -81,8 +68,8 @@ bool HoverPictures::eventFilter(QObject* watched, QEvent* event)
             showAllOff();
         return false;
     }
-    Button* button = find(watched);
-    if (!button)
+    const auto button = m_buttons.find(watched);
+    if (button == m_buttons.end())
         return false;
     if (type == QEvent::Enter)
         show(button->label, Face::On);

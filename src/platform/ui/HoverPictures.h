@@ -3,7 +3,7 @@
 
 #include "platform/AppFolder.h"
 
-#include <QList>
+#include <QHash>
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
@@ -41,18 +41,17 @@ protected:
 private:
     struct Button
     {
-        QLabel* label;
+        QLabel* label = nullptr;
         QPixmap off;
         QPixmap on;
         QPixmap hit;
         Face face = Face::Off;
     };
-    Button* find(const QObject* label);
-    void setFace(Button& button, Face face);
+    static void setFace(Button& button, Face face);
 
     const AppFolder& m_app;
     QPointer<QWidget> m_window;
-    QList<Button> m_buttons;
+    QHash<const QObject*, Button> m_buttons;
 };
 
 } // namespace nubo::platform
