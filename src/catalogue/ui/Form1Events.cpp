@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QScreen>
 
 namespace nubo::catalogue {
@@ -179,13 +180,19 @@ void Form1::toggleOnTop()
                                            : QStringLiteral("\\bitmap\\bool2.jpg"));
     if (!picture.isNull())
         PicOnTop->setPixmap(picture);
-    const bool wasVisible = isVisible();
+    if (!isVisible()) {
+        setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
+        return;
+    }
+    // Changing the stacking flag hides the window: it comes back active, with the keyboard
+    // where it was, so the next Ctrl+T, Delete or F2 reaches it.
+    const QPointer<QWidget> focused = focusWidget();
     setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
-    // Changing the stacking flag hides the window; it comes back without taking the focus.
-    setAttribute(Qt::WA_ShowWithoutActivating, true);
-    if (wasVisible)
-        show();
-    setAttribute(Qt::WA_ShowWithoutActivating, false);
+    show();
+    raise();
+    activateWindow();
+    if (focused)
+        focused->setFocus(Qt::OtherFocusReason);
 }
 
 void Form1::escape()
