@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ui/CatalogueView.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -268,6 +271,71 @@ private slots:
         QVERIFY((f.form.windowFlags() & Qt::WindowStaysOnTopHint) && f.form.isVisible());
         QTest::mouseClick(f.label("PicOnTop"), Qt::LeftButton);
         QVERIFY(!f.form.isOnTop() && !(f.form.windowFlags() & Qt::WindowStaysOnTopHint));
+    }
+
+    // Ctrl+T and the pin keep the same active window and the keyboard where it was, so a
+    // second Ctrl+T (or Delete) reaches it; twice is back to normal with the "off" picture.
+    void alwaysOnTopKeepsTheKeyboard()
+    {
+        Form1Fixture f;
+        const auto picture = [&f](const char* name, Qt::GlobalColor colour) {
+            QImage image(8, 8, QImage::Format_RGB32);
+            image.fill(colour);
+            QVERIFY(QDir().mkpath(f.appDir.filePath("bitmap")));
+            QVERIFY(image.save(f.appDir.filePath(QStringLiteral("bitmap/") + name)));
+        };
+        picture("bool2.jpg", Qt::blue);
+        picture("bool3.jpg", Qt::red);
+        f.form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f.form));
+        f.view()->setFocus();
+        const auto press = [&f](bool onPicture) {
+            if (onPicture)
+                QTest::mouseClick(f.label("PicOnTop"), Qt::LeftButton);
+            else
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_T, Qt::ControlModifier);
+        };
+        for (const bool onPicture : {false, true}) {
+            for (const bool on : {true, false}) {
+                press(onPicture);
+                QCOMPARE(f.form.isOnTop(), on);
+                QCOMPARE(bool(f.form.windowFlags() & Qt::WindowStaysOnTopHint), on);
+                QTRY_COMPARE(QApplication::activeWindow(), &f.form);
+                QTRY_COMPARE(QApplication::focusWidget(), f.view());
+                const QColor shown = f.label("PicOnTop")->pixmap().toImage().pixelColor(4, 4);
+                QCOMPARE(shown.red() > shown.blue(), on);
+            }
+        }
+    }
+
+    // A file without an application: the chooser, cancelled, leaves no name being edited
+    // (the click that began the double click would otherwise start one) and the keyboard with
+    // the list.
+    void cancelledChooserLeavesNoEditor()
+    {
+        Form1Fixture f;
+        f.options.setValue(nubo::core::Option::DblClkExecute, 1);
+        f.add(f.file(QStringLiteral("M/tema.xyz")));
+        f.form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f.form));
+        f.shell.openResult = nubo::platform::IShell::Result::NoAssociation;
+        f.shell.openWithResult = false;
+        f.shell.whileChoosing = [] { QTest::qWait(QApplication::doubleClickInterval() + 200); };
+        QWidget* viewport = f.view()->viewport();
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
+        QTest::qWait(QApplication::doubleClickInterval() + 50);
+        // The desktop's sequence: a click, then a press that is a double click, then a release.
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
+        QTest::mouseDClick(viewport, Qt::LeftButton, {}, f.rowPoint(0));
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, f.rowPoint(0));
+        QCOMPARE(f.shell.calls.last().first, QStringLiteral("openWith"));
+        QTest::qWait(QApplication::doubleClickInterval() + 200);
+        for (const QLineEdit* editor : f.view()->viewport()->findChildren<QLineEdit*>())
+            QVERIFY(!editor->isVisible());
+        QTRY_COMPARE(QApplication::focusWidget(), f.view());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("tema"));
     }
 
     void closingEmptiesFirstAndHides()

@@ -16,8 +16,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QScreen>
+#include <QWindow>
 
 namespace nubo::catalogue {
 
@@ -180,19 +180,13 @@ void Form1::toggleOnTop()
                                            : QStringLiteral("\\bitmap\\bool2.jpg"));
     if (!picture.isNull())
         PicOnTop->setPixmap(picture);
-    if (!isVisible()) {
-        setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
-        return;
-    }
-    // Changing the stacking flag hides the window: it comes back active, with the keyboard
-    // where it was, so the next Ctrl+T, Delete or F2 reaches it.
-    const QPointer<QWidget> focused = focusWidget();
-    setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
-    show();
-    raise();
-    activateWindow();
-    if (focused)
-        focused->setFocus(Qt::OtherFocusReason);
+    // The stacking flag goes to the window system directly: setWindowFlag would hide the
+    // window and hand the keyboard to another one, so Ctrl+T, Delete or F2 would go astray.
+    Qt::WindowFlags flags = windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, onTop);
+    overrideWindowFlags(flags);
+    if (QWindow* handle = windowHandle())
+        handle->setFlags(flags);
 }
 
 void Form1::escape()
