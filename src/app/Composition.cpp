@@ -266,7 +266,7 @@ database::Form7& Composition::sheetWindow()
 {
     if (!m_sheetWindow) {
         m_sheetWindow = std::make_unique<database::Form7>(database::Form7::Deps{
-            m_appFolder, m_sheetSettings, m_sheetStore, m_dialogs, m_options, m_store, m_log});
+            m_appFolder, m_sheetSettings, m_sheetStore, m_dialogs, m_options, m_log});
     }
     return *m_sheetWindow;
 }
