@@ -463,6 +463,34 @@ private slots:
         QVERIFY(!box->isVisible());
     }
 
+    // The box and the tooltip forget a row once it is deleted or the list emptied; they keep
+    // a row that was only moved.
+    void detailsGoWithTheirRow()
+    {
+        Form1Fixture f;
+        f.options.setValue(nubo::core::Option::MostrarPro, 1);
+        f.add(writeTagged(f, QStringLiteral("a.mp3"), "Hola", "Ana"));
+        f.add(writeTagged(f, QStringLiteral("b.mp3"), "Otra", "Eva"));
+        const auto* box = f.control<QPlainTextEdit>("txtMp3Info");
+        const auto clickRow = [&f](int position) {
+            QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(position));
+        };
+        clickRow(0);
+        QVERIFY(box->toPlainText().contains(QStringLiteral("Otra")));
+        f.catalogue.SortByColumn(0);
+        QVERIFY(box->toPlainText().contains(QStringLiteral("Otra")));
+        QTest::keyClick(f.view(), Qt::Key_Delete);
+        QCOMPARE(f.catalogue.list().count(), 1);
+        QVERIFY(box->toPlainText().isEmpty() && f.form.detailsText().isEmpty());
+        QVERIFY(f.view()->toolTip().isEmpty());
+        clickRow(0);
+        QVERIFY(box->toPlainText().contains(QStringLiteral("Hola")));
+        f.dialogs.messageAnswers.enqueue(MessageAnswer::No);
+        f.action("vaciarl")->trigger();
+        QCOMPARE(f.catalogue.list().count(), 0);
+        QVERIFY(box->toPlainText().isEmpty() && f.view()->viewport()->toolTip().isEmpty());
+    }
+
     // The scrollbar and the details box narrow the list; FORMATO stays in sight.
     void theFourColumnsFitTheVisibleWidth()
     {

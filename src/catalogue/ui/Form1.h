@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPersistentModelIndex>
 #include <QPixmap>
 #include <QProgressBar>
 #include <QTimer>
@@ -185,6 +186,8 @@ private:
     void openOnDoubleClick();
     void showDetailsOf(int position);
     void showDetailsIfOn(int position);
+    // Once the described row is gone, nothing in the box or the tooltip may speak of it.
+    void forgetDetailsOfGoneRow();
     void syncSelection(const QItemSelection& selected, const QItemSelection& deselected);
     void flashTick();
     void growTick();
@@ -205,6 +208,7 @@ private:
     QList<QAction*> m_listCommands; // greyed while a save or load has the list
     ListMode m_mode = ListMode::Funcional;
     QString m_detailsText;
+    QPersistentModelIndex m_detailsRow; // the row the details box describes
     int m_lastPointerRow = -1;
     bool m_waitingCountLine = false;
     quint32 m_messageColour = 0;

@@ -252,6 +252,7 @@ void Form1::showDetailsIfOn(int position)
 void Form1::showDetailsOf(int position)
 {
     ListView1->setToolTip(QString());
+    m_detailsRow = m_catalogue.list().indexAt(position);
     const RowDetailsView view =
         m_details.ShowRowDetails(m_catalogue.list(), position, m_detailsText);
     ListView1->setToolTip(view.toolTip);
@@ -268,6 +269,15 @@ void Form1::forgetDetails()
 {
     m_detailsText.clear();
     txtMp3Info->clear();
+}
+
+void Form1::forgetDetailsOfGoneRow()
+{
+    if (m_detailsRow.isValid())
+        return;
+    forgetDetails();
+    ListView1->setToolTip(QString());
+    ListView1->viewport()->setToolTip(QString());
 }
 
 void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)
