@@ -491,6 +491,22 @@ private slots:
         QVERIFY(box->toPlainText().isEmpty() && f.view()->viewport()->toolTip().isEmpty());
     }
 
+    // Messages of one or two lines, and none, leave the list where it is.
+    void messagesLeaveTheListInPlace()
+    {
+        Form1Fixture f;
+        f.addMany(3);
+        QTRY_VERIFY(!f.control<QTimer>("Timer2")->isActive());
+        QTest::qWait(20);
+        const QRect before = f.view()->geometry();
+        const QString words = QStringLiteral("Han sido agregados muchos archivos a la lista ");
+        for (const QString& text : {words.repeated(6), QString(), words, words.repeated(3)}) {
+            f.catalogue.ShowInfoMessage(text, 10000, 0xFFFFFF);
+            QTest::qWait(20);
+            QCOMPARE(f.view()->geometry(), before);
+        }
+    }
+
     // The scrollbar and the details box narrow the list; FORMATO stays in sight.
     void theFourColumnsFitTheVisibleWidth()
     {
