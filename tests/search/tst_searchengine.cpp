@@ -148,6 +148,20 @@ private slots:
                  (QStringList{"/", "/media/ana/Disco [2]", "/media/ana/Otro [x]"}));
     }
 
+    // A folder chosen in the tree on another volume than the drive list's: every field of the
+    // panel, and the space, describe the folder's volume.
+    void theVolumePanelDescribesTheSearchedFolder()
+    {
+        Rig rig;
+        rig.volumes.detailsByPath.insert("/m", {"DISCO", 7, 255, 1, "iso9660"});
+        rig.volumes.detailsByPath.insert("/", {"", 9, 255, 2, "ext4"});
+        rig.window.folder = "/m/sub";
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
+        rig.engine.StartSearch("/");
+        QCOMPARE(rig.volumes.asked, (QStringList{"/m", "/m/"}));
+        QCOMPARE(rig.host.volumeFileSystem, QStringLiteral("iso9660"));
+    }
+
     void theMatchOverflowAbandonsTheWalkAndKeepsTheCount()
     {
         Rig rig;
