@@ -60,6 +60,15 @@ private slots:
                  QStringLiteral("Han sido agregados 11 archivos a la lista"));
     }
 
+    void severalPatternsFindEachKind()
+    {
+        Rig rig;
+        rig.searchFolder("/m", "*.txt; d.*");
+        QCOMPARE(rig.host.rows, (QStringList{"/m/notas.txt", "/m/sub/d.mp3"}));
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 2 archivos a la lista"));
+    }
+
     void emptyMaskDoesNothingButTheFirstSteps()
     {
         Rig rig;
