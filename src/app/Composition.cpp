@@ -232,7 +232,8 @@ void Composition::connectPrint()
     // Every "Imprimir tapa..." loads the cover window afresh from the list as it is now.
     QObject::connect(&m_list->form, &catalogue::Form1::printCoverRequested, &m_list->form, [this] {
         if (!m_cover)
-            m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list());
+            m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list(),
+                                                          &m_list->form.shownRows());
         stackAbove(*m_cover, m_list->form);
         m_cover->showCover();
     });

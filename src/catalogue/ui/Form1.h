@@ -64,6 +64,8 @@ public:
     void setPropertiesViewer(IPropertiesViewer* viewer) { m_properties = viewer; }
 
     ListMode listMode() const { return m_mode; }
+    // The rows the list shows: all of them, or those a find leaves in sight.
+    const ListFilter& shownRows() const { return *m_filter; }
     bool isOnTop() const;
     // The position of the row that has the focus, or -1.
     int focusedPosition() const;
