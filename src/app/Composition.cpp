@@ -110,6 +110,11 @@ bool Composition::start()
                              m_prepareAppFolder});
     if (startup.run(m_mainWindow) == StartupSequence::Outcome::EndProgram)
         return false;
+    // A first start of an installed copy has only now laid out the pictures the windows made
+    // so far looked for.
+    showAsNubo();
+    m_optionsWindow.loadPictures();
+    m_authorWindow.loadPictures();
     m_list = std::make_unique<catalogue::ListWindow>(catalogue::ListWindowServices{
         m_appFolder, *m_services.drives, m_dialogs, *m_services.shell, m_options});
     connectList();
