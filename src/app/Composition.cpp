@@ -110,6 +110,11 @@ bool Composition::start()
                              m_prepareAppFolder});
     if (startup.run(m_mainWindow) == StartupSequence::Outcome::EndProgram)
         return false;
+    // A first start of an installed copy has only now laid out the pictures the windows made
+    // so far looked for.
+    showAsNubo();
+    m_optionsWindow.loadPictures();
+    m_authorWindow.loadPictures();
     m_list = std::make_unique<catalogue::ListWindow>(catalogue::ListWindowServices{
         m_appFolder, *m_services.drives, m_dialogs, *m_services.shell, m_options});
     connectList();
@@ -232,7 +237,8 @@ void Composition::connectPrint()
     // Every "Imprimir tapa..." loads the cover window afresh from the list as it is now.
     QObject::connect(&m_list->form, &catalogue::Form1::printCoverRequested, &m_list->form, [this] {
         if (!m_cover)
-            m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list());
+            m_cover = std::make_unique<print::FormPrint1>(m_dialogs, m_list->catalogue.list(),
+                                                          &m_list->form.shownRows());
         stackAbove(*m_cover, m_list->form);
         m_cover->showCover();
     });
@@ -266,7 +272,7 @@ database::Form7& Composition::sheetWindow()
 {
     if (!m_sheetWindow) {
         m_sheetWindow = std::make_unique<database::Form7>(database::Form7::Deps{
-            m_appFolder, m_sheetSettings, m_sheetStore, m_dialogs, m_options, m_store, m_log});
+            m_appFolder, m_sheetSettings, m_sheetStore, m_dialogs, m_options, m_log});
     }
     return *m_sheetWindow;
 }

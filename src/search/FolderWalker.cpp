@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "search/FolderWalker.h"
 
-#include "platform/Wildcard.h"
+#include "platform/MaskList.h"
 
 namespace nubo::search {
 
@@ -91,7 +91,7 @@ void FolderWalker::WalkFolder(const QString& path)
 
 void FolderWalker::matchFiles(const QString& path, const QList<platform::DirEntry>& entries)
 {
-    if (!m_mask || m_mask->pattern() != SearchMask)
+    if (!m_mask || m_mask->text() != SearchMask)
         m_mask.emplace(SearchMask);
     for (const platform::DirEntry& entry : entries) {
         // No attribute test: matching folders are offered too, and the list refuses them.

@@ -3,7 +3,7 @@
 
 #include "core/EventPump.h"
 #include "platform/IDirectoryReader.h"
-#include "platform/Wildcard.h"
+#include "platform/MaskList.h"
 #include "search/IWalkHost.h"
 #include "search/SearchCounter.h"
 
@@ -45,7 +45,7 @@ private:
     QString m_currentFolder;
     bool m_stripPending = false; // m_currentFolder is not on the strip yet
     // SearchMask read once, again whenever it changes.
-    std::optional<platform::WildcardMask> m_mask;
+    std::optional<platform::MaskList> m_mask;
     core::EventPump m_events;
 };
 

@@ -86,7 +86,10 @@ int SearchEngine::prepareAndRun(const QString& drive)
 {
     if (const int error = m_services.window.selectDrive(drive))
         return error;
-    ShowVolumeDetails(drive);
+    // The panel describes the volume the walk searches: the one that holds the search window's
+    // folder, which the folder tree may have put on another volume than the drive list's.
+    const QString folder = m_services.window.folderPath();
+    ShowVolumeDetails(folder.isEmpty() ? drive : volumeOf(folder));
     if (askGroupName())
         RunSearch();
     return 0;
@@ -138,6 +141,12 @@ void SearchEngine::ShowDriveSpace(const QString& root)
     const DriveSpaceCaptions captions =
         driveSpaceCaptions(space.totalBytes, space.freeBytes, m_locale);
     m_services.host.setDriveSpace(captions.total, captions.free);
+}
+
+QString SearchEngine::volumeOf(const QString& folder) const
+{
+    const QString prefix = m_services.drives.drivePrefixOf(folder);
+    return prefix.isEmpty() ? QStringLiteral("/") : prefix;
 }
 
 QString SearchEngine::driveRootOf(const QString& folder) const

@@ -64,6 +64,8 @@ private:
     void waitForMedium(const QString& drive);
     bool askGroupName();
     QString startPathFor(const QString& folder, const QString& driveText) const;
+    // The mount point of the volume that holds a folder.
+    QString volumeOf(const QString& folder) const;
     QString driveRootOf(const QString& folder) const;
     void walkOncePerFloppy();
     void reportOutcome(int countBefore);

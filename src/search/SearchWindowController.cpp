@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "search/SearchWindowController.h"
 
+#include "platform/MaskList.h"
+
+#include <algorithm>
+
 namespace nubo::search {
 
 void SearchWindowController::raiseCancelFlag()
@@ -12,8 +16,12 @@ void SearchWindowController::raiseCancelFlag()
 void SearchWindowController::MaskCheck()
 {
     MaskRejected = false;
-    // Any text with a dot in it passes; nothing else is checked.
-    if (m_window.maskText().contains(QLatin1Char('.')))
+    // Each of the mask's patterns passes with a dot in it; nothing else is checked.
+    const QStringList patterns = platform::MaskList::patternsOf(m_window.maskText());
+    const bool allHaveDots =
+        std::all_of(patterns.cbegin(), patterns.cend(),
+                    [](const QString& pattern) { return pattern.contains(QLatin1Char('.')); });
+    if (!patterns.isEmpty() && allHaveDots)
         return;
     m_window.setMaskText(QStringLiteral("*.mp3"));
     m_dialogs.messageBox(QStringLiteral("Extencion Invalida, la extencion se restaurara a *.mp3"),

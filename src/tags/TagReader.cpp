@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMimeDatabase>
 
 namespace nubo::tags {
@@ -116,9 +117,15 @@ QString FileTypeName(const QString& path)
     if (path.isEmpty() || !info.exists())
         return {};
     const QMimeType type = QMimeDatabase().mimeTypeForFile(info, QMimeDatabase::MatchDefault);
-    if (!type.isValid() || type.isDefault() || type.comment().isEmpty())
+    if (!type.isValid() || type.isDefault())
         return QStringLiteral("<Archivo sin asociación>");
-    return type.comment();
+    // The program speaks Spanish whatever the user's locale, so the type name does too: the
+    // MIME comment is read in the language of the default locale, set here for that read.
+    const QLocale userLocale;
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+    const QString comment = type.comment();
+    QLocale::setDefault(userLocale);
+    return comment.isEmpty() ? QStringLiteral("<Archivo sin asociación>") : comment;
 }
 
 } // namespace nubo::tags

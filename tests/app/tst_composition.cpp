@@ -198,6 +198,24 @@ private slots:
     // A later start's request brings the hidden window back and opens the catalogue it names.
     // Where no notification area could show the icon (offscreen here), the window manager's
     // close request ends the program instead of leaving it running without a window.
+    // An installed copy lays out its application folder during the start: the windows made
+    // before then show their pictures all the same.
+    void firstStartShowsThePictures()
+    {
+        QTemporaryDir dir;
+        qputenv("XDG_CONFIG_HOME", dir.filePath(QStringLiteral("config")).toUtf8());
+        const QString app = dir.filePath(QStringLiteral("app"));
+        app::Composition program(app, [app] { QVERIFY(layOutApp(app)); });
+        QVERIFY(program.start());
+        QVERIFY(!QGuiApplication::windowIcon().availableSizes().isEmpty());
+        const auto* author = window<QWidget>("Form6");
+        const auto* options = window<QWidget>("Form5");
+        QVERIFY(author && options);
+        QVERIFY(!author->windowIcon().availableSizes().isEmpty());
+        QVERIFY(!control<QLabel>(*author, "Image1")->pixmap().isNull());
+        QVERIFY(options->autoFillBackground());
+    }
+
     void windowsOfTheRunningProgram()
     {
         QVERIFY(!QSystemTrayIcon::isSystemTrayAvailable());

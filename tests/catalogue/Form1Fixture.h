@@ -82,3 +82,17 @@ struct Form1Fixture : OpenerFixture
         return view()->visualRect(viewIndex(position, column)).center();
     }
 };
+
+// An MP3 file ending in an ID3v1 tag with these fields, each padded to its width with pad.
+inline QString writeTagged(Form1Fixture& f, const QString& name, const QByteArray& title,
+                           const QByteArray& artist, char pad = ' ')
+{
+    QByteArray tag(128, pad);
+    tag.replace(0, 3, "TAG");
+    tag.replace(3, title.size(), title);
+    tag.replace(33, artist.size(), artist);
+    tag[127] = char(0);
+    const QString path = f.drive + QStringLiteral("/M/") + name;
+    nubo::test::writeFile(path, QByteArray(200, 'x') + tag);
+    return path;
+}

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ui/CatalogueView.h"
 
-#include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -34,20 +33,6 @@ void dropNames(QWidget* viewport, const QStringList& paths)
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(viewport, &drop);
     QCoreApplication::processEvents();
-}
-
-// An MP3 file ending in an ID3v1 tag with these fields, each padded to its width with pad.
-QString writeTagged(Form1Fixture& f, const QString& name, const QByteArray& title,
-                    const QByteArray& artist, char pad = ' ')
-{
-    QByteArray tag(128, pad);
-    tag.replace(0, 3, "TAG");
-    tag.replace(3, title.size(), title);
-    tag.replace(33, artist.size(), artist);
-    tag[127] = char(0);
-    const QString path = f.drive + QStringLiteral("/M/") + name;
-    nubo::test::writeFile(path, QByteArray(200, 'x') + tag);
-    return path;
 }
 
 // Whether a user can reach the action: it and every menu that holds it are enabled.
@@ -240,8 +225,8 @@ private slots:
         QCOMPARE(f.dialogs.asked.size(), 1);
     }
 
-    // Keys and buttons that open other windows; Ctrl+T and the pin keep this one on top.
-    void windowKeysAndAlwaysOnTop()
+    // Keys and buttons that open other windows (Ctrl+T: tst_form1view).
+    void windowKeysOpenOtherWindows()
     {
         Form1Fixture f;
         QSignalSpy search(&f.form, &Form1::searchWindowRequested);
@@ -263,11 +248,6 @@ private slots:
         const QList<QAction*> list = f.control<QMenu>("Arch1")->actions();
         QCOMPARE(list.at(list.indexOf(f.action("guardarc")) + 1)->text(),
                  QStringLiteral("&Imprimir tapa..."));
-        QTest::keyClick(&f.form, Qt::Key_T, Qt::ControlModifier);
-        QVERIFY(f.form.isOnTop() && f.control<QCheckBox>("Check1")->isChecked());
-        QVERIFY((f.form.windowFlags() & Qt::WindowStaysOnTopHint) && f.form.isVisible());
-        QTest::mouseClick(f.label("PicOnTop"), Qt::LeftButton);
-        QVERIFY(!f.form.isOnTop() && !(f.form.windowFlags() & Qt::WindowStaysOnTopHint));
     }
 
     void closingEmptiesFirstAndHides()
@@ -342,57 +322,6 @@ private slots:
         entry->trigger();
         menu->hide();
         QCOMPARE(properties.shown.last(), first);
-    }
-
-    // The box never shows what it held before the option was switched, nor another row's tag
-    // once the rows under a still pointer have changed; zero-byte padding draws as nothing.
-    // A file that is no MP3 (leame.txt, at the bottom) hides the box.
-    void detailsBoxShowsOnlyTheRowUnderThePointer()
-    {
-        Form1Fixture f;
-        f.options.setValue(nubo::core::Option::MostrarPro, 1);
-        f.add(f.file(QStringLiteral("M/leame.txt")));
-        f.add(writeTagged(f, QStringLiteral("a.mp3"), "Hola", "Ana", '\0'));
-        f.add(writeTagged(f, QStringLiteral("b.mp3"), {}, "Luis"));
-        f.add(writeTagged(f, QStringLiteral("c.mp3"), "Otra", "Eva"));
-        const auto pointAt = [&f](int position) {
-            emit f.view()->pointerOverRow(f.viewIndex(position));
-        };
-        const auto* box = f.control<QPlainTextEdit>("txtMp3Info");
-        pointAt(2);
-        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola") + QChar(0)));
-        QVERIFY(box->toPlainText().startsWith(QStringLiteral("Titulo: Hola\n")));
-        QVERIFY(!box->toPlainText().contains(QChar(0)));
-
-        f.form.forgetDetails(); // the option switched off and on
-        pointAt(1);
-        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("\r\nArtista: Luis")));
-
-        pointAt(0);
-        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Otra")));
-        f.catalogue.SortByColumn(0);
-        f.catalogue.SortByColumn(0); // ascending: a.mp3 now lies under the pointer
-        pointAt(0);
-        QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
-
-        f.view()->setCurrentIndex(f.viewIndex(0));
-        QTest::keyClick(f.view(),
-                        Qt::Key_Down); // shows the focused b.mp3
-        QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
-        pointAt(0);
-        QVERIFY(!f.form.detailsText().contains(QStringLiteral("Luis")));
-
-        f.view()->clearSelection();
-        f.catalogue.list().setSelected(0, true);
-        f.catalogue.DeleteSelectedRows();
-        pointAt(0);
-        QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
-
-        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(1));
-        QVERIFY(box->isVisible());
-        QVERIFY(!f.view()->toolTip().isEmpty());
-        QTest::keyClick(f.view(), Qt::Key_Down);
-        QVERIFY(!box->isVisible());
     }
 
     // The scrollbar and the details box narrow the list; FORMATO stays in sight.

@@ -36,8 +36,8 @@ struct Fixture : AppFixture
     }
     void open()
     {
-        form = std::make_unique<Form7>(
-            Form7::Deps{app, settings, sheetStore, dialogs, options, store, log});
+        form =
+            std::make_unique<Form7>(Form7::Deps{app, settings, sheetStore, dialogs, options, log});
     }
 };
 
@@ -134,15 +134,19 @@ private slots:
         QCOMPARE(f.form->Text1->palette().color(QPalette::Text), QColor(0, 0, 0xFE));
     }
 
-    // Both boxes show the sheet-formatting option; a click on ChkActivate also saves it.
+    // Both boxes show the sheet-formatting option. A click on ChkActivate writes nothing: an
+    // options change not accepted in the options window stays out of the file too.
     void checkBoxesInStep()
     {
         Fixture f;
         frame::Form5 options(f.app, f.options, f.store, f.log);
+        const QByteArray stored = test::fileBytes(f.store.profile().path());
+        QVERIFY(stored.contains("ESCRIBIRLOG=1"));
+        options.ChkErrorLog->click();
         QVERIFY(!f.form->ChkActivate->isChecked());
         f.form->ChkActivate->click();
         QVERIFY(options.ChkExcConfg->isChecked());
-        QVERIFY(test::fileBytes(f.store.profile().path()).contains("CONFIGEXCEL=1"));
+        QCOMPARE(test::fileBytes(f.store.profile().path()), stored);
         options.ChkExcConfg->click();
         QVERIFY(!f.form->ChkActivate->isChecked());
         options.Command2->click(); // the defaults button ticks the options window's box

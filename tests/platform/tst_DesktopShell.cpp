@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/DesktopShell.h"
+#include "platform/ui/DesktopPrompts.h"
 #include "platform/ui/OpenWithDialog.h"
 
+#include <QApplication>
 #include <QListWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "TestFiles.h"
 
@@ -70,6 +73,26 @@ private slots:
         QCOMPARE(dialog.command(), (QStringList{"rhythmbox", m_song}));
         dialog.setProgram(QStringLiteral("/usr/local/bin/reproductor"));
         QCOMPARE(dialog.command(), (QStringList{"/usr/local/bin/reproductor", m_song}));
+    }
+
+    // The chooser belongs to the window the user double-clicked in, not to the main window.
+    void chooserOpensOverTheActiveWindow()
+    {
+        QWidget main;
+        QWidget list;
+        list.show();
+        list.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&list));
+        const DesktopPrompts prompts = desktopPrompts(&main);
+        QWidget* owner = nullptr;
+        QTimer::singleShot(0, [&owner] {
+            QWidget* chooser = QApplication::activeModalWidget();
+            owner = chooser ? chooser->parentWidget() : nullptr;
+            if (chooser)
+                chooser->close();
+        });
+        QVERIFY(prompts.chooser({}, m_song).isEmpty());
+        QCOMPARE(owner, &list);
     }
 
 private:

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/MaskList.h"
 #include "platform/Wildcard.h"
 
 #include <QTest>
@@ -55,6 +56,29 @@ private slots:
         QFETCH(QString, pattern);
         QFETCH(QString, name);
         QTEST(wildcardMatch(pattern, name), "expected");
+    }
+
+    void severalPatterns_data()
+    {
+        QTest::addColumn<QString>("mask");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("expected");
+        QTest::newRow("first") << "*.flac;*.ogg"
+                               << "a.FLAC" << true;
+        QTest::newRow("second, after a blank") << "*.flac; *.ogg"
+                                               << "b.ogg" << true;
+        QTest::newRow("neither") << "*.flac;*.ogg"
+                                 << "c.mp3" << false;
+        QTest::newRow("empty pieces ignored") << ";*.ogg;;"
+                                              << "b.ogg" << true;
+        QTest::newRow("nothing but separators") << ";;"
+                                                << "b.ogg" << false;
+    }
+    void severalPatterns()
+    {
+        QFETCH(QString, mask);
+        QFETCH(QString, name);
+        QTEST(nubo::platform::MaskList(mask).matches(name), "expected");
     }
 
     void longNamesStayFast()

@@ -3,6 +3,7 @@
 #include "print/ui/FormPrint1.h"
 
 #include "catalogue/CatalogueList.h"
+#include "catalogue/ListFilter.h"
 #include "core/cli/Cli.h"
 #include "database/CatalogueFiles.h"
 #include "platform/FileDialogRules.h"
@@ -75,6 +76,49 @@ private slots:
         QVERIFY(!nubo::platform::qtNameFilters(dialogs.asked.last().text).isEmpty());
         QVERIFY(
             nubo::test::fileBytes(dir.filePath(QStringLiteral("mi tapa.pdf"))).startsWith("%PDF"));
+    }
+
+    // While a find hides rows, the cover takes the rows shown ("Sí", the default) or the whole
+    // list ("No"); cancelling asks nothing more.
+    void aFindOffersTheRowsShown_data()
+    {
+        QTest::addColumn<nubo::platform::MessageAnswer>("answer");
+        QTest::addColumn<int>("names");
+        QTest::newRow("shown") << nubo::platform::MessageAnswer::Yes << 2;
+        QTest::newRow("whole list") << nubo::platform::MessageAnswer::No << 10;
+        QTest::newRow("cancel") << nubo::platform::MessageAnswer::Cancel << 0;
+    }
+    void aFindOffersTheRowsShown()
+    {
+        QFETCH(nubo::platform::MessageAnswer, answer);
+        QFETCH(int, names);
+        nubo::catalogue::CatalogueList list;
+        for (int i = 10; i >= 1; --i)
+            list.insertAtTop({QStringLiteral("tema %1").arg(i), {}, {}, {}, {}});
+        list.flush();
+        nubo::catalogue::ListFilter shown(list);
+        shown.setFindText(QStringLiteral("tema 1"));
+        QCOMPARE(shown.shownCount(), 2);
+        nubo::platform::FakeDialogs dialogs;
+        dialogs.messageAnswers << answer;
+        dialogs.inputAnswers << QStringLiteral("2");
+        FormPrint1 form(dialogs, list, &shown);
+        QCOMPARE(form.Form_Load(), names > 0);
+        QCOMPARE(dialogs.asked.first().buttons, nubo::platform::MessageButtons::YesNoCancel);
+        QCOMPARE(dialogs.asked.size(), names > 0 ? 2 : 1);
+        int laidOut = 0;
+        for (int line = 0; line < form.ListView1->topLevelItemCount(); ++line)
+            for (int c = 0; c < form.ListView1->columnCount(); ++c)
+                laidOut += form.ListView1->topLevelItem(line)->text(c).isEmpty() ? 0 : 1;
+        QCOMPARE(laidOut, names);
+        if (answer == nubo::platform::MessageAnswer::Yes)
+            QCOMPARE(form.ListView1->topLevelItem(0)->text(1), QStringLiteral("tema 10"));
+
+        shown.setFindText({}); // nothing hidden: nothing asked
+        dialogs.inputAnswers << QStringLiteral("2");
+        const qsizetype asked = dialogs.asked.size();
+        QVERIFY(form.Form_Load());
+        QCOMPARE(dialogs.asked.size(), asked + 1);
     }
 
     void cliDrawsTheCoverOfAWorkbookAndATsv()

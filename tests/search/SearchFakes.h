@@ -77,8 +77,11 @@ public:
     void setDriveSpace(const QString&, const QString&) override {}
     QString volumeName() const override { return volume; }
     void setVolumeName(const QString& name) override { volume = name; }
-    void setVolumeDetails(const QString&, const QString&, const QString&, const QString&) override
+    QString volumeFileSystem;
+    void setVolumeDetails(const QString&, const QString&, const QString& fileSystem,
+                          const QString&) override
     {
+        volumeFileSystem = fileSystem;
     }
 };
 

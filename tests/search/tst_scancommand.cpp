@@ -107,6 +107,21 @@ private slots:
         QCOMPARE(loaded->rows[0].formato, QStringLiteral("MP3"));
     }
 
+    // A .tsv target holds what standard output would show, the form "find" reads.
+    void outputToTextHoldsTheLines()
+    {
+        QTemporaryDir dir;
+        QVERIFY(test::writeFile(dir.path() + "/musica/uno.mp3"));
+        const QString output = dir.filePath("lista.tsv");
+        const Result shown = scan({dir.path() + "/musica", "--group", "Rock"});
+        const Result saved = scan({dir.path() + "/musica", "--group", "Rock", "--output", output});
+        QCOMPARE(saved.status, 0);
+        QVERIFY(saved.lines.isEmpty());
+        QCOMPARE(QString::fromUtf8(test::fileBytes(output)).split('\n', Qt::SkipEmptyParts),
+                 shown.lines);
+        QCOMPARE(shown.lines.size(), 1);
+    }
+
     // Blanks that would split a row or a field are escaped; a name that is not UTF-8 is
     // reported on the error stream, left out, and ends the command with status 2.
     void oddNamesAreEscapedOrReported()

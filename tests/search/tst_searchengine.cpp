@@ -60,6 +60,15 @@ private slots:
                  QStringLiteral("Han sido agregados 11 archivos a la lista"));
     }
 
+    void severalPatternsFindEachKind()
+    {
+        Rig rig;
+        rig.searchFolder("/m", "*.txt; d.*");
+        QCOMPARE(rig.host.rows, (QStringList{"/m/notas.txt", "/m/sub/d.mp3"}));
+        QCOMPARE(rig.host.messages.last().text,
+                 QStringLiteral("Han sido agregados 2 archivos a la lista"));
+    }
+
     void emptyMaskDoesNothingButTheFirstSteps()
     {
         Rig rig;
@@ -146,6 +155,20 @@ private slots:
         rig.engine.ShowVolumeDetails("/media/ana/Otro [x]");
         QCOMPARE(rig.volumes.asked,
                  (QStringList{"/", "/media/ana/Disco [2]", "/media/ana/Otro [x]"}));
+    }
+
+    // A folder chosen in the tree on another volume than the drive list's: every field of the
+    // panel, and the space, describe the folder's volume.
+    void theVolumePanelDescribesTheSearchedFolder()
+    {
+        Rig rig;
+        rig.volumes.detailsByPath.insert("/m", {"DISCO", 7, 255, 1, "iso9660"});
+        rig.volumes.detailsByPath.insert("/", {"", 9, 255, 2, "ext4"});
+        rig.window.folder = "/m/sub";
+        rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
+        rig.engine.StartSearch("/");
+        QCOMPARE(rig.volumes.asked, (QStringList{"/m", "/m/"}));
+        QCOMPARE(rig.host.volumeFileSystem, QStringLiteral("iso9660"));
     }
 
     void theMatchOverflowAbandonsTheWalkAndKeepsTheCount()

@@ -32,6 +32,9 @@ private slots:
         QTest::newRow("no dot") << "mp3" << true;
         QTest::newRow("any text with a dot") << "a.b" << false;
         QTest::newRow("a dot alone") << "." << false;
+        QTest::newRow("several patterns, each with a dot") << "*.flac; *.ogg" << false;
+        QTest::newRow("one pattern without a dot") << "*.flac;ogg" << true;
+        QTest::newRow("separators alone") << " ; ;" << true;
     }
     void theMaskNeedsADot()
     {

@@ -71,6 +71,37 @@ private slots:
                  "No se pudieron leer las etiquetas de este archivo.");
     }
 
+    // TIPO is Spanish in every form, whatever the user's locale.
+    void typeNameInOneLanguage()
+    {
+        const QString file = write("nota.txt", "una línea\n");
+        QStringList types;
+        for (const char* lang : {"C.UTF-8", "es_ES.UTF-8", "de_DE.UTF-8"}) {
+            const QStringList env{QStringLiteral("LANG=") + lang, "LC_ALL=", "LANGUAGE="};
+            const QString all = QString::fromUtf8(run({"tag", "--all", file}, env).out);
+            types.append(all.section(QStringLiteral("TIPO\t"), 1).section('\n', 0, 0));
+            types.append(
+                QJsonDocument::fromJson(run({"tag", "--json", file}, env).out)["TIPO"].toString());
+        }
+        QVERIFY(!types.first().isEmpty());
+        QCOMPARE(types, QStringList(types.size(), types.first()));
+    }
+
+    // Standard error carries nubo-cli's own messages, never the toolkit's (the cover command
+    // starts a graphics platform, which warns about a missing XDG_RUNTIME_DIR).
+    void standardErrorHoldsOnlyItsOwnMessages()
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove(QStringLiteral("XDG_RUNTIME_DIR"));
+        for (const QStringList& args : {QStringList{"cover", "--help"}, QStringList{"type", "x"}}) {
+            const Run result = run(args, {}, env);
+            for (const QByteArray& line : result.err.split('\n')) {
+                QVERIFY2(line.isEmpty() || line.startsWith("nubo-cli") || line.startsWith("uso:"),
+                         line.constData());
+            }
+        }
+    }
+
 private:
     struct Run
     {
@@ -79,9 +110,14 @@ private:
         QByteArray err;
     };
 
-    Run run(const QStringList& args)
+    // env: variables set over the test's own environment, or the whole environment.
+    Run run(const QStringList& args, const QStringList& env = {},
+            QProcessEnvironment whole = QProcessEnvironment::systemEnvironment())
     {
         QProcess process;
+        for (const QString& variable : env)
+            whole.insert(variable.section('=', 0, 0), variable.section('=', 1));
+        process.setProcessEnvironment(whole);
         process.start(m_cli, args);
         if (!process.waitForFinished(30000))
             qFatal("nubo-cli did not finish");

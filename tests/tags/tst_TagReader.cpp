@@ -133,8 +133,18 @@ private slots:
     void fileTypeName()
     {
         const QString text = write("nota.txt", "una línea de texto\n");
-        QCOMPARE(FileTypeName(text), QMimeDatabase().mimeTypeForName("text/plain").comment());
-        QVERIFY(!FileTypeName(text).isEmpty());
+        // Spanish whatever the user's locale, as every other text of the program.
+        const QLocale user;
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        const QString english = FileTypeName(text);
+        QCOMPARE(QLocale().language(), QLocale::English);
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        const QString german = FileTypeName(text);
+        QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+        QCOMPARE(english, QMimeDatabase().mimeTypeForName("text/plain").comment());
+        QLocale::setDefault(user);
+        QCOMPARE(german, english);
+        QVERIFY(!english.isEmpty());
         const QString binary = write("datos.zzq", QByteArray::fromHex("00ff13fe0001a5c3009e"));
         QCOMPARE(FileTypeName(binary), QStringLiteral("<Archivo sin asociación>"));
         QCOMPARE(FileTypeName(m_dir.filePath("falta.txt")), QString());

@@ -15,6 +15,8 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
+#include <cstdio>
+
 #include <memory>
 
 namespace {
@@ -51,10 +53,19 @@ private:
     nubo::core::OptionsStore m_store{m_folder, m_options, m_log};
 };
 
+// The toolkit's own messages (a missing XDG_RUNTIME_DIR, the offscreen platform's font
+// look-ups) are not nubo-cli's: standard error carries only the command's own lines.
+void dropToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "nubo-cli: %s\n", qPrintable(message));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    qInstallMessageHandler(dropToolkitMessage);
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -90,6 +90,23 @@ void CatalogueView::mouseReleaseEvent(QMouseEvent* event)
         emit rightButtonReleased(event->globalPosition().toPoint());
 }
 
+// What a double click starts (an "open with" chooser, say) may let events run for a while;
+// the click that began the double click must not start editing the name meanwhile.
+void CatalogueView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    m_handlingDoubleClick = true;
+    QTreeView::mouseDoubleClickEvent(event);
+    m_handlingDoubleClick = false;
+}
+
+bool CatalogueView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    // The delayed click-to-edit arrives as a forced edit without an event.
+    if (m_handlingDoubleClick && trigger == AllEditTriggers && !event)
+        return false;
+    return QTreeView::edit(index, trigger, event);
+}
+
 void CatalogueView::mouseMoveEvent(QMouseEvent* event)
 {
     QTreeView::mouseMoveEvent(event);

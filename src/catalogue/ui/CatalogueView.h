@@ -15,6 +15,8 @@ public:
 
     explicit CatalogueView(QWidget* parent = nullptr);
 
+    using QTreeView::edit;
+
     // Shares the visible width among the shown columns, each keeping its proportion.
     void fitColumns();
 
@@ -31,10 +33,15 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
+private:
+    bool m_handlingDoubleClick = false;
 };
 
 } // namespace nubo::catalogue

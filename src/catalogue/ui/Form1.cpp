@@ -112,8 +112,12 @@ void Form1::createStatusControls()
     lblCurList = label(this, "lblCurList", m_catalogue.currentFile(), {});
     // Neither a long message nor a long path widens the window: the message wraps, and the
     // path is cut at its left end, so the file's name stays in sight.
+    // Its height is fixed at two lines, so the list above never moves under the pointer as
+    // messages come and go.
     LblInfo->setWordWrap(true);
-    LblInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    LblInfo->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    LblInfo->setFixedHeight(2 * LblInfo->fontMetrics().lineSpacing() + 2 * LblInfo->margin() +
+                            2 * LblInfo->frameWidth());
     lblCurList->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblCurList->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     txtvolumename = platform::namedChild<QLineEdit>(this, "txtvolumename");

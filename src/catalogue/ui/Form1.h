@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPersistentModelIndex>
 #include <QPixmap>
 #include <QProgressBar>
 #include <QTimer>
@@ -63,6 +64,8 @@ public:
     void setPropertiesViewer(IPropertiesViewer* viewer) { m_properties = viewer; }
 
     ListMode listMode() const { return m_mode; }
+    // The rows the list shows: all of them, or those a find leaves in sight.
+    const ListFilter& shownRows() const { return *m_filter; }
     bool isOnTop() const;
     // The position of the row that has the focus, or -1.
     int focusedPosition() const;
@@ -184,6 +187,8 @@ private:
     void openOnDoubleClick();
     void showDetailsOf(int position);
     void showDetailsIfOn(int position);
+    // Once the described row is gone, nothing in the box or the tooltip may speak of it.
+    void forgetDetailsOfGoneRow();
     void syncSelection(const QItemSelection& selected, const QItemSelection& deselected);
     void flashTick();
     void growTick();
@@ -204,6 +209,7 @@ private:
     QList<QAction*> m_listCommands; // greyed while a save or load has the list
     ListMode m_mode = ListMode::Funcional;
     QString m_detailsText;
+    QPersistentModelIndex m_detailsRow; // the row the details box describes
     int m_lastPointerRow = -1;
     bool m_waitingCountLine = false;
     quint32 m_messageColour = 0;

@@ -17,6 +17,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScreen>
+#include <QWindow>
 
 namespace nubo::catalogue {
 
@@ -169,13 +170,13 @@ void Form1::toggleOnTop()
                                            : QStringLiteral("\\bitmap\\bool2.jpg"));
     if (!picture.isNull())
         PicOnTop->setPixmap(picture);
-    const bool wasVisible = isVisible();
-    setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
-    // Changing the stacking flag hides the window; it comes back without taking the focus.
-    setAttribute(Qt::WA_ShowWithoutActivating, true);
-    if (wasVisible)
-        show();
-    setAttribute(Qt::WA_ShowWithoutActivating, false);
+    // The stacking flag goes to the window system directly: setWindowFlag would hide the
+    // window and hand the keyboard to another one, so Ctrl+T, Delete or F2 would go astray.
+    Qt::WindowFlags flags = windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, onTop);
+    overrideWindowFlags(flags);
+    if (QWindow* handle = windowHandle())
+        handle->setFlags(flags);
 }
 
 void Form1::escape()
@@ -241,6 +242,7 @@ void Form1::showDetailsIfOn(int position)
 void Form1::showDetailsOf(int position)
 {
     ListView1->setToolTip(QString());
+    m_detailsRow = m_catalogue.list().indexAt(position);
     const RowDetailsView view =
         m_details.ShowRowDetails(m_catalogue.list(), position, m_detailsText);
     ListView1->setToolTip(view.toolTip);
@@ -257,6 +259,15 @@ void Form1::forgetDetails()
 {
     m_detailsText.clear();
     txtMp3Info->clear();
+}
+
+void Form1::forgetDetailsOfGoneRow()
+{
+    if (m_detailsRow.isValid())
+        return;
+    forgetDetails();
+    ListView1->setToolTip(QString());
+    ListView1->viewport()->setToolTip(QString());
 }
 
 void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)

@@ -220,6 +220,9 @@ void Form1::connectList()
     connect(m_filter, &QAbstractItemModel::rowsInserted, this, forgetPointerRow);
     connect(m_filter, &QAbstractItemModel::rowsRemoved, this, forgetPointerRow);
     connect(m_filter, &QAbstractItemModel::modelReset, this, forgetPointerRow);
+    const CatalogueList* list = &m_catalogue.list();
+    connect(list, &QAbstractItemModel::rowsRemoved, this, &Form1::forgetDetailsOfGoneRow);
+    connect(list, &QAbstractItemModel::modelReset, this, &Form1::forgetDetailsOfGoneRow);
     applyMode(ListMode::Funcional);
 }
 

@@ -180,17 +180,16 @@ void Form7::connectControls()
     connect(Command4, &QPushButton::clicked, this, &Form7::accept);
 
     // The box shows the sheet-formatting option, as the options window's box does, so the two
-    // always agree; a click here also saves the options.
+    // always agree. A click sets the record only: the options window's "&ACEPTAR CAMBIOS" is
+    // what writes it to the options file.
     ChkActivate->setChecked(m_deps.options.isOn(core::Option::ConfigExcel));
     connect(&m_deps.options, &core::Options::changed, ChkActivate,
             [this](core::Option option, int value) {
                 if (option == core::Option::ConfigExcel)
                     ChkActivate->setChecked(value != 0);
             });
-    connect(ChkActivate, &QCheckBox::clicked, this, [this](bool on) {
-        m_deps.options.setValue(core::Option::ConfigExcel, on ? 1 : 0);
-        m_deps.optionsStore.GuardarOpciones();
-    });
+    connect(ChkActivate, &QCheckBox::clicked, this,
+            [this](bool on) { m_deps.options.setValue(core::Option::ConfigExcel, on ? 1 : 0); });
 }
 
 void Form7::refresh()

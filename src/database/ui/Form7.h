@@ -3,7 +3,6 @@
 
 #include "core/ActivityLog.h"
 #include "core/Options.h"
-#include "core/OptionsStore.h"
 #include "database/SheetNumberField.h"
 #include "database/SheetSettings.h"
 #include "database/SheetSettingsStore.h"
@@ -36,7 +35,6 @@ public:
         const SheetSettingsStore& store;
         platform::IDialogs& dialogs;
         core::Options& options;
-        core::OptionsStore& optionsStore;
         core::ActivityLog& log;
     };
 

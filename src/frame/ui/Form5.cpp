@@ -49,21 +49,26 @@ constexpr int kRowHeight = 34;
 
 Form5::Form5(const platform::AppFolder& app, core::Options& options, core::OptionsStore& store,
              core::ActivityLog& log, QWidget* parent)
-    : QWidget(parent), m_options(options), m_store(store), m_log(log)
+    : QWidget(parent), m_app(app), m_options(options), m_store(store), m_log(log)
 {
     setObjectName(QStringLiteral("Form5"));
     setWindowTitle(QStringLiteral("Opciones"));
     setFixedSize(kSize);
-    const QPixmap background =
-        platform::loadPicture(app, QStringLiteral("\\bitmap\\mainform5.jpg"));
-    if (!background.isNull()) {
-        QPalette palette = this->palette();
-        palette.setBrush(QPalette::Window, background);
-        setPalette(palette);
-        setAutoFillBackground(true);
-    }
+    loadPictures();
     buildBoxes();
     buildButtons();
+}
+
+void Form5::loadPictures()
+{
+    const QPixmap background =
+        platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform5.jpg"));
+    if (background.isNull())
+        return;
+    QPalette palette = this->palette();
+    palette.setBrush(QPalette::Window, background);
+    setPalette(palette);
+    setAutoFillBackground(true);
 }
 
 void Form5::buildBoxes()

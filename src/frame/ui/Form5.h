@@ -37,6 +37,8 @@ public:
     QPushButton* CmdVaciarLog = nullptr;
 
     QCheckBox* box(core::Option option) const;
+    // The background, read again once a first start has laid out the application folder.
+    void loadPictures();
 
 signals:
     // Chkpro changed: the list window's file-properties display is emptied.
@@ -55,6 +57,7 @@ private:
     void bind(core::Option option, QCheckBox* check);
     void VolverAPredeterminados();
 
+    const platform::AppFolder& m_app;
     core::Options& m_options;
     core::OptionsStore& m_store;
     core::ActivityLog& m_log;

@@ -21,18 +21,15 @@ QString Form6::aboutText()
         "Es una versión beta: si algo falla, el archivo .log cuenta qué ocurrió.");
 }
 
-Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
+Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent), m_app(app)
 {
     setObjectName(QStringLiteral("Form6"));
     setWindowTitle(QStringLiteral("Sobre el autor"));
     setFixedSize(440, 360);
-    const QIcon logo(app.resolve(QStringLiteral("\\icons\\Nubologo.ico")));
-    setWindowIcon(logo);
-
     Image1 = new QLabel(this);
     Image1->setObjectName(QStringLiteral("Image1"));
-    Image1->setPixmap(logo.pixmap(48, 48));
     Image1->setGeometry(24, 20, 48, 48);
+    loadPictures();
 
     Label1 = new QLabel(QStringLiteral("Nubo 1.5 Beta"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
@@ -51,6 +48,13 @@ Form6::Form6(const platform::AppFolder& app, QWidget* parent) : QWidget(parent)
     Command1->setGeometry(324, 314, 92, 30);
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void Form6::loadPictures()
+{
+    const QIcon logo(m_app.resolve(QStringLiteral("\\icons\\Nubologo.ico")));
+    setWindowIcon(logo);
+    Image1->setPixmap(logo.pixmap(48, 48));
 }
 
 // A sky band behind the name over a pale cloud-white page, as on the main window.

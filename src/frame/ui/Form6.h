@@ -24,6 +24,8 @@ public:
     QPushButton* Command1 = nullptr;
 
     static QString aboutText();
+    // The logo, read again once a first start has laid out the application folder.
+    void loadPictures();
 
 signals:
     void closed();
@@ -31,6 +33,9 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+
+private:
+    const platform::AppFolder& m_app;
 };
 
 } // namespace nubo::frame

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QPair>
 
+#include <functional>
+
 namespace nubo::platform {
 
 // Records every shell call; answers with the result a test sets.
@@ -16,6 +18,8 @@ public:
     Result openResult = Result::Ok;
     Result enqueueResult = Result::Ok;
     bool openWithResult = true;
+    // Runs while the chooser would be open (a modal dialog lets events run meanwhile).
+    std::function<void()> whileChoosing;
 
     Result open(const QString& path) override
     {
@@ -30,6 +34,8 @@ public:
     bool openWith(const QString& path) override
     {
         calls.append({QStringLiteral("openWith"), path});
+        if (whileChoosing)
+            whileChoosing();
         return openWithResult;
     }
 };

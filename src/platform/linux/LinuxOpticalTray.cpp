@@ -14,6 +14,19 @@
 
 namespace nubo::platform {
 
+LinuxOpticalTray::LinuxOpticalTray(QString mountInfoPath, MountRequest requestMount)
+    : m_mountInfoPath(std::move(mountInfoPath)), m_requestMount(std::move(requestMount))
+{
+}
+
+void LinuxOpticalTray::udisksMount(const QString& device)
+{
+    QProcess udisks;
+    udisks.start(QStringLiteral("udisksctl"), {QStringLiteral("mount"), QStringLiteral("-b"),
+                                               device, QStringLiteral("--no-user-interaction")});
+    udisks.waitForFinished(20000);
+}
+
 int LinuxOpticalTray::open(const QString& device)
 {
     if (device.isEmpty())
@@ -59,16 +72,15 @@ QString LinuxOpticalTray::mountMedium(const QString& device)
 {
     if (device.isEmpty() || audioOnly(device))
         return {};
-    QProcess udisks;
-    udisks.start(QStringLiteral("udisksctl"), {QStringLiteral("mount"), QStringLiteral("-b"),
-                                               device, QStringLiteral("--no-user-interaction")});
-    udisks.waitForFinished(20000);
+    m_requestMount(device);
     // The desktop may have mounted it meanwhile: the mount table decides either way.
-    QFile mountinfo(QStringLiteral("/proc/self/mountinfo"));
+    QFile mountinfo(m_mountInfoPath);
     if (!mountinfo.open(QIODevice::ReadOnly))
         return {};
     const QString target = QFileInfo(device).canonicalFilePath();
-    for (const MountEntry& entry : MountTable::parse(mountinfo.readAll()).entries()) {
+    // The table must outlive the loop: a range over a temporary's member dangles.
+    const MountTable table = MountTable::parse(mountinfo.readAll());
+    for (const MountEntry& entry : table.entries()) {
         if (QFileInfo(entry.device).canonicalFilePath() == target)
             return entry.mountPoint;
     }

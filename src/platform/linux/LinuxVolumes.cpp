@@ -4,7 +4,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
+#include <linux/magic.h>
+#include <sys/statfs.h>
 #include <sys/statvfs.h>
 
 namespace nubo::platform {
@@ -22,6 +25,46 @@ std::optional<struct statvfs> statOf(const QString& path)
 }
 
 } // namespace
+
+LinuxVolumes::LinuxVolumes(QString systemRoot) : m_drives(std::move(systemRoot)) {}
+
+QString LinuxVolumes::fileSystemOfMagic(quint64 magic)
+{
+    // The magic numbers of statfs(2), named as /proc/self/mountinfo names the file systems.
+    // ext2, ext3 and ext4 share one number; ext4 is what a current system mounts.
+    static const QHash<quint64, QString> names = {
+        {EXT4_SUPER_MAGIC, QStringLiteral("ext4")},
+        {BTRFS_SUPER_MAGIC, QStringLiteral("btrfs")},
+        {XFS_SUPER_MAGIC, QStringLiteral("xfs")},
+        {F2FS_SUPER_MAGIC, QStringLiteral("f2fs")},
+        {TMPFS_MAGIC, QStringLiteral("tmpfs")},
+        {RAMFS_MAGIC, QStringLiteral("ramfs")},
+        {OVERLAYFS_SUPER_MAGIC, QStringLiteral("overlay")},
+        {SQUASHFS_MAGIC, QStringLiteral("squashfs")},
+        {MSDOS_SUPER_MAGIC, QStringLiteral("vfat")},
+        {EXFAT_SUPER_MAGIC, QStringLiteral("exfat")},
+        {ISOFS_SUPER_MAGIC, QStringLiteral("iso9660")},
+        {UDF_SUPER_MAGIC, QStringLiteral("udf")},
+        {NFS_SUPER_MAGIC, QStringLiteral("nfs")},
+        {FUSE_SUPER_MAGIC, QStringLiteral("fuse")},
+    };
+    return names.value(magic);
+}
+
+std::optional<VolumeDetails> LinuxVolumes::unmountedDetails(const QString& path)
+{
+    const std::optional<struct statvfs> info = statOf(path);
+    struct statfs kind
+    {
+    };
+    if (!info || ::statfs(QFile::encodeName(path).constData(), &kind) != 0)
+        return std::nullopt;
+    VolumeDetails details;
+    details.maxComponentLength = quint32(info->f_namemax);
+    details.flags = quint32(info->f_flag);
+    details.fileSystem = fileSystemOfMagic(quint64(quint32(kind.f_type)));
+    return details;
+}
 
 std::optional<quint32> LinuxVolumes::serialFromUuid(const QString& uuid)
 {
@@ -52,9 +95,11 @@ std::optional<VolumeDetails> LinuxVolumes::details(const QString& path) const
     // A volume is asked about by a folder on it; a device node names none.
     if (!QFileInfo(path).isDir())
         return std::nullopt;
-    const std::optional<struct statvfs> info = statOf(path);
     const std::optional<MountEntry> volume = m_drives.volumeOf(QFileInfo(path).absoluteFilePath());
-    if (!info || !volume)
+    if (!volume)
+        return unmountedDetails(path);
+    const std::optional<struct statvfs> info = statOf(path);
+    if (!info)
         return std::nullopt;
     VolumeDetails details;
     details.label = m_drives.labelOf(volume->device);

@@ -3,6 +3,7 @@
 
 #include "platform/ui/OpenWithDialog.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QPointer>
 #include <QUrl>
@@ -14,7 +15,9 @@ DesktopPrompts desktopPrompts(QWidget* chooserParent)
     QPointer<QWidget> parent(chooserParent);
     return {
         [parent](const QList<DesktopEntry>& applications, const QString& path) {
-            return OpenWithDialog::choose(applications, path, parent.data());
+            // Over the window the user acted in, which gets the keyboard back when it closes.
+            QWidget* owner = QApplication::activeWindow();
+            return OpenWithDialog::choose(applications, path, owner ? owner : parent.data());
         },
         [](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); }};
 }

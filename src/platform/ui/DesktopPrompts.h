@@ -8,7 +8,7 @@ class QWidget;
 namespace nubo::platform {
 
 // The desktop shell's windowed parts for createLinuxPlatform(): the "open with" chooser over
-// the given window, and Qt's desktop opener.
+// the active window (the given one when none is), and Qt's desktop opener.
 DesktopPrompts desktopPrompts(QWidget* chooserParent);
 
 } // namespace nubo::platform

@@ -2,6 +2,7 @@
 #include "print/ui/FormPrint1.h"
 
 #include "catalogue/CatalogueList.h"
+#include "catalogue/ListFilter.h"
 #include "platform/IDialogs.h"
 #include "platform/ui/NamedChild.h"
 #include "print/paint/CoverPainter.h"
@@ -32,11 +33,25 @@ QList<CoverRow> coverRowsOf(const catalogue::CatalogueList& list)
     return rows;
 }
 
+// The rows a find leaves in sight, in the order shown.
+QList<CoverRow> shownRowsOf(const catalogue::CatalogueList& list,
+                            const catalogue::ListFilter& shown)
+{
+    QList<CoverRow> rows;
+    rows.reserve(shown.shownCount());
+    for (int r = 0; r < shown.rowCount(); ++r) {
+        const int p = shown.positionOf(shown.index(r, 0));
+        if (p >= 0)
+            rows.append({list.row(p).nombre, list.row(p).origen});
+    }
+    return rows;
+}
+
 } // namespace
 
 FormPrint1::FormPrint1(platform::IDialogs& dialogs, const catalogue::CatalogueList& list,
-                       QWidget* parent)
-    : QDialog(parent), m_dialogs(dialogs), m_list(list)
+                       const catalogue::ListFilter* shown, QWidget* parent)
+    : QDialog(parent), m_dialogs(dialogs), m_list(list), m_shown(shown)
 {
     setObjectName(QStringLiteral("FormPrint1"));
     setWindowTitle(QStringLiteral("Imprimir tapa"));
@@ -65,9 +80,30 @@ FormPrint1::FormPrint1(platform::IDialogs& dialogs, const catalogue::CatalogueLi
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
 }
 
+std::optional<QList<CoverRow>> FormPrint1::chosenRows()
+{
+    if (!m_shown || m_shown->shownCount() >= m_shown->totalCount())
+        return coverRowsOf(m_list);
+    const platform::MessageAnswer answer = m_dialogs.messageBox(
+        QStringLiteral("La lista muestra %1 de sus %2 archivos.\n¿Desea imprimir la tapa solo "
+                       "con los archivos mostrados?\n(No: con toda la lista)")
+            .arg(m_shown->shownCount())
+            .arg(m_shown->totalCount()),
+        QStringLiteral("Imprimir tapa"), platform::MessageButtons::YesNoCancel,
+        platform::MessageIcon::Question);
+    if (answer == platform::MessageAnswer::Yes)
+        return shownRowsOf(m_list, *m_shown);
+    if (answer == platform::MessageAnswer::No)
+        return coverRowsOf(m_list);
+    return std::nullopt;
+}
+
 bool FormPrint1::Form_Load()
 {
-    QList<CoverRow> rows = coverRowsOf(m_list);
+    std::optional<QList<CoverRow>> chosen = chosenRows();
+    if (!chosen)
+        return false;
+    QList<CoverRow> rows = std::move(*chosen);
     QStringList names;
     for (const CoverRow& row : rows)
         names << row.name;

@@ -6,6 +6,8 @@
 
 #include <QDialog>
 
+#include <optional>
+
 class QPrinter;
 class QPushButton;
 class QTreeWidget;
@@ -15,7 +17,8 @@ class IDialogs;
 }
 namespace nubo::catalogue {
 class CatalogueList;
-}
+class ListFilter;
+} // namespace nubo::catalogue
 
 namespace nubo::print {
 
@@ -24,8 +27,10 @@ class FormPrint1 final : public QDialog
 {
     Q_OBJECT
 public:
+    // shown: the rows the list window shows; while a find hides some, the window offers them
+    // (the default) or the whole list.
     FormPrint1(platform::IDialogs& dialogs, const catalogue::CatalogueList& list,
-               QWidget* parent = nullptr);
+               const catalogue::ListFilter* shown = nullptr, QWidget* parent = nullptr);
 
     // Loading the window starts everything: the column question, the headers and the names.
     // False, with the window left as it was, when the answer is refused or cancelled.
@@ -48,6 +53,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // The rows the cover takes, or nothing when the user cancels the choice.
+    std::optional<QList<CoverRow>> chosenRows();
     void fillList(const CoverGrid& grid);
     void applyColumnWidths();
     void preview();
@@ -56,6 +63,7 @@ private:
 
     platform::IDialogs& m_dialogs;
     const catalogue::CatalogueList& m_list;
+    const catalogue::ListFilter* m_shown;
     QList<CoverRow> m_rows;
     QList<QStringList> m_columns;
 };

@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QTextStream>
 
 #include <algorithm>
 #include <variant>
@@ -34,13 +36,20 @@ const char* const kUsage =
     "uso: nubo-cli scan CARPETA... [--mask MASCARA] [--group NOMBRE] [--output ARCHIVO] [--tags]\n";
 
 const char* const kHelp =
-    "\nSin --output escribe una fila por archivo: NOMBRE, CARPETA, ORIGEN, FORMATO y UNIDAD\n"
+    "\nSin --output, o con --output ARCHIVO.tsv, escribe una fila por archivo: NOMBRE, CARPETA,\n"
+    "ORIGEN, FORMATO y UNIDAD\n"
     "separados por tabuladores; con --tags siguen TITULO, ARTISTA, ALBUM, AÑO, PISTA y\n"
     "DURACION de las etiquetas del archivo. Dentro de un campo, la barra invertida se escribe "
     "\\\\,\n"
     "el tabulador \\t, el salto de linea \\n y el retorno de carro \\r.\n"
     "Un nombre que no es UTF-8 valido no se puede catalogar: se avisa en la salida de\n"
     "errores, se omite (con su carpeta, si lo es) y el estado de salida es 2.\n";
+
+// A target that takes the rows as standard output shows them, as "find" reads them.
+bool isTsvName(const QString& path)
+{
+    return path.endsWith(QLatin1String(".tsv"), Qt::CaseInsensitive);
+}
 
 // The arguments, or the status to end with.
 std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
@@ -77,9 +86,10 @@ std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
         io.err << kUsage;
         return nubo::cli::kUsageError;
     }
-    if (!parsed.output.isEmpty() && !database::catalogueFormatOf(parsed.output)) {
-        io.err << "nubo-cli scan: extensión desconocida (se espera .xls o .mdb): " << parsed.output
-               << '\n';
+    if (!parsed.output.isEmpty() && !database::catalogueFormatOf(parsed.output) &&
+        !isTsvName(parsed.output)) {
+        io.err << "nubo-cli scan: extensión desconocida (se espera .xls, .mdb o .tsv): "
+               << parsed.output << '\n';
         return nubo::cli::kUsageError;
     }
     for (const QString& folder : parsed.folders) {
@@ -206,6 +216,39 @@ int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& i
     return nubo::cli::kOk;
 }
 
+// The rows as lines of tab-separated fields, in list order.
+void writeRows(const catalogue::CatalogueList& list, const ScanHost& host, bool tags,
+               QTextStream& out)
+{
+    for (int p = 0; p < list.count(); ++p) {
+        const catalogue::CatalogueRow& row = list.row(p);
+        out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
+            << '\t' << field(row.formato) << '\t' << field(row.unidad);
+        if (tags)
+            out << tagColumns(host.pathOf(p));
+        out << '\n';
+    }
+}
+
+// The lines of standard output, written beside the target and renamed over it only once
+// complete and flushed to the disk, so the previous file survives a failed save.
+int saveTsv(const catalogue::CatalogueList& list, const ScanHost& host, bool tags,
+            const QString& path, CliIo& io)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly)) {
+        QTextStream out(&file);
+        writeRows(list, host, tags, out);
+        out.flush();
+        if (out.status() == QTextStream::Ok && file.commit()) {
+            io.err << "nubo-cli scan: " << list.count() << " filas guardadas en " << path << '\n';
+            return nubo::cli::kOk;
+        }
+    }
+    io.err << "nubo-cli scan: no se puede guardar " << path << ": " << file.errorString() << '\n';
+    return nubo::cli::kFileError;
+}
+
 int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& directories,
             const QStringList& args, CliIo& io)
 {
@@ -218,7 +261,8 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
     catalogue::Catalogue catalogue(drives, dialogs);
     catalogue.setGroupName(scan.group);
     ScanHost host(catalogue, io);
-    if (scan.tags && scan.output.isEmpty())
+    const bool asText = scan.output.isEmpty() || isTsvName(scan.output);
+    if (scan.tags && asText)
         host.keepPaths();
     FolderWalker walker(host, directories);
     walker.setSixteenBitCounters(false);
@@ -233,18 +277,12 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
 
     const catalogue::CatalogueList& list = catalogue.list();
     int status = nubo::cli::kOk;
-    if (!scan.output.isEmpty()) {
+    if (scan.output.isEmpty())
+        writeRows(list, host, scan.tags, io.out);
+    else if (isTsvName(scan.output))
+        status = saveTsv(list, host, scan.tags, scan.output, io);
+    else
         status = saveRows(list, scan.output, io);
-    } else {
-        for (int p = 0; p < list.count(); ++p) {
-            const catalogue::CatalogueRow& row = list.row(p);
-            io.out << field(row.nombre) << '\t' << field(row.direccion) << '\t' << field(row.origen)
-                   << '\t' << field(row.formato) << '\t' << field(row.unidad);
-            if (scan.tags)
-                io.out << tagColumns(host.pathOf(p));
-            io.out << '\n';
-        }
-    }
     if (host.leftOut() > 0) {
         io.err << "nubo-cli scan: " << host.leftOut() << " nombres omitidos\n";
         return nubo::cli::kFileError;

@@ -85,7 +85,8 @@ void Form3::createControls()
     Combo1->setEditable(true);
     Combo1->setInsertPolicy(QComboBox::NoInsert);
     Combo1->setToolTip(
-        QStringLiteral("Extencion de los archivos a buscar.Se permiten comodines(*)"));
+        QStringLiteral("Extencion de los archivos a buscar.Se permiten comodines(*)\n"
+                       "Varias extensiones separadas por \";\", por ejemplo *.flac;*.ogg"));
     Command4 = platform::namedChild<QPushButton>(this, "Command4", QStringLiteral("&Ver lista"));
     Command4->setToolTip(QStringLiteral("Cierra el cuadro y muestra el de Lista"));
     Command2 = platform::namedChild<QPushButton>(this, "Command2",
