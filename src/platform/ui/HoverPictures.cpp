@@ -43,11 +43,6 @@ void HoverPictures::showAllOff()
         setFace(button, Face::Off);
 }
 
-HoverPictures::Face HoverPictures::face(const QLabel* label) const
-{
-    return m_buttons.value(label).face;
-}
-
 void HoverPictures::setFace(Button& button, Face face)
 {
     if (button.face == face)

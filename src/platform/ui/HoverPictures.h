@@ -33,7 +33,6 @@ public:
     // Shows the button's face; lighting it puts the other buttons back to "off".
     void show(QLabel* button, Face face);
     void showAllOff();
-    Face face(const QLabel* button) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
