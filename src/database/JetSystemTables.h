@@ -36,7 +36,9 @@ class SystemCatalog final
 public:
     SystemCatalog(const QString& userTable, double created);
 
-    // Every page from the allocation map up to the user table's definition (exclusive).
+    // Pages kObjects to kAcesData, in order: the system tables' definitions, the usage maps,
+    // their index leaves and their data. The header, the allocation map and the user table's
+    // pages are the writer's.
     QList<QByteArray> pages(const QByteArray& userMapUsed, const QByteArray& userMapFree) const;
 
 private:

@@ -39,7 +39,8 @@ public:
     QCheckBox* box(core::Option option) const;
 
 signals:
-    // ChkExcConfg changed: the sheet configuration window's activation box follows it.
+    // ChkExcConfg changed. Nothing needs to listen: the sheet configuration window's box
+    // follows the option itself, through Options::changed.
     void ChkExcConfgClicked(bool checked);
     // Chkpro changed: the list window's file-properties display is emptied.
     void ChkproClicked();
