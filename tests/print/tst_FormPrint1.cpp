@@ -8,9 +8,9 @@
 #include "platform/FileDialogRules.h"
 #include "platform/fakes/FakeDialogs.h"
 
+#include "Oracle.h"
 #include "TestFiles.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QtTest>
@@ -19,14 +19,10 @@ using namespace nubo::print;
 
 namespace {
 
-// The text pdftotext reads from a PDF, blanks folded.
-QString pdfText(const QString& path)
+// pdftotext's reading of a PDF; its output is the text.
+nubo::test::OracleRun pdftotext(const QString& path)
 {
-    QProcess process;
-    process.start(QStringLiteral("pdftotext"), {path, QStringLiteral("-")});
-    if (!process.waitForFinished(10000) || process.exitCode() != 0)
-        return {};
-    return QString::fromUtf8(process.readAllStandardOutput()).simplified();
+    return nubo::test::runOracle(QStringLiteral("pdftotext"), {path, QStringLiteral("-")});
 }
 
 int runCli(const QStringList& args, QString* err)
@@ -97,7 +93,9 @@ private slots:
                              QStringLiteral("2"), QStringLiteral("--output"), pdf},
                             &err),
                      0);
-            const QString text = pdfText(pdf);
+            const nubo::test::OracleRun run = pdftotext(pdf);
+            NUBO_READ(run);
+            const QString text = QString::fromUtf8(run.out).simplified(); // blanks folded
             QVERIFY2(text.contains(input == xls ? QStringLiteral("Canción de cuna")
                                                 : QStringLiteral("Segunda")),
                      qPrintable(text));
