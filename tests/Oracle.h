@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtTest>
@@ -29,32 +30,57 @@ inline bool underCi()
     return qEnvironmentVariableIsSet("CI");
 }
 
-// Runs program with args (found on PATH, never through a shell). Exit status 0 is a read,
-// kOracleAbsentStatus is an absent reader, anything else, a crash or a timeout is a failure.
-inline OracleRun runOracle(const QString& program, const QStringList& args, int timeoutMs = 60000)
+// Every copy of program on PATH, in PATH's order (program itself when it is a path).
+inline QStringList executablesOnPath(const QString& program)
+{
+    if (program.contains(QLatin1Char('/'))) {
+        const QString found = QStandardPaths::findExecutable(program);
+        return found.isEmpty() ? QStringList() : QStringList{found};
+    }
+    QStringList found;
+    for (const QString& dir :
+         qEnvironmentVariable("PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts)) {
+        const QString path = QStandardPaths::findExecutable(program, {dir});
+        const QString real = QFileInfo(path).canonicalFilePath();
+        if (!path.isEmpty() && !found.contains(real))
+            found.append(real);
+    }
+    return found;
+}
+
+// One run of an executable: exit status 0 is a read, kOracleAbsentStatus an absent reader,
+// anything else, a crash or a timeout a failure.
+inline OracleRun runOnce(const QString& executable, const QStringList& args, int timeoutMs)
 {
     OracleRun run;
-    run.what = program;
-    const QString found = QStandardPaths::findExecutable(program);
-    if (found.isEmpty())
-        return run;
     QProcess process;
-    process.start(found, args);
+    process.start(executable, args);
     const bool ended = process.waitForFinished(timeoutMs);
+    const bool normal = ended && process.exitStatus() == QProcess::NormalExit;
     run.out = process.readAllStandardOutput();
     run.err = process.readAllStandardError();
-    if (ended && process.exitStatus() == QProcess::NormalExit &&
-        process.exitCode() == kOracleAbsentStatus) {
-        run.outcome = OracleRun::Outcome::Absent;
+    if (normal && process.exitCode() == kOracleAbsentStatus)
         return run;
-    }
-    const bool read =
-        ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    const bool read = normal && process.exitCode() == 0;
     run.outcome = read ? OracleRun::Outcome::Read : OracleRun::Outcome::Failed;
     if (!ended)
         run.err.prepend("no answer in time; ");
     else if (!read)
         run.err.prepend("exit status " + QByteArray::number(process.exitCode()) + "; ");
+    return run;
+}
+
+// Runs program with args, never through a shell: the first copy on PATH that is not absent
+// answers (an interpreter early on PATH may lack the module a later one has).
+inline OracleRun runOracle(const QString& program, const QStringList& args, int timeoutMs = 60000)
+{
+    OracleRun run;
+    for (const QString& executable : executablesOnPath(program)) {
+        run = runOnce(executable, args, timeoutMs);
+        if (run.outcome != OracleRun::Outcome::Absent)
+            break;
+    }
+    run.what = program;
     return run;
 }
 
