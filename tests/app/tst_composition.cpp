@@ -27,6 +27,8 @@
 #include "TestFiles.h"
 #include "WindowControl.h"
 
+using nubo::test::control;
+
 using namespace nubo;
 using test::control;
 
@@ -141,7 +143,8 @@ private slots:
             [&] {
                 if (!sinceExit.isValid()) {
                     sinceExit.start();
-                    QTest::keyClick(main->picMainSkin, Qt::Key_S, Qt::ControlModifier);
+                    QTest::keyClick(control<QLabel>(*main, "picMainSkin"), Qt::Key_S,
+                                    Qt::ControlModifier);
                 }
             },
             Qt::QueuedConnection);

@@ -13,6 +13,10 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "WindowControl.h"
+
+using nubo::test::control;
+
 using namespace nubo;
 using search::ImageButton;
 
@@ -54,13 +58,13 @@ private slots:
         Rig rig;
         search::Form3& f = *rig.form;
         f.show();
-        QTest::keyClick(f.Drive1, Qt::Key_C, Qt::ControlModifier);
+        QTest::keyClick(control<QComboBox>(f, "Drive1"), Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(rig.dialogs.asked.last().text,
                  QStringLiteral("No hay unidades de CDROM instaladas"));
-        QTest::keyClick(f.Dir1, Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClick(control<QTreeView>(f, "Dir1"), Qt::Key_V, Qt::ControlModifier);
         QVERIFY(rig.host.listShown);
         QVERIFY(!f.isVisible());
-        QTest::keyClick(f.Dir1, Qt::Key_B, Qt::ControlModifier);
+        QTest::keyClick(control<QTreeView>(f, "Dir1"), Qt::Key_B, Qt::ControlModifier);
         QCOMPARE(rig.host.rows.size(), 2);
     }
 
@@ -69,14 +73,14 @@ private slots:
     void drivesAndTheFirstMask()
     {
         Rig rig;
-        QCOMPARE(rig.form->Combo1->currentText(), QStringLiteral("*.mp3"));
+        QCOMPARE(control<QComboBox>(*rig.form, "Combo1")->currentText(), QStringLiteral("*.mp3"));
         QCOMPARE(rig.form->folderPath(), rig.root.path());
-        QVERIFY(!rig.form->PicSearch->pixmap().isNull());
+        QVERIFY(!control<ImageButton>(*rig.form, "PicSearch")->pixmap().isNull());
         rig.drives.addEmptyCd("/dev/sr7");
         QCOMPARE(rig.form->selectDrive("/dev/sr7"), 68);
         QCOMPARE(rig.form->selectDrive("z:"), 68);
         QCOMPARE(rig.form->selectDrive(rig.root.path()), 0);
-        QCOMPARE(rig.form->Drive1->count(), 2);
+        QCOMPARE(control<QComboBox>(*rig.form, "Drive1")->count(), 2);
     }
 };
 

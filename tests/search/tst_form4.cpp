@@ -8,6 +8,10 @@
 #include <QLabel>
 #include <QTest>
 
+#include "WindowControl.h"
+
+using nubo::test::control;
+
 using namespace nubo;
 
 class TestForm4 final : public QObject
@@ -38,16 +42,16 @@ private slots:
         Rig rig;
         search::Form4& f = rig.form;
         f.show();
-        f.Combo1->setEditText("z:");
-        QTest::mouseClick(f.Command1, Qt::LeftButton);
+        control<QComboBox>(f, "Combo1")->setEditText("z:");
+        QTest::mouseClick(control<search::ImageButton>(f, "Command1"), Qt::LeftButton);
         QCOMPARE(rig.dialogs.asked.size(), 1);
         QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Path invalido"));
         QVERIFY(f.isVisible());
 
         rig.dialogs.inputAnswers.enqueue(QStringLiteral("Disco 2"));
         rig.window.folder = "/media/cdrom1";
-        f.Combo1->setEditText("/media/cdrom1");
-        QTest::mouseClick(f.Command1, Qt::LeftButton);
+        control<QComboBox>(f, "Combo1")->setEditText("/media/cdrom1");
+        QTest::mouseClick(control<search::ImageButton>(f, "Command1"), Qt::LeftButton);
         QCOMPARE(rig.host.rows, QStringList{"/media/cdrom1/pista.mp3"});
     }
 };

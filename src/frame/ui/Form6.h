@@ -18,11 +18,6 @@ class Form6 final : public QWidget
 public:
     explicit Form6(const platform::AppFolder& app, QWidget* parent = nullptr);
 
-    QLabel* Image1 = nullptr; // the program's logo
-    QLabel* Label1 = nullptr; // the program's name
-    QLabel* Label2 = nullptr; // the text
-    QPushButton* Command1 = nullptr;
-
     static QString aboutText();
 
 signals:
@@ -31,6 +26,13 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+
+private:
+    // The controls, named as the form names them; tests find them by those names.
+    QLabel* Image1 = nullptr; // the program's logo
+    QLabel* Label1 = nullptr; // the program's name
+    QLabel* Label2 = nullptr; // the text
+    QPushButton* Command1 = nullptr;
 };
 
 } // namespace nubo::frame

@@ -39,15 +39,16 @@ public:
     // the name has no extension) and saves the cover there, reporting a failure.
     void savePdfAsked();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    // The controls, named as the form names them; tests find them by those names.
     QTreeWidget* ListView1 = nullptr;
     QPushButton* cmdPreview = nullptr;
     QPushButton* cmdPrint = nullptr;
     QPushButton* cmdClose = nullptr;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
     void fillList(const CoverGrid& grid);
     void applyColumnWidths();
     void preview();
