@@ -65,6 +65,8 @@ inline OracleRun runOnce(const QString& executable, const QStringList& args, int
     run.outcome = read ? OracleRun::Outcome::Read : OracleRun::Outcome::Failed;
     if (!ended)
         run.err.prepend("no answer in time; ");
+    else if (!normal)
+        run.err.prepend("crashed; ");
     else if (!read)
         run.err.prepend("exit status " + QByteArray::number(process.exitCode()) + "; ");
     return run;
