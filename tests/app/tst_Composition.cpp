@@ -238,4 +238,4 @@ private slots:
 };
 
 QTEST_MAIN(TestComposition)
-#include "tst_composition.moc"
+#include "tst_Composition.moc"

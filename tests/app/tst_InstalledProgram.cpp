@@ -157,4 +157,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestInstalledProgram)
-#include "tst_installedprogram.moc"
+#include "tst_InstalledProgram.moc"

@@ -207,4 +207,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestStartupSequence)
-#include "tst_startupsequence.moc"
+#include "tst_StartupSequence.moc"

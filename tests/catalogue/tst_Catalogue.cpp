@@ -229,4 +229,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestCatalogue)
-#include "tst_catalogue.moc"
+#include "tst_Catalogue.moc"

@@ -200,4 +200,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestCatalogueList)
-#include "tst_cataloguelist.moc"
+#include "tst_CatalogueList.moc"

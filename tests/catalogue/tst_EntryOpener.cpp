@@ -156,4 +156,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestEntryOpener)
-#include "tst_entryopener.moc"
+#include "tst_EntryOpener.moc"

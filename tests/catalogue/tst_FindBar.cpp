@@ -49,4 +49,4 @@ private slots:
 };
 
 QTEST_MAIN(TestFindBar)
-#include "tst_findbar.moc"
+#include "tst_FindBar.moc"

@@ -420,4 +420,4 @@ private slots:
 };
 
 QTEST_MAIN(TestForm1)
-#include "tst_form1.moc"
+#include "tst_Form1.moc"

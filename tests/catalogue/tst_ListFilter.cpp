@@ -152,4 +152,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestListFilter)
-#include "tst_listfilter.moc"
+#include "tst_ListFilter.moc"

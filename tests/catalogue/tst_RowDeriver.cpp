@@ -77,4 +77,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestRowDeriver)
-#include "tst_rowderiver.moc"
+#include "tst_RowDeriver.moc"

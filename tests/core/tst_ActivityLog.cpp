@@ -87,4 +87,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestActivityLog)
-#include "tst_activitylog.moc"
+#include "tst_ActivityLog.moc"

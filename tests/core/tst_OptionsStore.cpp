@@ -107,4 +107,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestOptionsStore)
-#include "tst_optionsstore.moc"
+#include "tst_OptionsStore.moc"

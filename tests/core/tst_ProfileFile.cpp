@@ -52,4 +52,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestProfileFile)
-#include "tst_profilefile.moc"
+#include "tst_ProfileFile.moc"

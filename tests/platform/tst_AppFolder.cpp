@@ -87,4 +87,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestAppFolder)
-#include "tst_appfolder.moc"
+#include "tst_AppFolder.moc"

@@ -39,4 +39,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestFileDialogRules)
-#include "tst_filedialogrules.moc"
+#include "tst_FileDialogRules.moc"

@@ -96,4 +96,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestLinuxDrives)
-#include "tst_linuxdrives.moc"
+#include "tst_LinuxDrives.moc"

@@ -36,4 +36,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestLinuxVolumes)
-#include "tst_linuxvolumes.moc"
+#include "tst_LinuxVolumes.moc"

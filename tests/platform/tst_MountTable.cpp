@@ -94,4 +94,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestMountTable)
-#include "tst_mounttable.moc"
+#include "tst_MountTable.moc"

@@ -50,4 +50,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestRegistryFile)
-#include "tst_registryfile.moc"
+#include "tst_RegistryFile.moc"

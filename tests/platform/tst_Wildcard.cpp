@@ -66,4 +66,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestWildcard)
-#include "tst_wildcard.moc"
+#include "tst_Wildcard.moc"

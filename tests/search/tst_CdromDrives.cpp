@@ -61,4 +61,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestCdromDrives)
-#include "tst_cdromdrives.moc"
+#include "tst_CdromDrives.moc"

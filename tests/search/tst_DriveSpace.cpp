@@ -42,4 +42,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestDriveSpace)
-#include "tst_drivespace.moc"
+#include "tst_DriveSpace.moc"

@@ -204,4 +204,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestFolderWalker)
-#include "tst_folderwalker.moc"
+#include "tst_FolderWalker.moc"

@@ -85,4 +85,4 @@ private slots:
 };
 
 QTEST_MAIN(TestForm3)
-#include "tst_form3.moc"
+#include "tst_Form3.moc"

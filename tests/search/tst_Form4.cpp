@@ -57,4 +57,4 @@ private slots:
 };
 
 QTEST_MAIN(TestForm4)
-#include "tst_form4.moc"
+#include "tst_Form4.moc"

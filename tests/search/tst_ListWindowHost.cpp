@@ -134,4 +134,4 @@ private slots:
 };
 
 QTEST_MAIN(TestListWindowHost)
-#include "tst_listwindowhost.moc"
+#include "tst_ListWindowHost.moc"

@@ -149,4 +149,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestScanCommand)
-#include "tst_scancommand.moc"
+#include "tst_ScanCommand.moc"

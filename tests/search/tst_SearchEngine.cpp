@@ -305,4 +305,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestSearchEngine)
-#include "tst_searchengine.moc"
+#include "tst_SearchEngine.moc"

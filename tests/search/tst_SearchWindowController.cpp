@@ -67,4 +67,4 @@ private slots:
 };
 
 QTEST_GUILESS_MAIN(TestSearchWindowController)
-#include "tst_searchwindowcontroller.moc"
+#include "tst_SearchWindowController.moc"
