@@ -8,7 +8,9 @@ MANIFEST is the one check_includes.py reads. The checks:
   - a core library (any but the window libraries, *_ui, and the composition root) reaches
     neither Qt Widgets nor Qt Gui through its links, except the few in GUI_CORE_LIBRARIES;
   - the library table and the graph in docs/architecture.md list every library of the project
-    with its layer and the project libraries it links, exactly as CMake declares them.
+    with its layer and the project libraries it links, exactly as CMake declares them;
+  - every test is named tst_<Class> after a class of src/ with its capitals, or after one of
+    the few units that are no class (TEST_UNITS).
 With --print it prints the table and the graph as they should read, for pasting into the docs.
 """
 
@@ -26,6 +28,8 @@ GUI_CORE_LIBRARIES = {
     "nubo_print_paint": "draws covers for the cover window and nubo-cli alike",
     "nubo_print_cli": "nubo-cli's cover, drawn through nubo_print_paint",
 }
+# Tests of a whole rather than a class: a file format, the installed program.
+TEST_UNITS = {"WorkbookFile", "DatabaseFile", "InstalledProgram"}
 DOC = os.path.join("docs", "architecture.md")
 TABLE_HEADER = "| layer | library | links (as CMake declares them) |"
 ROW = re.compile(r"^\|\s*(\d+)\s*\|\s*`([\w]+)`\s*\|(.*)\|\s*$")
@@ -77,6 +81,15 @@ def gui_problems(targets, graph):
         for module in sorted(qt - allowed):
             problems.append(f"{name} is a core library but reaches {module} through its links")
     return problems
+
+
+def test_name_problems(targets, source_dir):
+    classes = {os.path.splitext(f)[0] for _, _, files in os.walk(os.path.join(source_dir, "src"))
+               for f in files if f.endswith(".h")}
+    return [f"{name}: a test is named tst_<Class> after the class it tests, with its capitals"
+            for name, target in sorted(targets.items())
+            if target.type == "EXECUTABLE" and name.startswith("tst_")
+            and name[4:] not in classes | TEST_UNITS]
 
 
 def expected_table(graph, layer_of):
@@ -160,6 +173,7 @@ def main(argv):
         return 0
     problems = gui_problems(targets, graph)
     problems += doc_problems(os.path.join(argv[2], DOC), graph, layer_of)
+    problems += test_name_problems(targets, argv[2])
     for problem in problems:
         print(problem)
     print(f"check_links: {len(graph)} libraries, {len(problems)} problems"
