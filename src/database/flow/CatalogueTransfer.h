@@ -25,6 +25,7 @@ namespace nubo::database {
 class ITransferView;
 class TransferRun;
 struct LoadHooks;
+struct LoadOutcome;
 struct SaveHooks;
 
 // How a save or load ended: every row written or read; stopped by the cancel flag (a save
@@ -81,7 +82,9 @@ private:
     void showStatus(const QString& text, qint16 delayMs, quint32 colour);
     void reportAdded(const QString& text, bool cancelled);
     TransferOutcome workbookSaveFailed(const QString& path, const QString& reason);
-    TransferOutcome workbookLoadFailed(const QString& path);
+    TransferOutcome workbookLoadFailed(const QString& path, const QString& reason);
+    TransferOutcome cancelledOverExisting(const QString& path, qsizetype count);
+    TransferOutcome loadedDamaged(const QString& path, const LoadOutcome& loaded);
     TransferOutcome fileFailed(const QString& path, const QString& reason);
     QString targetRefusal(const QString& path) const;
     bool refuseTooLongForDatabase(const QList<CatalogueRecord>& rows, const QString& path);
