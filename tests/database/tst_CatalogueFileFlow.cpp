@@ -538,7 +538,7 @@ private slots:
                     f.catalogue.list().clear();
                     f.flow.LoadByExtension(path);
                     QVERIFY2(allowed.match(f.status()).hasMatch(), qPrintable(f.status()));
-                    const bool damagedRead = f.status().contains(QLatin1String("dañado"));
+                    const bool damagedRead = f.status().contains(QStringLiteral("dañado"));
                     if (!f.status().startsWith(QLatin1String("Se han agregado")) && !damagedRead)
                         QVERIFY(f.catalogue.list().isEmpty()); // a failed load adds nothing
                     QCOMPARE(f.view.begun, f.view.ended);
