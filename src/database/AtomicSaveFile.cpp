@@ -97,8 +97,8 @@ FileStep AtomicSaveFile::resolveTarget()
     return {};
 }
 
-// Leftovers of saves of this name killed on a file system without unnamed files; those of a
-// save still running in another process are left alone.
+// Leftovers of saves of this name killed once their file had a name (always so on a file
+// system without unnamed files); those of a save still running in another process stay.
 void AtomicSaveFile::removeLeftovers() const
 {
     const QString prefix = QFile::decodeName('.' + m_base + kTempMark);
@@ -125,7 +125,6 @@ FileStep AtomicSaveFile::createUnnamed()
 
 FileStep AtomicSaveFile::createNamed()
 {
-    removeLeftovers();
     m_tempName = tempNameFor(m_base);
     m_fd = ::openat(m_dirFd, m_tempName.constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC,
                     kNewFileMode);
@@ -144,6 +143,7 @@ FileStep AtomicSaveFile::open()
     m_dirFd = ::open(m_folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (m_dirFd < 0)
         return failed(QStringLiteral("No se puede abrir la carpeta de %1:"), errno);
+    removeLeftovers();
     if (FileStep step = createUnnamed(); !step)
         return step;
     if (FileStep step = giveOwnerAndMode(); !step)

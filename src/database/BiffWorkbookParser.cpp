@@ -74,6 +74,10 @@ void readSharedStrings(const BiffContinuedData& data, QList<QString>& strings, Q
         }
         strings.append(std::move(*text));
     }
+    // Bytes past the last text mean the texts read were not the ones written (a zeroed stretch
+    // reads as a run of empty texts).
+    if (!reader.atEnd())
+        damage = QStringLiteral("la tabla de textos no acaba donde declara");
 }
 
 // The first BOF names the file's version; Excel 2 to 4 files are refused by version.
