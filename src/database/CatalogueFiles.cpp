@@ -284,6 +284,10 @@ QString damageText(const QString& path, const LoadOutcome& outcome)
         if (number->size() == 4)
             number->insert(1, QLatin1Char('.'));
     }
+    // A count the file states below what was read tells nothing: only the rows read are given.
+    if (outcome.declared <= qint64(outcome.added))
+        return QStringLiteral("El archivo %1 está dañado: se leyeron %2 filas (%3).")
+            .arg(path, read, outcome.damage);
     return QStringLiteral("El archivo %1 está dañado: se leyeron %2 filas de %3 (%4).")
         .arg(path, read, declared, outcome.damage);
 }
