@@ -21,8 +21,9 @@ struct [[nodiscard]] FileStep
 // commit() flushes, names and renames over the target, then flushes the folder. Until then the
 // previous file stays byte for byte; a process killed mid-save leaves nothing behind (killed
 // between naming and renaming, or where the file system has no unnamed files, a hidden
-// ".NAME.nubo-PID-N" that the next save of the same name removes). Only a regular file, or a symlink to one, is replaced; a new name is created.
-// A replaced file's owner and mode pass to the new one.
+// ".NAME.nubo-PID-N" that the next save of the same name removes). Only a regular file, or a
+// symlink to one, is replaced; a new name is created. A replaced file's owner and mode pass to the
+// new one.
 class AtomicSaveFile final
 {
 public:

@@ -115,6 +115,8 @@ bool DatabaseReader::read(const QByteArray& file, const QString& name)
         return true;
     });
     checkWhole(file.size());
+    if (m_damage.isEmpty())
+        m_damage = jet.usageMapDamage(*table);
     return true;
 }
 
