@@ -169,12 +169,12 @@ TransferOutcome CatalogueTransfer::cancelledOverExisting(const QString& path, qs
 TransferOutcome CatalogueTransfer::loadedDamaged(const QString& path, const LoadOutcome& loaded)
 {
     const QString text = damageText(path, loaded);
+    showStatus(text, 15000, kRed);
+    m_s.catalogue.UpdateCountLine();
     m_s.dialogs.messageBox(text + QStringLiteral("\n\nLas filas leídas están en la lista; "
                                                  "guárdelas con otro nombre para no perder "
                                                  "el archivo dañado."),
                            QStringLiteral("Error al leer archivo"));
-    showStatus(text, 15000, kRed);
-    m_s.catalogue.UpdateCountLine();
     return TransferOutcome::Failed;
 }
 
