@@ -163,7 +163,8 @@ FileStep AtomicSaveFile::giveOwnerAndMode()
     if (::fstat(m_fd, &st) == 0 && (st.st_uid != m_oldUid || st.st_gid != m_oldGid) &&
         ::fchown(m_fd, m_oldUid, m_oldGid) != 0 && errno != EPERM)
         return failed(QStringLiteral("No se puede dar a %1 su propietario:"), errno);
-    if (::fchmod(m_fd, mode_t(m_oldMode)) != 0)
+    // File systems without Unix modes (a FAT memory stick) may refuse; the file is still saved.
+    if (::fchmod(m_fd, mode_t(m_oldMode)) != 0 && errno != EPERM && errno != EOPNOTSUPP)
         return failed(QStringLiteral("No se pueden dar a %1 sus permisos:"), errno);
     return {};
 }
