@@ -33,7 +33,10 @@ QByteArray tempNameFor(const QByteArray& base)
 
 } // namespace
 
-AtomicSaveFile::AtomicSaveFile(QString path) : m_path(std::move(path)) {}
+AtomicSaveFile::AtomicSaveFile(QString path, Temporary temporary)
+    : m_path(std::move(path)), m_temporary(temporary)
+{
+}
 
 AtomicSaveFile::~AtomicSaveFile()
 {
@@ -115,6 +118,8 @@ void AtomicSaveFile::removeLeftovers() const
 
 FileStep AtomicSaveFile::createUnnamed()
 {
+    if (m_temporary == Temporary::Named)
+        return createNamed();
     m_fd = ::openat(m_dirFd, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode);
     if (m_fd >= 0)
         return {};

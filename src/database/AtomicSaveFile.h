@@ -27,7 +27,10 @@ struct [[nodiscard]] FileStep
 class AtomicSaveFile final
 {
 public:
-    explicit AtomicSaveFile(QString path);
+    // Unnamed where the file system has them; Named is what file systems without them get.
+    enum class Temporary { Unnamed, Named };
+
+    explicit AtomicSaveFile(QString path, Temporary temporary = Temporary::Unnamed);
     ~AtomicSaveFile(); // discards unless committed
     AtomicSaveFile(const AtomicSaveFile&) = delete;
     AtomicSaveFile& operator=(const AtomicSaveFile&) = delete;
@@ -57,6 +60,7 @@ private:
     QByteArray m_tempName; // in m_folder; empty while the file has no name
     int m_dirFd = -1;
     int m_fd = -1;
+    Temporary m_temporary;
     bool m_replaces = false;
     unsigned m_oldUid = 0;
     unsigned m_oldGid = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CatalogueSamples.h"
 
+#include "database/AtomicSaveFile.h"
 #include "database/CatalogueFiles.h"
 #include "database/DescriptorDevice.h"
 #include "database/FileCause.h"
@@ -329,6 +330,32 @@ private slots:
             QVERIFY(st.st_uid == 4321 && st.st_gid == 4322);
         QCOMPARE(entries(dir.path()), QStringList{name});
         QCOMPARE(load(path).rows.size(), 7);
+    }
+
+    // Where the file system has no unnamed files, the named temporary file behaves the same:
+    // the target changes only at commit, a discard leaves nothing, the mode passes on.
+    void namedTemporaryFileWhereUnnamedAreMissing()
+    {
+        QTemporaryDir dir;
+        const QString path = nubo::test::writtenFile(dir.filePath(QStringLiteral("c.xls")), "old");
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+        const QFile::Permissions modes = QFile::permissions(path);
+        {
+            AtomicSaveFile file(path, AtomicSaveFile::Temporary::Named);
+            QVERIFY(file.open().ok);
+            QCOMPARE(file.device()->write("half"), 4);
+            QCOMPARE(entries(dir.path()).size(), 2); // the target and the named file
+        }
+        QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("c.xls")});
+        QCOMPARE(nubo::test::fileBytes(path), QByteArray("old"));
+        AtomicSaveFile file(path, AtomicSaveFile::Temporary::Named);
+        QVERIFY(file.open().ok);
+        QCOMPARE(file.device()->write("new"), 3);
+        QCOMPARE(nubo::test::fileBytes(path), QByteArray("old"));
+        QVERIFY(file.commit().ok);
+        QCOMPARE(nubo::test::fileBytes(path), QByteArray("new"));
+        QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("c.xls")});
+        QCOMPARE(QFile::permissions(path), modes);
     }
 };
 
