@@ -231,6 +231,11 @@ private:
         case kIndex:
             checkIndex(d, stream);
             break;
+        case kDbCell: // its first field leads back to the block's first ROW record
+            if (d.size() >= 4 &&
+                biffU16(stream, cursor.position() - qsizetype(biffU32(d, 0))) != kRow)
+                damaged(QStringLiteral("un bloque de filas no empieza donde dice su índice"));
+            break;
         case kRow:
             if (d.size() >= 2)
                 m_lastSeen = std::max<quint32>(m_lastSeen, row + 1);
