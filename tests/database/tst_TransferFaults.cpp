@@ -15,6 +15,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include "TestFiles.h"
 
@@ -183,6 +184,33 @@ private slots:
             w.status.endsWith(QStringLiteral("El archivo supera el tamaño que admite el disco.")));
         QCOMPARE(test::fileBytes(path), QByteArray("old bytes"));
         QCOMPARE(w.files(), QStringList{name});
+    }
+
+    // A FIFO or a device named as a catalogue neither hangs the window nor costs its rows.
+    void specialSourcesKeepTheList_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("fifo");
+        QTest::newRow("fifo .mdb") << "tubo.mdb" << true;
+        QTest::newRow("/dev/zero .xls") << "cero.xls" << false;
+    }
+    void specialSourcesKeepTheList()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, fifo);
+        Window w;
+        w.fill(5);
+        const QString path = w.path(name);
+        if (fifo)
+            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0644), 0);
+        else
+            QVERIFY(QFile::link(QStringLiteral("/dev/zero"), path));
+        QCOMPARE(w.flow.openFile(path), database::TransferOutcome::Failed);
+        QCOMPARE(w.catalogue.list().count(), 5);
+        QVERIFY2(w.status.endsWith(QStringLiteral("no es un archivo normal (es una carpeta, una "
+                                                  "tubería o un dispositivo): no se lee.")),
+                 qPrintable(w.status));
+        QCOMPARE(w.catalogue.currentFile(), QString());
     }
 };
 
