@@ -28,9 +28,11 @@ struct LoadHooks;
 struct LoadOutcome;
 struct SaveHooks;
 
-// How a save or load ended: every row written or read; stopped by the cancel flag (a save
-// still leaves a file with the rows written so far, a load keeps the rows read); or nothing
-// done (failed, refused, or stopped because the program ends): the previous file untouched.
+// How a save or load ended: every row written or read; stopped by the cancel flag (a save to a
+// new name still leaves a file with the rows written so far, a load keeps the rows read); or
+// nothing done (failed, refused, cancelled over an existing file, or stopped because the
+// program ends): the previous file untouched. A damaged file's load is Failed too, though the
+// rows it read stay in the list.
 enum class TransferOutcome { Done, Cancelled, Failed };
 
 // The services a catalogue save or load reports to.
