@@ -527,7 +527,8 @@ private slots:
             sources.append(fixtures.next());
         const QRegularExpression allowed(
             QStringLiteral("^(Se han agregado \\d+ archivos desde |Imposible Acceder a |No se "
-                           "puede acceder al archivo .*\\. Version de Office Incompatible$)"));
+                           "puede acceder al archivo .*\\. Version de Office Incompatible(\n"
+                           "Causa: .*)?$|El archivo .* está dañado: se leyeron [\\d.]+ filas)"));
         int round = 0;
         for (const QString& source : std::as_const(sources)) {
             const QByteArray bytes = test::fileBytes(source);
@@ -542,7 +543,8 @@ private slots:
                     f.catalogue.list().clear();
                     f.flow.LoadByExtension(path);
                     QVERIFY2(allowed.match(f.status()).hasMatch(), qPrintable(f.status()));
-                    if (!f.status().startsWith(QLatin1String("Se han agregado")))
+                    const bool damagedRead = f.status().contains(QStringLiteral("dañado"));
+                    if (!f.status().startsWith(QLatin1String("Se han agregado")) && !damagedRead)
                         QVERIFY(f.catalogue.list().isEmpty()); // a failed load adds nothing
                     QCOMPARE(f.view.begun, f.view.ended);
                 }

@@ -152,6 +152,37 @@ private slots:
     }
 
     // A usage error gives 1 and a missing folder 2, with nothing on the output.
+    // A scan that finds nothing leaves an existing catalogue byte for byte (status 1), and a
+    // special file named as the output is never replaced.
+    void emptyScansAndSpecialTargetsKeepWhatIsThere_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("workbook") << "coleccion.xls";
+        QTest::newRow("database") << "coleccion.mdb";
+    }
+    void emptyScansAndSpecialTargetsKeepWhatIsThere()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkpath("vacia"));
+        QVERIFY(test::writeFile(dir.path() + "/musica/a.mp3"));
+        const QString output = dir.filePath(name);
+        QCOMPARE(scan({dir.path() + "/musica", "--output", output}).status, 0);
+        const QByteArray before = test::fileBytes(output);
+        const Result empty = scan({dir.path() + "/vacia", "--output", output});
+        QCOMPARE(empty.status, 1);
+        QVERIFY2(empty.err.contains(QStringLiteral("se ha dejado como estaba")),
+                 qPrintable(empty.err));
+        QCOMPARE(test::fileBytes(output), before);
+
+        const QString link = dir.filePath("nulo." + name.right(3));
+        QVERIFY(QFile::link(QStringLiteral("/dev/null"), link));
+        const Result special = scan({dir.path() + "/musica", "--output", link});
+        QCOMPARE(special.status, 2);
+        QVERIFY(QFileInfo(link).isSymLink());
+        QVERIFY(special.err.contains(QStringLiteral("no es un archivo normal")));
+    }
+
     void mistakesAreReported()
     {
         const Result usage = scan({});

@@ -56,11 +56,13 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
     // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
     options.stopLeavesEmptyRecord = true;
     const SaveOutcome saved = saveDatabase(path, options, rowsOf(rows), saveHooks(run));
-    if (saved.discarded)
+    if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // the temporary file goes, the previous file stays
-    if (!saved.ok)
+    if (!saved.ok && !saved.discarded)
         return fileFailed(path, saved.error);
     run.hideProgress();
+    if (saved.discarded)
+        return cancelledOverExisting(path, saved.written + 1);
     // A cancelled save counts the row where the cancel was seen, the one stored empty.
     reportAdded(QString::number(saved.stopped ? saved.written + 1 : saved.written), saved.stopped);
     return saved.stopped ? TransferOutcome::Cancelled : TransferOutcome::Done;
@@ -75,10 +77,15 @@ TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
     hooks.opened = [&run](const QString&, qint64 rows) { run.showProgress(int(rows)); };
     const LoadOutcome loaded = readDatabase(path, hooks);
     if (!loaded.ok) {
-        showStatus(QStringLiteral("Imposible Acceder a ") + path, 7000, kRed);
+        showStatus(
+            QStringLiteral("Imposible Acceder a ") + path +
+                (loaded.error.isEmpty() ? QString() : QStringLiteral("\nCausa: ") + loaded.error),
+            7000, kRed);
         return TransferOutcome::Failed;
     }
     run.hideProgress();
+    if (loaded.damaged && !loaded.stopped)
+        return loadedDamaged(path, loaded);
     return showLoaded(loaded.added, path, loaded.stopped);
 }
 

@@ -25,13 +25,15 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
     if (m_s.options.isOn(core::Option::ConfigExcel))
         options.style = m_s.sheet.style;
     const SaveOutcome saved = saveWorkbook(path, options, rowsOf(rows), saveHooks(run));
-    if (saved.discarded)
+    if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // nothing was written: the previous file stays
-    if (!saved.ok && saved.failedAt == SaveStage::Finish)
+    if (!saved.ok && !saved.discarded && saved.failedAt == SaveStage::Finish)
         return fileFailed(path, saved.error);
-    if (!saved.ok)
+    if (!saved.ok && !saved.discarded)
         return workbookSaveFailed(path, saved.error);
     run.hideProgress();
+    if (saved.discarded)
+        return cancelledOverExisting(path, saved.written);
     reportAdded(QString::number(saved.written), saved.stopped);
     return saved.stopped ? TransferOutcome::Cancelled : TransferOutcome::Done;
 }
@@ -65,8 +67,10 @@ TransferOutcome CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
     };
     const LoadOutcome loaded = readWorkbook(path, hooks);
     if (!loaded.ok)
-        return workbookLoadFailed(path);
+        return workbookLoadFailed(path, loaded.error);
     run.hideProgress();
+    if (loaded.damaged && !loaded.stopped)
+        return loadedDamaged(path, loaded);
     return showLoaded(loaded.added, path, loaded.stopped);
 }
 
