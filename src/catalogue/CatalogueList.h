@@ -1,28 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The catalogue list: the ordered rows the list window shows, newest first.
-//
-// API (stable; the search, database and print subsystems build on it):
-//   Positions are 0-based over all rows, 0 = the top row (the most recently added).
-//   int count() const                       number of rows
-//   const CatalogueRow& row(int p) const    the row at position p
-//   void insertAtTop(CatalogueRow)          O(1): the new row becomes position 0
-//   void appendAtBottom(CatalogueRow)       O(1): the new row becomes the last position
-//   void removeAt(int p), void clear()
-//   bool isSelected(int p), void setSelected(int p, bool), int selectedCount()
-//   int removeSelected()                    removes every selected row; returns how many
-//   void sortByColumn(Column, Qt::SortOrder)  stable, the locale's collation, case-blind
-//   void flush()                            announces pending rows to the views now
-//   int positionOf(QModelIndex), QModelIndex indexAt(int p)   view <-> position
-// Rows are derived from paths by Catalogue::AddFileToList (Catalogue.h), the one way in
-// which a found or dropped file becomes a row.
-//
-// As a Qt model it is a five-column table. Rows added at the top or the bottom are announced
-// to views in batches (at most every kFlushIntervalMs, and before any other change), so a long
-// search or load costs one view update per batch rather than one per row: rowCount() may lag
-// count().
-
 #include "catalogue/CatalogueRow.h"
 
 #include <QAbstractTableModel>
@@ -33,6 +11,14 @@
 
 namespace nubo::catalogue {
 
+// The catalogue list: the ordered rows the list window shows, newest first. Positions are
+// 0-based over all rows, 0 being the top row (the most recently added). Rows come from paths
+// through Catalogue::AddFileToList, the one way a found or dropped file becomes a row.
+//
+// As a Qt model it is a five-column table. Rows added at the top or the bottom are announced
+// to views in batches (at most every kFlushIntervalMs, and before any other change), so a long
+// search or load costs one view update per batch rather than one per row: rowCount() may lag
+// count().
 class CatalogueList final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -45,6 +31,7 @@ public:
     bool isEmpty() const { return m_rows.empty(); }
     const CatalogueRow& row(int position) const { return m_rows[storageIndex(position)]; }
 
+    // Both O(1): the new row becomes the top or the last position.
     void insertAtTop(CatalogueRow row);
     void appendAtBottom(CatalogueRow row);
     void removeAt(int position);
@@ -53,9 +40,11 @@ public:
     void setSelected(int position, bool selected);
     // How many rows are selected, pending ones included.
     int selectedCount() const { return m_selectedCount; }
-    int removeSelected();
+    int removeSelected(); // how many went
+    // Stable, in the locale's collation, blind to case.
     void sortByColumn(Column column, Qt::SortOrder order);
 
+    // Announces pending rows to the views now.
     void flush();
     int pendingCount() const { return count() - m_shown; }
     // Rows added at the top and not yet shown: the shift between positions and view rows.

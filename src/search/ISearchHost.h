@@ -6,7 +6,8 @@
 namespace nubo::search {
 
 // The list window as the search engine sees it: the catalogue list, its status lines and the
-// controls the walk reports to. The list window implements it; tests use a fake.
+// controls the walk reports to. ListWindowHost implements it over the window's IListWindow;
+// tests use a fake.
 class ISearchHost : public IWalkHost
 {
 public:

@@ -19,6 +19,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "Oracle.h"
 #include "TestFiles.h"
 
 using namespace nubo;
@@ -517,12 +518,17 @@ private slots:
         QStringList sources{f.path(QStringLiteral("own.xls")), f.path(QStringLiteral("own.mdb"))};
         for (const QString& own : sources)
             f.flow.SaveByExtension(own);
-        QDirIterator fixtures(qEnvironmentVariable("NUBO_FIXTURES"), {"*.xls", "*.mdb"});
-        while (fixtures.hasNext())
+        // Outside CI, a missing fixtures folder leaves our own files to damage.
+        const QString fixturesDir = nubo::test::fixturesDir();
+        QVERIFY2(!fixturesDir.isEmpty() || !nubo::test::underCi(),
+                 "the fixtures folder (NUBO_FIXTURES) is missing, and CI needs it");
+        QDirIterator fixtures(fixturesDir, {"*.xls", "*.mdb"});
+        while (!fixturesDir.isEmpty() && fixtures.hasNext())
             sources.append(fixtures.next());
         const QRegularExpression allowed(
             QStringLiteral("^(Se han agregado \\d+ archivos desde |Imposible Acceder a |No se "
-                           "puede acceder al archivo .*\\. Version de Office Incompatible$)"));
+                           "puede acceder al archivo .*\\. Version de Office Incompatible(\n"
+                           "Causa: .*)?$|El archivo .* está dañado: se leyeron [\\d.]+ filas)"));
         int round = 0;
         for (const QString& source : std::as_const(sources)) {
             const QByteArray bytes = test::fileBytes(source);
@@ -537,7 +543,8 @@ private slots:
                     f.catalogue.list().clear();
                     f.flow.LoadByExtension(path);
                     QVERIFY2(allowed.match(f.status()).hasMatch(), qPrintable(f.status()));
-                    if (!f.status().startsWith(QLatin1String("Se han agregado")))
+                    const bool damagedRead = f.status().contains(QStringLiteral("dañado"));
+                    if (!f.status().startsWith(QLatin1String("Se han agregado")) && !damagedRead)
                         QVERIFY(f.catalogue.list().isEmpty()); // a failed load adds nothing
                     QCOMPARE(f.view.begun, f.view.ended);
                 }

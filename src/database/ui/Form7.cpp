@@ -20,26 +20,6 @@ constexpr int kFieldX = 168;
 constexpr int kFirstRow = 64;
 constexpr int kRowHeight = 40;
 
-struct FieldText
-{
-    QLineEdit* Form7::*field;
-    const char* name;
-    const char* label;
-    const char* tooltip;
-};
-
-const std::array<FieldText, 6> kFields = {{
-    {&Form7::TxtNameXls, "TxtNameXls", "Nombre de la hoja",
-     "Determine el nombre de la hoja que se creará en Excel"},
-    {&Form7::TxtColorborder, "TxtColorborder", "Color de linea",
-     "Establece el color de las lineas que rodean a las celdas"},
-    {&Form7::TxtcolorRelleno, "TxtcolorRelleno", "Color de relleno",
-     "Elija el color de relleno de las celdas"},
-    {&Form7::Text1, "Text1", "Opciones de Fuente", "Elija el tipo de fuente,tamaño,etc..."},
-    {&Form7::TxtBorStyle, "TxtBorStyle", "Estilo de linea",
-     "Establece el tipo de linea que rodea a cada celda"},
-    {&Form7::TxtBorWidth, "TxtBorWidth", "Grosor de linea", "Establece el ancho de la linea"},
-}};
 
 QColor colorOf(quint32 rgb)
 {
@@ -55,7 +35,29 @@ void setBase(QLineEdit* field, quint32 rgb)
 
 } // namespace
 
-Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_hover(deps.app, this)
+struct Form7::FieldText
+{
+    QLineEdit* Form7::*field;
+    const char* name;
+    const char* label;
+    const char* tooltip;
+};
+
+const Form7::FieldText Form7::kFields[kFieldCount] = {
+    {&Form7::TxtNameXls, "TxtNameXls", "Nombre de la hoja",
+     "Determine el nombre de la hoja que se creará en Excel"},
+    {&Form7::TxtColorborder, "TxtColorborder", "Color de linea",
+     "Establece el color de las lineas que rodean a las celdas"},
+    {&Form7::TxtcolorRelleno, "TxtcolorRelleno", "Color de relleno",
+     "Elija el color de relleno de las celdas"},
+    {&Form7::Text1, "Text1", "Opciones de Fuente", "Elija el tipo de fuente,tamaño,etc..."},
+    {&Form7::TxtBorStyle, "TxtBorStyle", "Estilo de linea",
+     "Establece el tipo de linea que rodea a cada celda"},
+    {&Form7::TxtBorWidth, "TxtBorWidth", "Grosor de linea", "Establece el ancho de la linea"},
+};
+
+Form7::Form7(Deps deps, QWidget* parent)
+    : QWidget(parent), m_deps(deps), m_hover(deps.app, this)
 {
     setObjectName(QStringLiteral("Form7"));
     setWindowTitle(QStringLiteral("Configuracion de Hoja Excel"));
@@ -84,7 +86,7 @@ void Form7::setBackground()
 
 void Form7::createFields()
 {
-    for (std::size_t i = 0; i < kFields.size(); ++i) {
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
         const FieldText& text = kFields[i];
         const int y = kFirstRow + int(i) * kRowHeight;
         auto* field = new QLineEdit(this);

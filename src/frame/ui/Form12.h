@@ -41,11 +41,6 @@ public:
 
     explicit Form12(Deps deps, QWidget* parent = nullptr);
 
-    QLabel* picMainSkin = nullptr;
-    QLabel* PicMinimize = nullptr;
-    std::array<QLabel*, 5> Picture{}; // Picture1 .. Picture5
-    clsSystemTray* SystemTray = nullptr;
-
     void setTrayMenu(Form8* menu) { m_trayMenu = menu; }
 
     // The mouse-down handlers; points are in the box's own pixels.
@@ -82,6 +77,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // The controls, named as the form names them; tests find them by those names.
+    QLabel* picMainSkin = nullptr;
+    QLabel* PicMinimize = nullptr;
+    std::array<QLabel*, 5> Picture{}; // Picture1 .. Picture5
+    clsSystemTray* SystemTray = nullptr;
+
     void buildControls();
     void setFace(QLabel* box, const QString& relative);
     void runAction(int button, FaceAction action);
