@@ -68,7 +68,9 @@ QString LinuxOpticalTray::mountMedium(const QString& device)
     if (!mountinfo.open(QIODevice::ReadOnly))
         return {};
     const QString target = QFileInfo(device).canonicalFilePath();
-    for (const MountEntry& entry : MountTable::parse(mountinfo.readAll()).entries()) {
+    // The table lives past the loop: its entries are a reference into it.
+    const MountTable table = MountTable::parse(mountinfo.readAll());
+    for (const MountEntry& entry : table.entries()) {
         if (QFileInfo(entry.device).canonicalFilePath() == target)
             return entry.mountPoint;
     }
