@@ -108,6 +108,20 @@ void CatalogueList::clear()
     endResetModel();
 }
 
+void CatalogueList::clearForExit()
+{
+    m_flushTimer.stop();
+    beginResetModel();
+    // Only the first end keeps its rows; anything added after it is freed at once.
+    if (m_keptForExit.empty())
+        m_keptForExit.swap(m_rows);
+    m_rows.clear();
+    m_selectedCount = 0;
+    m_shown = 0;
+    m_pendingBottom = 0;
+    endResetModel();
+}
+
 void CatalogueList::setSelected(int position, bool selected)
 {
     if (position < 0 || position >= count())

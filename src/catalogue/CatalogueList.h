@@ -36,6 +36,10 @@ public:
     void appendAtBottom(CatalogueRow row);
     void removeAt(int position);
     void clear();
+    // The program is ending: the list empties as clear() empties it, but the rows are only
+    // freed with the list, so the end is not held up by freeing a million rows (the program's
+    // end then skips freeing them at all).
+    void clearForExit();
     bool isSelected(int position) const { return row(position).selected; }
     void setSelected(int position, bool selected);
     // How many rows are selected, pending ones included.
@@ -74,6 +78,7 @@ private:
     void scheduleFlush();
 
     std::deque<CatalogueRow> m_rows;
+    std::deque<CatalogueRow> m_keptForExit;
     int m_pendingBottom =
         0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)

@@ -20,9 +20,12 @@ public:
     virtual void beginFolderBatch() = 0;
     virtual void endFolderBatch() = 0;
     virtual void letEventsRun() = 0; // pending window events
-    // A file or folder whose name the file system holds in bytes that are not UTF-8: the walk
-    // can neither add nor enter it. Only the command line reports these.
+    // A file or folder whose name the file system holds in bytes that are not UTF-8; path
+    // shows them read as Windows-1252.
     virtual void undecodableName(const QString& path) { Q_UNUSED(path); }
+    // Whether the walk adds and enters such names as they show; otherwise it leaves them out
+    // (the command line, whose rows must name files exactly, reports them instead).
+    virtual bool takesUndecodableNames() const { return false; }
 };
 
 } // namespace nubo::search

@@ -181,6 +181,7 @@ void SearchEngine::RunSearch()
     host.showFolderStrip();
     const int countBefore = host.rowCount();
     m_walker.MatchCount.reset();
+    m_walker.UndecodableNames = 0;
     m_services.chooser.hideWindow();
     host.setCaption(QStringLiteral("Realizando la Búsqueda solicitada..."));
     host.setFindMenuVisible(true);
@@ -247,6 +248,20 @@ void SearchEngine::walkOncePerFloppy()
     }
 }
 
+// Names that are not UTF-8 were added as Windows-1252 reads them; the end message says how
+// many, since such a file can be listed but not opened by that name.
+QString SearchEngine::undecodableNote() const
+{
+    const int count = m_walker.UndecodableNames;
+    if (count == 0)
+        return {};
+    return count == 1
+               ? QStringLiteral(" (1 nombre no estaba en UTF-8: se muestra como Windows-1252)")
+               : QStringLiteral(" (%1 nombres no estaban en UTF-8: se muestran como "
+                                "Windows-1252)")
+                     .arg(count);
+}
+
 void SearchEngine::reportOutcome(int countBefore)
 {
     ISearchHost& host = m_services.host;
@@ -256,11 +271,13 @@ void SearchEngine::reportOutcome(int countBefore)
     if (CancelRequested) {
         host.setCaption(QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
         host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")
-                                 .arg(host.rowCount() - countBefore),
+                                     .arg(host.rowCount() - countBefore) +
+                                 undecodableNote(),
                              kMessageDelay, kWhite);
     } else {
         host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")
-                                 .arg(m_walker.MatchCount.value()),
+                                     .arg(m_walker.MatchCount.value()) +
+                                 undecodableNote(),
                              kMessageDelay, kWhite);
         host.setCaption(QStringLiteral("La Búsqueda ha finalizado con exito"));
     }

@@ -249,6 +249,14 @@ private slots:
         QTRY_VERIFY(main->isVisible());
         QTRY_COMPARE(control<catalogue::CatalogueView>(*list, "ListView1")->model()->rowCount(), 2);
         QVERIFY(list->isVisible());
+        QCOMPARE(control<QLabel>(*list, "lblCurList")->text(), catalogue);
+        // A second catalogue handed over joins the first one's rows: neither is current, so
+        // "&Guardar" cannot write both into the last.
+        const QString second = dir.filePath(QStringLiteral("otros.xls"));
+        QVERIFY(saveRows(second, 3));
+        QVERIFY(app::InstanceChannel::send(app::Composition::channelName(), second));
+        QTRY_COMPARE(control<catalogue::CatalogueView>(*list, "ListView1")->model()->rowCount(), 5);
+        QCOMPARE(control<QLabel>(*list, "lblCurList")->text(), QString());
 
         QTimer::singleShot(0, main, [main] { main->windowHandle()->close(); });
         QCOMPARE(runUntilEnd(5000), 0);

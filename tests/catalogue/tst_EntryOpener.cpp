@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
+#include <cstdio>
 #include <functional>
 
 #include "CatalogueFixture.h"
@@ -125,6 +126,25 @@ private slots:
                      QStringLiteral("No se encuentra /Rock/otro.WAV: inserte el disco del grupo "
                                     "Disco 7"));
         }
+        QVERIFY(f.shell.calls.isEmpty());
+    }
+
+    // A file listed under a name that is not UTF-8 shows as Windows-1252 reads it; opening it
+    // by that name says why it cannot, rather than that it is gone.
+    void aNameThatIsNotUtf8IsExplained()
+    {
+        OpenerFixture f;
+        QDir().mkpath(f.drive + "/m");
+        FILE* file =
+            std::fopen((QFile::encodeName(f.drive) + "/m/Canci\xf3n.mp3").constData(), "w");
+        QVERIFY(file);
+        std::fclose(file);
+        f.catalogue.list().insertAtTop(row("Canción", "/m/", "mp3", f.drive));
+        f.opener.PlaySelectedEntry(0);
+        QCOMPARE(f.catalogue.info().text(),
+                 "No se puede abrir " + f.drive +
+                     "/m/Canción.mp3: su nombre en el disco no está en UTF-8 y se muestra como "
+                     "Windows-1252");
         QVERIFY(f.shell.calls.isEmpty());
     }
 

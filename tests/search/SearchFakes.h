@@ -72,6 +72,8 @@ public:
     void endFolderBatch() override { --batchDepth; }
     void letEventsRun() override {}
     void undecodableName(const QString& path) override { undecodable.append(path); }
+    bool takesUndecodable = false; // as the list window does
+    bool takesUndecodableNames() const override { return takesUndecodable; }
     void startFlash() override { ++flashStarts; }
     void showListWindow() override { listShown = true; }
     void setDriveSpace(const QString&, const QString&) override {}

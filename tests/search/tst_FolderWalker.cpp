@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SearchFakes.h"
 #include "TestFiles.h"
+#include "platform/Windows1252.h"
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "search/FolderWalker.h"
 
@@ -133,6 +134,40 @@ private slots:
         QVERIFY(walk.host.undecodable.filter(".mp3").size() == 1);
         std::remove(bad.constData());
         ::rmdir(badFolder.constData());
+    }
+
+    // The list window takes names that are not UTF-8 as Windows-1252 reads them: a Latin-1
+    // "Canción" and the files of a Latin-1 folder are added and counted, and the shown name
+    // is known to reach the file only through its Windows-1252 bytes.
+    void namesThatAreNotUtf8ShowAsWindows1252()
+    {
+        QTemporaryDir dir;
+        const QByteArray root = QFile::encodeName(dir.path());
+        FILE* file = std::fopen((root + "/Canci\xf3n.mp3").constData(), "w");
+        QVERIFY(file);
+        std::fclose(file);
+        QCOMPARE(::mkdir((root + "/M\xfasica").constData(), 0700), 0);
+        for (const char* name : {"/M\xfasica/tema.mp3", "/M\xfasica/\x80uros.mp3"}) {
+            file = std::fopen((root + name).constData(), "w");
+            QVERIFY(file);
+            std::fclose(file);
+        }
+        QVERIFY(test::writeFile(dir.path() + "/bien.mp3"));
+        Walk walk;
+        walk.host.takesUndecodable = true;
+        walk.run(dir.path());
+        QStringList shown = relative(walk.host.known, dir.path());
+        shown.sort();
+        QCOMPARE(shown,
+                 (QStringList{"Canción.mp3", "Música/tema.mp3", "Música/€uros.mp3", "bien.mp3"}));
+        QCOMPARE(walk.walker.MatchCount.value(), 4);
+        QCOMPARE(walk.walker.UndecodableNames, 3);
+        QVERIFY(platform::isWindows1252OnlyName(dir.path() + "/Canción.mp3"));
+        QVERIFY(!platform::isWindows1252OnlyName(dir.path() + "/bien.mp3"));
+        QVERIFY(!platform::isWindows1252OnlyName(dir.path() + "/otra.mp3"));
+        QCOMPARE(platform::encodeWindows1252(
+                     platform::decodeWindows1252(QByteArray("\x80\x81\x8d\x9f\xa0\xff", 6))),
+                 QByteArray("\x80\x81\x8d\x9f\xa0\xff", 6));
     }
 
     void otherFileSystemsBelowTheStartAreNotEntered()

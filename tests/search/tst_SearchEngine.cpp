@@ -49,6 +49,33 @@ private slots:
         QVERIFY(!rig.engine.walker().Searching && !rig.engine.walker().CollectFiles);
     }
 
+    // Names that are not UTF-8 are added as Windows-1252 shows them, and the end message says
+    // how many there were; the command line's host leaves them out, as before.
+    void namesThatAreNotUtf8AreAddedAndCounted_data()
+    {
+        QTest::addColumn<bool>("taken");
+        QTest::newRow("list window") << true;
+        QTest::newRow("command line") << false;
+    }
+    void namesThatAreNotUtf8AreAddedAndCounted()
+    {
+        QFETCH(bool, taken);
+        Rig rig;
+        rig.host.takesUndecodable = taken;
+        QList<platform::DirEntry>& top = rig.reader.folders["/m/"];
+        top.append({QStringLiteral("Canción.mp3"), false, true, false, true, "Canci\xf3n.mp3"});
+        top.append({QStringLiteral("Música"), true, false, false, true, "M\xfasica"});
+        rig.reader.addFolder("/m/Música/", {"tema.mp3"});
+        rig.searchFolder("/m");
+        QCOMPARE(rig.host.undecodable, (QStringList{"/m/Música/", "/m/Canción.mp3"}));
+        QCOMPARE(rig.host.known.contains("/m/Canción.mp3"), taken);
+        QCOMPARE(rig.host.offered.contains("/m/Música/tema.mp3"), taken);
+        QCOMPARE(rig.host.messages.last().text,
+                 taken ? QStringLiteral("Han sido agregados 7 archivos a la lista (2 nombres no "
+                                        "estaban en UTF-8: se muestran como Windows-1252)")
+                       : QStringLiteral("Han sido agregados 6 archivos a la lista"));
+    }
+
     void starDotStarCountsRefusedFoldersInTheMessage()
     {
         Rig rig;

@@ -89,6 +89,7 @@ private:
     TransferOutcome loadedDamaged(const QString& path, const LoadOutcome& loaded);
     TransferOutcome fileFailed(const QString& path, const QString& reason);
     QString targetRefusal(const QString& path) const;
+    bool mayDropWorkbookExtras(const QString& path);
     bool refuseTooLongForDatabase(const QList<CatalogueRecord>& rows, const QString& path);
     TransferOutcome showLoaded(qsizetype added, const QString& path, bool cancelled);
 

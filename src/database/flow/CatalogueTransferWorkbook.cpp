@@ -4,13 +4,16 @@
 #include "catalogue/Colours.h"
 #include "core/Options.h"
 #include "database/CatalogueFiles.h"
+#include "database/WorkbookSurvey.h"
 #include "database/flow/CatalogueTransfer.h"
 #include "database/flow/TransferRun.h"
+#include "platform/IDialogs.h"
 
 #include <cstdlib>
 
 namespace nubo::database {
 
+using catalogue::colours::kBlue;
 using catalogue::colours::kWhite;
 
 TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
@@ -20,6 +23,8 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
         return TransferOutcome::Failed;
     if (const QString refusal = targetRefusal(path); !refusal.isEmpty())
         return fileFailed(path, refusal);
+    if (!mayDropWorkbookExtras(path))
+        return TransferOutcome::Failed;
     const QList<CatalogueRecord> rows = records();
     CatalogueSaveOptions options{header(), m_s.sheet.sheetName, std::nullopt};
     if (m_s.options.isOn(core::Option::ConfigExcel))
@@ -36,6 +41,32 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
         return cancelledOverExisting(path, saved.written);
     reportAdded(QString::number(saved.written), saved.stopped);
     return saved.stopped ? TransferOutcome::Cancelled : TransferOutcome::Done;
+}
+
+// A workbook kept by hand may hold sheets or columns a save does not write again: they are
+// named, and the file is replaced only when the user agrees.
+bool CatalogueTransfer::mayDropWorkbookExtras(const QString& path)
+{
+    const std::optional<WorkbookExtras> extras = surveyWorkbook(path);
+    if (!extras || extras->isEmpty())
+        return true;
+    QStringList parts;
+    for (const QString& sheet : extras->sheets)
+        parts.append(QStringLiteral("hoja %1").arg(sheet));
+    for (const ExtraColumn& column : extras->columns)
+        parts.append(column.caption.isEmpty()
+                         ? QStringLiteral("columna %1").arg(column.number)
+                         : QStringLiteral("columna %1: %2").arg(column.number).arg(column.caption));
+    const auto answer = m_s.dialogs.messageBox(
+        QStringLiteral("El libro %1 contiene hojas o columnas que Nubo no guarda (%2). Si lo "
+                       "guarda, se perderán.\n\n¿Desea continuar?")
+            .arg(path, parts.join(QStringLiteral("; "))),
+        QStringLiteral("Guardar lista"), platform::MessageButtons::YesNo,
+        platform::MessageIcon::Exclamation);
+    if (answer == platform::MessageAnswer::Yes)
+        return true;
+    showStatus(QStringLiteral("La lista no se guardará"), 5000, kBlue);
+    return false;
 }
 
 // The sheet name goes into the sheet settings, and the status line follows the steps of the

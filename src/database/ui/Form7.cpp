@@ -20,7 +20,6 @@ constexpr int kFieldX = 168;
 constexpr int kFirstRow = 64;
 constexpr int kRowHeight = 40;
 
-
 QColor colorOf(quint32 rgb)
 {
     return QColor::fromRgb(rgb & 0xFFFFFF);
@@ -56,8 +55,7 @@ const Form7::FieldText Form7::kFields[kFieldCount] = {
     {&Form7::TxtBorWidth, "TxtBorWidth", "Grosor de linea", "Establece el ancho de la linea"},
 };
 
-Form7::Form7(Deps deps, QWidget* parent)
-    : QWidget(parent), m_deps(deps), m_hover(deps.app, this)
+Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_hover(deps.app, this)
 {
     setObjectName(QStringLiteral("Form7"));
     setWindowTitle(QStringLiteral("Configuracion de Hoja Excel"));
