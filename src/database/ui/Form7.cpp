@@ -72,14 +72,7 @@ Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_hove
 
 void Form7::setBackground()
 {
-    const QPixmap background =
-        platform::loadPicture(m_deps.app, QStringLiteral("\\bitmap\\mainform7.jpg"));
-    if (background.isNull())
-        return;
-    QPalette palette = this->palette();
-    palette.setBrush(QPalette::Window, background);
-    setPalette(palette);
-    setAutoFillBackground(true);
+    platform::setBackgroundPicture(*this, m_deps.app, QStringLiteral("\\bitmap\\mainform7.jpg"));
 }
 
 void Form7::createFields()
