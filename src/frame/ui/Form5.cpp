@@ -87,7 +87,6 @@ void Form5::buildBoxes()
     ChkExcConfg = box(core::Option::ConfigExcel);
     Chkpro = box(core::Option::MostrarPro);
     ChkMInstances = box(core::Option::MInstances);
-    connect(ChkExcConfg, &QCheckBox::toggled, this, &Form5::ChkExcConfgClicked);
     connect(Chkpro, &QCheckBox::toggled, this, [this] { emit ChkproClicked(); });
 }
 
