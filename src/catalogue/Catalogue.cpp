@@ -83,7 +83,7 @@ void Catalogue::setCountLine(const QString& text)
     emit countLineChanged(text);
 }
 
-void Catalogue::DeleteSelectedRows()
+void Catalogue::DeleteSelectedRows(const std::vector<int>& positions)
 {
     if (refuseWhileBusy())
         return;
@@ -94,7 +94,7 @@ void Catalogue::DeleteSelectedRows()
         setCountLine(emptyCountLine());
         return;
     }
-    const int removed = m_list.removeSelected();
+    const int removed = m_list.removePositions(positions);
     const QString left = QString::number(m_list.count());
     // The count line's number follows the rows removed, not the rows left; and with nothing
     // removed the count prints as an empty text, leaving two blanks in the message.

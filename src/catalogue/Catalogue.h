@@ -6,7 +6,7 @@
 //   void AddFileToList(QString& path)   adds one existing file as the new top row; on return
 //                                      path holds the file's folder (see RowDeriver)
 //   void AddKnownFileToList(QString& path)  the same for a path already known to be a file
-//   void DeleteSelectedRows(), SortByColumn(int column)
+//   void DeleteSelectedRows(positions), SortByColumn(int column)
 //   EmptyOutcome EmptyList()           whether the rows went, stayed, or a save kept them
 //   void ShowInfoMessage(text, delayMs, colour 0xRRGGBB), UpdateCountLine()
 //   groupName()/setGroupName()         the ORIGEN of rows added from now on
@@ -63,7 +63,8 @@ public:
     void AddFileToList(QString& path);
     // A folder listing already said path is a regular file: it is not looked up again.
     void AddKnownFileToList(QString& path);
-    void DeleteSelectedRows();
+    // positions: the list positions of the rows the list window has selected.
+    void DeleteSelectedRows(const std::vector<int>& positions);
     EmptyOutcome EmptyList();
     void SortByColumn(int column);
     void ShowInfoMessage(const QString& text, qint16 delayMs, quint32 colour);

@@ -10,8 +10,7 @@
 //   void insertAtTop(CatalogueRow)          O(1): the new row becomes position 0
 //   void appendAtBottom(CatalogueRow)       O(1): the new row becomes the last position
 //   void removeAt(int p), void clear()
-//   bool isSelected(int p), void setSelected(int p, bool), int selectedCount()
-//   int removeSelected()                    removes every selected row; returns how many
+//   int removePositions(std::vector<int>)   removes the rows at those positions; returns how many
 //   void sortByColumn(Column, Qt::SortOrder)  stable, the locale's collation, case-blind
 //   void flush()                            announces pending rows to the views now
 //   int positionOf(QModelIndex), QModelIndex indexAt(int p)   view <-> position
@@ -49,11 +48,8 @@ public:
     void appendAtBottom(CatalogueRow row);
     void removeAt(int position);
     void clear();
-    bool isSelected(int position) const { return row(position).selected; }
-    void setSelected(int position, bool selected);
-    // How many rows are selected, pending ones included.
-    int selectedCount() const { return m_selectedCount; }
-    int removeSelected();
+    // Positions in any order; repeated or out-of-range ones count once or not at all.
+    int removePositions(std::vector<int> positions);
     void sortByColumn(Column column, Qt::SortOrder order);
 
     void flush();
@@ -81,6 +77,7 @@ private:
         return std::size_t(m_pendingBottom + m_shown - 1 - viewRow);
     }
     void removeStorageRange(std::size_t first, std::size_t last);
+    void removeByReset(const std::vector<int>& positions);
     std::vector<int> sortedPositions(Column column, Qt::SortOrder order) const;
     void scheduleFlush();
 
@@ -88,7 +85,6 @@ private:
     int m_pendingBottom =
         0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)
-    int m_selectedCount = 0;
     QTimer m_flushTimer;
 };
 

@@ -16,10 +16,11 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <vector>
+
 class QActionGroup;
 class QCheckBox;
 class QGridLayout;
-class QItemSelection;
 class QMenu;
 class QMenuBar;
 class QPlainTextEdit;
@@ -193,7 +194,9 @@ private:
     void showDetailsIfOn(int position);
     // Once the described row is gone, nothing in the box or the tooltip may speak of it.
     void forgetDetailsOfGoneRow();
-    void syncSelection(const QItemSelection& selected, const QItemSelection& deselected);
+    // The list positions of the rows selected in the view (rows in sight only), ascending.
+    std::vector<int> selectedPositions() const;
+    void deleteSelectedRows();
     void flashTick();
     void growTick();
     void makeRoomToGrow();

@@ -280,18 +280,14 @@ void Form1::forgetDetailsOfGoneRow()
     ListView1->viewport()->setToolTip(QString());
 }
 
-void Form1::syncSelection(const QItemSelection& selected, const QItemSelection& deselected)
+std::vector<int> Form1::selectedPositions() const
 {
-    auto mark = [this](const QItemSelection& ranges, bool on) {
-        for (const QItemSelectionRange& range : ranges) {
-            if (!range.isValid())
-                continue;
-            for (int row = range.top(); row <= range.bottom(); ++row)
-                m_filter->setSelected(m_filter->index(row, 0), on);
-        }
-    };
-    mark(deselected, false);
-    mark(selected, true);
+    return m_filter->positionsOf(ListView1->selectionModel()->selectedRows());
+}
+
+void Form1::deleteSelectedRows()
+{
+    m_catalogue.DeleteSelectedRows(selectedPositions());
 }
 
 // Kept: the flash counter is never set back, so only the first run flashes.
