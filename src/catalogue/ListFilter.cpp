@@ -249,6 +249,7 @@ std::vector<int> ListFilter::positionsOf(const QModelIndexList& rows) const
             positions.push_back(position);
     }
     std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     return positions;
 }
 

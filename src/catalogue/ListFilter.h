@@ -41,7 +41,7 @@ public:
 
     // View index <-> the list's position (see CatalogueList).
     int positionOf(const QModelIndex& index) const;
-    // The list positions of view rows, ascending.
+    // The list positions of view rows, ascending, each once.
     std::vector<int> positionsOf(const QModelIndexList& rows) const;
     QModelIndex indexAt(int position, Column column = Column::Nombre) const;
 
