@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Sets up, builds and runs Nubo, or builds it under the sanitizers and runs its tests.
 #   ./nubo.sh run    install what is missing, build a release, start the program
-#   ./nubo.sh test   install what is missing, build with ASan/UBSan, check format, run ctest
+#   ./nubo.sh test   install what is missing, check format, build with ASan/UBSan and a release
+#                    with warnings as errors, run ctest
 #   ./nubo.sh package  build a release and the Debian package build/package/nubo_*.deb
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
@@ -40,8 +41,11 @@ cache_launcher() {
     command -v ccache >/dev/null && echo "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache" || true
 }
 
+# The release build; "test" builds it with warnings as errors too, since GCC's optimiser finds
+# at -O2 what the Debug build does not.
 build_release() {
-    cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    local werror=${1:-OFF}
+    cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release -DNUBO_WERROR="$werror" \
         -DNUBO_BUILD_TESTS=OFF -DNUBO_BUILD_BENCH=OFF $(cache_launcher)
     cmake --build build/release
 }
@@ -64,6 +68,7 @@ test)
     cmake -S . -B build/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DNUBO_SANITIZE=ON -DNUBO_WERROR=ON \
         $(cache_launcher)
     cmake --build build/asan
+    build_release ON
     export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
     export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1

@@ -2,7 +2,9 @@
 # The layering check: every target may include only its own headers and those of the libraries
 # it links (directly or through their public links). CMake knows the links; this writes them
 # with each target's sources into the build folder, and the test "include_layering" compares
-# them with the #include lines (cmake/check_includes.py).
+# them with the #include lines (cmake/check_includes.py). The test "link_layering"
+# (cmake/check_links.py) keeps core libraries off Qt Gui and Widgets and compares the links
+# with the table and graph in docs/architecture.md.
 
 function(nubo_collect_targets directory out)
     get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)

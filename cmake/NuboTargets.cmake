@@ -12,12 +12,14 @@ function(nubo_defaults target)
     endif()
 endfunction()
 
-# A core library: logic only, Qt Core at most beyond its listed dependencies.
+# A static library of the project, core or ui alike: what it links is in DEPS, which users of
+# its headers get too, and PRIVATE_DEPS, which its headers never expose (TagLib, libgsf).
+# Which Qt modules a core library may link is checked by the layering test.
 function(nubo_library target)
-    cmake_parse_arguments(ARG "" "" "SOURCES;DEPS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;DEPS;PRIVATE_DEPS" ${ARGN})
     add_library(${target} STATIC ${ARG_SOURCES})
     target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/..)
-    target_link_libraries(${target} PUBLIC ${ARG_DEPS})
+    target_link_libraries(${target} PUBLIC ${ARG_DEPS} PRIVATE ${ARG_PRIVATE_DEPS})
     nubo_defaults(${target})
 endfunction()
 

@@ -17,6 +17,8 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 namespace nubo::app {
 
@@ -132,6 +134,14 @@ QString Composition::channelName()
         QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath());
 }
 
+// Everything the program keeps is on disc by now (options, log and catalogues are written as
+// they change), so freeing a million rows and every window would only delay the end.
+void Composition::endProcess(int status)
+{
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
 // A later start ends at once, silently; this instance comes forward in its place, with the
 // catalogue the later start was given.
 void Composition::listenForLaterStarts()
@@ -184,6 +194,8 @@ void Composition::endProgram()
         m_search->windows().stop();
     if (m_files)
         m_files->transfer().stopForExit();
+    // The program's end skips the destructors (see main), so the channel goes now.
+    m_channel.reset();
     QCoreApplication::exit(0);
 }
 
@@ -193,7 +205,7 @@ void Composition::connectList()
     m_windows.connectWindow(FrameWindow::List, &form);
     m_windows.setListExit([&form] { return form.exitProgram(); });
     // The exit button empties the list without the save question.
-    m_windows.setEmptyList([this] { m_list->catalogue.list().clear(); });
+    m_windows.setEmptyList([this] { m_list->catalogue.list().clearForExit(); });
     QObject::connect(&form, &catalogue::Form1::endProgramRequested, qApp, [this] { endProgram(); });
     QObject::connect(&form, &catalogue::Form1::sceneStepBackRequested, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(1); });

@@ -42,6 +42,8 @@ public:
     void openAtStart(const QString& path);
     // Where a later start of this executable finds the running one.
     static QString channelName();
+    // Ends the process once the event loop has returned, without freeing the rows and windows.
+    [[noreturn]] static void endProcess(int status);
 
 private:
     void connectFrame();

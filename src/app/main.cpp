@@ -61,5 +61,5 @@ int main(int argc, char** argv)
     }
     if (!catalogue.isEmpty())
         program.openAtStart(catalogue);
-    return application.exec();
+    nubo::app::Composition::endProcess(application.exec());
 }

@@ -96,8 +96,8 @@ void Catalogue::DeleteSelectedRows(const std::vector<int>& positions)
     }
     const int removed = m_list.removePositions(positions);
     const QString left = QString::number(m_list.count());
-    // The count line's number follows the rows removed, not the rows left; and with nothing
-    // removed the count prints as an empty text, leaving two blanks in the message.
+    // Kept: the count line's singular or plural follows the rows removed, not the rows left;
+    // with nothing removed the message's count is an empty text, leaving two blanks.
     if (removed > 1) {
         ShowInfoMessage(QStringLiteral("Han sido eliminados %1 archivos de la lista").arg(removed),
                         5000, colours::kBlue);

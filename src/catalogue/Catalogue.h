@@ -1,19 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The catalogue and its list operations, apart from any widget.
-//
-//   void AddFileToList(QString& path)   adds one existing file as the new top row; on return
-//                                      path holds the file's folder (see RowDeriver)
-//   void AddKnownFileToList(QString& path)  the same for a path already known to be a file
-//   void DeleteSelectedRows(positions), SortByColumn(int column)
-//   EmptyOutcome EmptyList()           whether the rows went, stayed, or a save kept them
-//   void ShowInfoMessage(text, delayMs, colour 0xRRGGBB), UpdateCountLine()
-//   groupName()/setGroupName()         the ORIGEN of rows added from now on
-//   currentFile()/setCurrentFile()     the current catalogue database file (lblCurList)
-//   list(), info(), countLine()        the rows, the message line and the count line
-//   isBusy()/setBusy()                 a save or load has the list (see refuseWhileBusy)
-
 #include "catalogue/CatalogueList.h"
 #include "catalogue/InfoMessage.h"
 #include "catalogue/RowDeriver.h"
@@ -33,6 +20,7 @@ class ICatalogueSaveFlow;
 // a save or load has the list. The list window's exit goes on only after the first two.
 enum class EmptyOutcome { Emptied, Kept, Stopped };
 
+// The catalogue and its list operations, apart from any widget.
 class Catalogue final : public QObject
 {
     Q_OBJECT
@@ -48,8 +36,10 @@ public:
     InfoMessage& info() { return m_info; }
     const QString& countLine() const { return m_countLine; }
 
+    // The ORIGEN of rows added from now on.
     const QString& groupName() const { return m_groupName; }
     void setGroupName(const QString& name);
+    // The current catalogue file (lblCurList).
     const QString& currentFile() const { return m_currentFile; }
     void setCurrentFile(const QString& path);
     // While a save or load lets window events run over the list, commands that change the
@@ -60,6 +50,8 @@ public:
     bool refuseWhileBusy();
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
 
+    // Adds one existing file as the new top row; on return path holds the file's folder (see
+    // RowDeriver).
     void AddFileToList(QString& path);
     // A folder listing already said path is a regular file: it is not looked up again.
     void AddKnownFileToList(QString& path);
@@ -67,7 +59,7 @@ public:
     void DeleteSelectedRows(const std::vector<int>& positions);
     EmptyOutcome EmptyList();
     void SortByColumn(int column);
-    void ShowInfoMessage(const QString& text, qint16 delayMs, quint32 colour);
+    void ShowInfoMessage(const QString& text, qint16 delayMs, quint32 colour); // 0xRRGGBB
     void UpdateCountLine();
 
 signals:

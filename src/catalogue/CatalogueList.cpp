@@ -103,6 +103,19 @@ void CatalogueList::clear()
     endResetModel();
 }
 
+void CatalogueList::clearForExit()
+{
+    m_flushTimer.stop();
+    beginResetModel();
+    // Only the first end keeps its rows; anything added after it is freed at once.
+    if (m_keptForExit.empty())
+        m_keptForExit.swap(m_rows);
+    m_rows.clear();
+    m_shown = 0;
+    m_pendingBottom = 0;
+    endResetModel();
+}
+
 int CatalogueList::removePositions(std::vector<int> positions)
 {
     flush();

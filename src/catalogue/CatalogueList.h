@@ -1,27 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The catalogue list: the ordered rows the list window shows, newest first.
-//
-// API (stable; the search, database and print subsystems build on it):
-//   Positions are 0-based over all rows, 0 = the top row (the most recently added).
-//   int count() const                       number of rows
-//   const CatalogueRow& row(int p) const    the row at position p
-//   void insertAtTop(CatalogueRow)          O(1): the new row becomes position 0
-//   void appendAtBottom(CatalogueRow)       O(1): the new row becomes the last position
-//   void removeAt(int p), void clear()
-//   int removePositions(std::vector<int>)   removes the rows at those positions; returns how many
-//   void sortByColumn(Column, Qt::SortOrder)  stable, the locale's collation, case-blind
-//   void flush()                            announces pending rows to the views now
-//   int positionOf(QModelIndex), QModelIndex indexAt(int p)   view <-> position
-// Rows are derived from paths by Catalogue::AddFileToList (Catalogue.h), the one way in
-// which a found or dropped file becomes a row.
-//
-// As a Qt model it is a five-column table. Rows added at the top or the bottom are announced
-// to views in batches (at most every kFlushIntervalMs, and before any other change), so a long
-// search or load costs one view update per batch rather than one per row: rowCount() may lag
-// count().
-
 #include "catalogue/CatalogueRow.h"
 
 #include <QAbstractTableModel>
@@ -32,6 +11,14 @@
 
 namespace nubo::catalogue {
 
+// The catalogue list: the ordered rows the list window shows, newest first. Positions are
+// 0-based over all rows, 0 being the top row (the most recently added). Rows come from paths
+// through Catalogue::AddFileToList, the one way a found or dropped file becomes a row.
+//
+// As a Qt model it is a five-column table. Rows added at the top or the bottom are announced
+// to views in batches (at most every kFlushIntervalMs, and before any other change), so a long
+// search or load costs one view update per batch rather than one per row: rowCount() may lag
+// count().
 class CatalogueList final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -44,14 +31,21 @@ public:
     bool isEmpty() const { return m_rows.empty(); }
     const CatalogueRow& row(int position) const { return m_rows[storageIndex(position)]; }
 
+    // Both O(1): the new row becomes the top or the last position.
     void insertAtTop(CatalogueRow row);
     void appendAtBottom(CatalogueRow row);
     void removeAt(int position);
     void clear();
+    // The program is ending: the list empties as clear() empties it, but the rows are only
+    // freed with the list, so the end is not held up by freeing a million rows (the program's
+    // end then skips freeing them at all).
+    void clearForExit();
     // Positions in any order; repeated or out-of-range ones count once or not at all.
-    int removePositions(std::vector<int> positions);
+    int removePositions(std::vector<int> positions); // how many went
+    // Stable, in the locale's collation, blind to case.
     void sortByColumn(Column column, Qt::SortOrder order);
 
+    // Announces pending rows to the views now.
     void flush();
     int pendingCount() const { return count() - m_shown; }
     // Rows added at the top and not yet shown: the shift between positions and view rows.
@@ -82,6 +76,7 @@ private:
     void scheduleFlush();
 
     std::deque<CatalogueRow> m_rows;
+    std::deque<CatalogueRow> m_keptForExit;
     int m_pendingBottom =
         0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)

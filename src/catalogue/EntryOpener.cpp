@@ -6,6 +6,7 @@
 #include "catalogue/EntryPathResolver.h"
 #include "core/Options.h"
 #include "platform/IShell.h"
+#include "platform/Windows1252.h"
 
 #include <QFileInfo>
 
@@ -25,6 +26,8 @@ QString EntryOpener::foundPath(int position)
     const QString path = m_resolver.ResolveEntryPath(list, position);
     if (QFileInfo(path).isFile() || position < 0 || position >= list.count())
         return path;
+    if (refuseNotUtf8Name(path))
+        return {};
     // A renamed or deleted file, or a disc that is not in any drive: the user is told which.
     const CatalogueRow& row = list.row(position);
     const QString text = row.unidad == unknownDriveText()
@@ -33,6 +36,17 @@ QString EntryOpener::foundPath(int position)
                              : QStringLiteral("No se encuentra el archivo %1").arg(path);
     m_catalogue.ShowInfoMessage(text, kMissingDelayMs, colours::kYellow);
     return {};
+}
+
+bool EntryOpener::refuseNotUtf8Name(const QString& path)
+{
+    if (path.isEmpty() || !platform::isWindows1252OnlyName(path))
+        return false;
+    m_catalogue.ShowInfoMessage(QStringLiteral("No se puede abrir %1: su nombre en el disco no "
+                                               "está en UTF-8 y se muestra como Windows-1252")
+                                    .arg(path),
+                                kMissingDelayMs, colours::kYellow);
+    return true;
 }
 
 void EntryOpener::PlaySelectedEntry(int focusedPosition)

@@ -37,6 +37,10 @@ public:
     // chooser when no application is associated with the file.
     void ExecuteOnDoubleClick(int focusedPosition);
 
+    // True, after telling the user, when path shows a file whose name on the disc is not
+    // UTF-8: it was listed as Windows-1252 reads it and cannot be opened by that name.
+    bool refuseNotUtf8Name(const QString& path);
+
 private:
     // The row's existing file, or the empty text after telling the user it was not found.
     QString foundPath(int position);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/BiffCodePage.h"
 
-#include "core/Windows1252.h"
+#include "platform/Windows1252.h"
 
 namespace nubo::database {
 namespace {
@@ -60,7 +60,7 @@ QString BiffCodePage::decode(QByteArrayView bytes) const
         m_decoder->resetState();
         return m_decoder->decode(bytes);
     }
-    return core::decodeWindows1252(bytes);
+    return platform::decodeWindows1252(bytes);
 }
 
 } // namespace nubo::database

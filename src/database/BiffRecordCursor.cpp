@@ -44,6 +44,7 @@ bool BiffRecordCursor::next()
     const quint16 length = biffU16(m_stream, m_next + 2);
     if (m_next + 4 + length > m_stream.size())
         return false;
+    m_at = m_next;
     m_type = biffU16(m_stream, m_next);
     m_data = m_stream.sliced(m_next + 4, length);
     m_next += 4 + length;

@@ -35,6 +35,8 @@ public:
 
     bool next();
     quint16 type() const { return m_type; }
+    // Where the current record starts in the stream.
+    qsizetype position() const { return m_at; }
     QByteArrayView data() const { return m_data; }
     // The current record with its continuation records; the cursor moves past them.
     BiffContinuedData takeContinued();
@@ -42,6 +44,7 @@ public:
 private:
     QByteArrayView m_stream;
     qsizetype m_next = 0;
+    qsizetype m_at = 0;
     quint16 m_type = 0;
     QByteArrayView m_data;
 };

@@ -30,6 +30,11 @@ constexpr quint16 kString = 0x0207;
 constexpr quint16 kBlank = 0x0201;
 constexpr quint16 kMulBlank = 0x00BE;
 constexpr quint16 kBoolErr = 0x0205;
+constexpr quint16 kIndex = 0x020B;
+constexpr quint16 kDbCell = 0x00D7;
+constexpr quint16 kRow = 0x0208;
+constexpr quint16 kNoRecord = 0x0000;    // what a zeroed stretch of the stream reads as
+constexpr qsizetype kIndexBlocksAt = 16; // BIFF8 INDEX: DBCELL positions after 4 fields
 constexpr quint16 kBiff8 = 0x0600;
 constexpr quint16 kBiff5 = 0x0500;
 constexpr quint16 kGlobalsType = 0x0005;
@@ -44,23 +49,35 @@ struct Globals
     QString sheetName;
     qsizetype sheetOffset = -1;
     QList<QString> strings;
+    QString damage;
 };
 
-void readSharedStrings(const BiffContinuedData& data, QList<QString>& strings)
+// The texts of the shared-string table; damage names a table that holds fewer than it states.
+void readSharedStrings(const BiffContinuedData& data, QList<QString>& strings, QString& damage)
 {
     BiffTextReader reader(data);
     const auto total = reader.u32();
     const auto unique = reader.u32();
-    if (!total || !unique)
+    if (!total || !unique) {
+        damage = QStringLiteral("la tabla de textos está cortada");
         return;
+    }
     // The stated count is not trusted for the reservation: each text takes at least 3 bytes.
     strings.reserve(std::min<qsizetype>(*unique, data.bytes.size() / 3));
     for (quint32 i = 0; i < *unique; ++i) {
         auto text = reader.unicodeString();
-        if (!text)
-            return; // a cut table keeps the texts read so far
+        if (!text) { // a cut table keeps the texts read so far
+            damage = QStringLiteral("la tabla de textos tiene %1 de los %2 textos que declara")
+                         .arg(i)
+                         .arg(*unique);
+            return;
+        }
         strings.append(std::move(*text));
     }
+    // Bytes past the last text mean the texts read were not the ones written (a zeroed stretch
+    // reads as a run of empty texts).
+    if (!reader.atEnd())
+        damage = QStringLiteral("la tabla de textos no acaba donde declara");
 }
 
 // The first BOF names the file's version; Excel 2 to 4 files are refused by version.
@@ -112,14 +129,18 @@ std::variant<Globals, BiffProblem> readGlobals(QByteArrayView stream)
         return *problem;
     QByteArray rawName;
     quint16 codePage = 1252;
-    while (cursor.next() && cursor.type() != kEof) {
+    bool ended = false;
+    while (!ended && cursor.next()) {
+        ended = cursor.type() == kEof;
         if (cursor.type() == kBoundSheet && globals.sheetOffset < 0)
             readBoundSheet(cursor.data(), globals.biff8, globals, rawName);
         else if (cursor.type() == kCodePage && cursor.data().size() >= 2)
             codePage = biffU16(cursor.data(), 0);
         else if (cursor.type() == kSst && globals.biff8 && globals.strings.isEmpty())
-            readSharedStrings(cursor.takeContinued(), globals.strings);
+            readSharedStrings(cursor.takeContinued(), globals.strings, globals.damage);
     }
+    if (!ended && globals.damage.isEmpty())
+        globals.damage = QStringLiteral("la parte general del libro está cortada");
     if (globals.sheetOffset < 0)
         return BiffProblem::NotWorkbook;
     if (!globals.biff8) {
@@ -175,38 +196,56 @@ public:
     void read(QByteArrayView stream, qsizetype from)
     {
         BiffRecordCursor cursor(stream, from);
-        if (!cursor.next() || cursor.type() != kBof || biffU16(cursor.data(), 2) != kWorksheetType)
+        if (!cursor.next() || cursor.type() != kBof) {
+            m_sheet.damage = QStringLiteral("la hoja no está donde el libro dice");
+            return;
+        }
+        if (biffU16(cursor.data(), 2) != kWorksheetType)
             return;    // a chart or macro sheet first: no cells
         int depth = 0; // embedded substreams (charts) are skipped whole
-        while (cursor.next()) {
+        bool ended = false;
+        while (!ended && cursor.next()) {
             if (cursor.type() == kBof) {
                 ++depth;
             } else if (cursor.type() == kEof) {
-                if (depth-- == 0)
-                    break;
+                ended = depth-- == 0;
             } else if (depth == 0) {
-                take(cursor);
+                take(cursor, stream);
             }
         }
+        if (!ended)
+            damaged(QStringLiteral("la hoja está cortada"));
+        checkDimensions();
     }
 
 private:
-    void take(BiffRecordCursor& cursor)
+    void take(BiffRecordCursor& cursor, QByteArrayView stream)
     {
         const QByteArrayView d = cursor.data();
         const quint16 row = biffU16(d, 0);
         const quint16 column = biffU16(d, 2);
         switch (cursor.type()) {
+        case kNoRecord:
+            damaged(QStringLiteral("la hoja tiene bytes borrados"));
+            break;
+        case kIndex:
+            checkIndex(d, stream);
+            break;
+        case kDbCell: // its first field leads back to the block's first ROW record
+            if (d.size() >= 4 &&
+                biffU16(stream, cursor.position() - qsizetype(biffU32(d, 0))) != kRow)
+                damaged(QStringLiteral("un bloque de filas no empieza donde dice su índice"));
+            break;
+        case kRow:
+            if (d.size() >= 2)
+                m_lastSeen = std::max<quint32>(m_lastSeen, row + 1);
+            break;
         case kDimensions:
             takeDimensions(d);
             break;
         case kLabelSst:
-            if (d.size() >= 10) {
-                const quint32 index = biffU32(d, 6);
-                put(row, column,
-                    index < quint32(m_globals.strings.size()) ? m_globals.strings.at(index)
-                                                              : QString());
-            }
+            if (d.size() >= 10)
+                takeSharedText(row, column, biffU32(d, 6));
             break;
         case kLabel:
         case kRString: // the text with its formatting runs, which are not kept
@@ -279,6 +318,38 @@ private:
         const quint32 last = m_globals.biff8 ? (d.size() >= 8 ? biffU32(d, 4) : 0)
                                              : (d.size() >= 4 ? biffU16(d, 2) : 0);
         m_sheet.lastRow = std::max(m_sheet.lastRow, std::min(last, kSheetRows));
+        m_sheet.declaredLastRow = std::max(m_sheet.declaredLastRow, std::min(last, kSheetRows));
+    }
+    void takeSharedText(quint16 row, quint16 column, quint32 index)
+    {
+        if (index >= quint32(m_globals.strings.size()))
+            damaged(QStringLiteral("una celda nombra un texto que la tabla no tiene"));
+        put(row, column, m_globals.strings.value(qsizetype(index)));
+    }
+    // Each cell block the row index names must start with its DBCELL record where it says.
+    void checkIndex(QByteArrayView d, QByteArrayView stream)
+    {
+        if (!m_globals.biff8)
+            return;
+        for (qsizetype at = kIndexBlocksAt; at + 4 <= d.size(); at += 4) {
+            const quint32 position = biffU32(d, at);
+            if (biffU16(stream, qsizetype(position)) != kDbCell) {
+                damaged(QStringLiteral("el índice de filas no coincide con las celdas"));
+                return;
+            }
+        }
+    }
+    void checkDimensions()
+    {
+        if (m_sheet.declaredLastRow > m_lastSeen)
+            damaged(QStringLiteral("la hoja declara %1 filas y se encontraron %2")
+                        .arg(m_sheet.declaredLastRow)
+                        .arg(m_lastSeen));
+    }
+    void damaged(const QString& what)
+    {
+        if (m_sheet.damage.isEmpty())
+            m_sheet.damage = what;
     }
     // A cell text at the given offset: a unicode string, or 8-bit in the code page before
     // Excel 97.
@@ -294,6 +365,7 @@ private:
     void put(quint32 row, quint32 column, const QString& text)
     {
         m_sheet.lastRow = std::max(m_sheet.lastRow, row + 1);
+        m_lastSeen = std::max(m_lastSeen, row + 1);
         if (column >= kColumns || text.isEmpty())
             return;
         if (m_sheet.rows.size() <= qsizetype(row))
@@ -303,6 +375,7 @@ private:
 
     const Globals& m_globals;
     BiffSheetContent& m_sheet;
+    quint32 m_lastSeen = 0; // the last row a cell or a ROW record was found in, from 1
 };
 
 } // namespace
@@ -316,40 +389,9 @@ std::variant<BiffSheetContent, BiffProblem> parseWorkbookStream(QByteArrayView s
     BiffSheetContent sheet;
     sheet.name = g.sheetName;
     SheetReader(g, sheet).read(stream, g.sheetOffset);
+    if (!g.damage.isEmpty())
+        sheet.damage = g.damage;
     return sheet;
-}
-
-QString generalNumberText(double value)
-{
-    if (!std::isfinite(value))
-        return {};
-    // General shows at most 11 characters; beyond that large and tiny numbers go scientific.
-    const double magnitude = std::fabs(value);
-    if (magnitude != 0 && (magnitude >= 1e11 || magnitude < 1e-9)) {
-        QString text = QString::number(value, 'E', 5);
-        const qsizetype e = text.indexOf(QLatin1Char('E'));
-        QString mantissa = text.left(e);
-        if (mantissa.contains(QLatin1Char('.'))) {
-            while (mantissa.endsWith(QLatin1Char('0')))
-                mantissa.chop(1);
-            if (mantissa.endsWith(QLatin1Char('.')))
-                mantissa.chop(1);
-        }
-        QString exponent = text.mid(e + 1);
-        const QChar sign = exponent.at(0);
-        exponent = exponent.mid(1).rightJustified(2, QLatin1Char('0'));
-        return mantissa + QLatin1Char('E') + sign + exponent.right(qMax(2, int(exponent.size())));
-    }
-    const int integerDigits = magnitude < 1 ? 1 : int(std::floor(std::log10(magnitude))) + 1;
-    const int decimals = std::max(0, 10 - integerDigits - (value < 0 ? 1 : 0));
-    QString text = QString::number(value, 'f', decimals);
-    if (text.contains(QLatin1Char('.'))) {
-        while (text.endsWith(QLatin1Char('0')))
-            text.chop(1);
-        if (text.endsWith(QLatin1Char('.')))
-            text.chop(1);
-    }
-    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 
 } // namespace nubo::database

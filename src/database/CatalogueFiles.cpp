@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/CatalogueFiles.h"
 
+#include "database/AtomicSaveFile.h"
 #include "database/DatabaseReader.h"
 #include "database/DatabaseWriter.h"
+#include "database/SourceFile.h"
 #include "database/WorkbookReader.h"
 #include "database/WorkbookWriter.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QLocale>
+
+#include <algorithm>
 
 namespace nubo::database {
 namespace {
@@ -32,7 +35,7 @@ bool feedRows(Writer& writer, const CatalogueRowSource& rows, const SaveHooks& h
     for (qsizetype i = 0; i < rows.count; ++i) {
         if (hooks.beforeRow && !hooks.beforeRow(i)) {
             outcome.stopped = true;
-            outcome.discarded = hooks.discardOnStop && hooks.discardOnStop();
+            outcome.discarded = outcome.replacing || (hooks.discardOnStop && hooks.discardOnStop());
             return true;
         }
         if (!writer.addRow(rows.row(i)))
@@ -47,6 +50,13 @@ LoadOutcome loadFailed(const QString& error)
     LoadOutcome outcome;
     outcome.error = error;
     return outcome;
+}
+
+void markDamaged(LoadOutcome& outcome, const QString& damage, qint64 declared)
+{
+    outcome.damaged = true;
+    outcome.damage = damage;
+    outcome.declared = std::max<qint64>(declared, 0);
 }
 
 // Asks the progress hook before handing over row index; false once it says stop.
@@ -103,29 +113,36 @@ SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& option
     WorkbookWriter writer;
     if (!writer.begin(path, {options.sheetName, options.header, options.style}, rows.count))
         return saveFailed(outcome, SaveStage::Open, writer.errorString());
+    AtomicSaveFile file(path);
+    if (FileStep opened = file.open(); !opened)
+        return saveFailed(outcome, SaveStage::Open, opened.error);
+    outcome.replacing = file.replacesFile();
     if (!feedRows(writer, rows, hooks, outcome))
         return saveFailed(outcome, SaveStage::Rows, writer.errorString());
     if (outcome.discarded)
         return outcome;
     if (outcome.stopped)
         writer.dropStyle(); // a stopped save is still written, unstyled
-    if (!writer.finish())
+    if (!writer.finish(*file.device()))
         return saveFailed(outcome, SaveStage::Finish, writer.errorString());
+    if (FileStep committed = file.commit(); !committed)
+        return saveFailed(outcome, SaveStage::Finish, committed.error);
     outcome.ok = true;
     return outcome;
 }
 
-// Written beside the target and renamed over it only once complete; a failed or discarded
-// save drops the temporary file.
+// Written into an unnamed file beside the target and put in its place only once complete; a
+// failed or discarded save leaves nothing.
 SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& options,
                          const CatalogueRowSource& rows, const SaveHooks& hooks)
 {
     SaveOutcome outcome;
-    QSaveFile file(path);
+    AtomicSaveFile file(path);
     DatabaseWriter writer;
-    if (!file.open(QIODevice::WriteOnly))
-        return saveFailed(outcome, SaveStage::Open, file.errorString());
-    if (!writer.begin(&file, options.header))
+    if (FileStep opened = file.open(); !opened)
+        return saveFailed(outcome, SaveStage::Open, opened.error);
+    outcome.replacing = file.replacesFile();
+    if (!writer.begin(file.device(), options.header))
         return saveFailed(outcome, SaveStage::Open, writer.errorString());
     if (!feedRows(writer, rows, hooks, outcome))
         return saveFailed(outcome, SaveStage::Rows, writer.errorString());
@@ -135,8 +152,8 @@ SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& option
         return saveFailed(outcome, SaveStage::Rows, writer.errorString());
     if (!writer.finish())
         return saveFailed(outcome, SaveStage::Finish, writer.errorString());
-    if (!file.commit())
-        return saveFailed(outcome, SaveStage::Finish, file.errorString());
+    if (FileStep committed = file.commit(); !committed)
+        return saveFailed(outcome, SaveStage::Finish, committed.error);
     outcome.ok = true;
     return outcome;
 }
@@ -170,6 +187,8 @@ LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
         hooks.row(std::move(record));
         ++outcome.added;
     }
+    if (const QString damage = reader.damage(); !damage.isEmpty())
+        markDamaged(outcome, damage, qint64(reader.declaredLastRow()) - 2);
     return outcome;
 }
 
@@ -190,6 +209,8 @@ LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
         hooks.row(std::move(records[k]));
         ++outcome.added;
     }
+    if (const QString damage = reader.damage(); !damage.isEmpty())
+        markDamaged(outcome, damage, reader.recordCount());
     return outcome;
 }
 
@@ -204,10 +225,10 @@ LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks)
 
 LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return loadFailed(file.errorString());
-    const QString text = QString::fromUtf8(file.readAll());
+    const SourceBytes source = readSourceFile(path);
+    if (!source.bytes)
+        return loadFailed(source.error);
+    const QString text = QString::fromUtf8(*source.bytes);
     LoadOutcome outcome;
     outcome.ok = true;
     outcome.name = QFileInfo(path).completeBaseName();
@@ -246,7 +267,29 @@ std::optional<LoadedCatalogue> loadCatalogue(const QString& path, QString* error
         return std::nullopt;
     }
     loaded.name = outcome.name;
+    if (outcome.damaged) {
+        loaded.damage = damageText(path, outcome);
+        loaded.declared = outcome.declared;
+    }
     return loaded;
+}
+
+QString damageText(const QString& path, const LoadOutcome& outcome)
+{
+    const QLocale spanish(QLocale::Spanish, QLocale::Spain);
+    QString read = spanish.toString(qint64(outcome.added));
+    QString declared = spanish.toString(outcome.declared);
+    // The Spanish convention leaves four-digit numbers ungrouped; the counts always group.
+    for (QString* number : {&read, &declared}) {
+        if (number->size() == 4)
+            number->insert(1, QLatin1Char('.'));
+    }
+    // A count the file states below what was read tells nothing: only the rows read are given.
+    if (outcome.declared <= qint64(outcome.added))
+        return QStringLiteral("El archivo %1 está dañado: se leyeron %2 filas (%3).")
+            .arg(path, read, outcome.damage);
+    return QStringLiteral("El archivo %1 está dañado: se leyeron %2 filas de %3 (%4).")
+        .arg(path, read, declared, outcome.damage);
 }
 
 } // namespace nubo::database

@@ -59,14 +59,17 @@ struct SaveOutcome
     bool ok = false;
     bool stopped = false;
     bool discarded = false; // stopped and abandoned: nothing written
+    bool replacing = false; // the target existed: a stop abandons the save and keeps that file
     qsizetype written = 0;  // list rows written (an empty record at a stop not counted)
     SaveStage failedAt = SaveStage::Open;
     QString error; // the writer's or the file's own reason
 };
 
 // Writes the rows to a new workbook or database chosen by the path's extension. A stopped
-// save still leaves a complete file with the rows written; a failed or discarded one leaves
-// the previous file untouched.
+// save of a new file still leaves a complete file with the rows written; a stopped save over
+// an existing file, and a failed or discarded one, leave the previous file byte for byte. Only
+// a regular file (or a symlink to one) is replaced; the file is flushed, renamed over the
+// target and the folder flushed, with the replaced file's owner and mode.
 SaveOutcome saveCatalogue(const QString& path, const CatalogueSaveOptions& options,
                           const CatalogueRowSource& rows, const SaveHooks& hooks = {});
 SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& options,
@@ -91,11 +94,17 @@ struct LoadOutcome
     qsizetype added = 0;
     QString name;
     QString error;
+    // The file read but is damaged: the rows before the damage were handed over (ok is true),
+    // damage says what was found and declared how many rows the file states it holds.
+    bool damaged = false;
+    qint64 declared = 0;
+    QString damage;
 };
 
 // Reads a catalogue file's rows in the order the list appends them: a workbook's rows in sheet
 // order without those whose first cell is empty, a database's records last first. A stopped
-// load has handed over the rows read so far.
+// load has handed over the rows read so far, and so has a damaged one. Only a regular file is
+// read, and none larger than any catalogue can be.
 LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks);
 LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks);
 LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks);
@@ -110,8 +119,14 @@ struct LoadedCatalogue
 {
     QString name; // the workbook's first sheet or the database's table
     QList<CatalogueRecord> rows;
+    QString damage;      // empty unless the file is damaged: rows are then those read
+    qint64 declared = 0; // with damage: the rows the file states it holds
 };
 
 std::optional<LoadedCatalogue> loadCatalogue(const QString& path, QString* error);
+
+// The damage of a load in one Spanish sentence with its counts ("El archivo X está dañado:
+// se leyeron 35.159 filas de 60.000 (…)."), for the window and the command line.
+QString damageText(const QString& path, const LoadOutcome& outcome);
 
 } // namespace nubo::database

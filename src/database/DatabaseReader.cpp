@@ -2,14 +2,14 @@
 #include "database/DatabaseReader.h"
 
 #include "database/JetFileReader.h"
-
-#include <QFile>
+#include "database/SourceFile.h"
 
 namespace nubo::database {
 namespace {
 
 constexpr int kFields = 4;
-constexpr qsizetype kJetPage = 2048; // the smaller of the two page sizes
+constexpr qsizetype kJetPage = 2048;  // the smaller of the two page sizes
+constexpr qsizetype kJetPage4 = 4096; // Jet 4's page
 
 } // namespace
 
@@ -58,6 +58,7 @@ void DatabaseReader::close()
     m_recordCount = 0;
     m_tableName.clear();
     m_fieldNames.clear();
+    m_damage.clear();
 }
 
 bool DatabaseReader::fail(const QString& message)
@@ -71,10 +72,10 @@ bool DatabaseReader::open(const QString& path)
 {
     close();
     m_error.clear();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("No se puede abrir el archivo %1.").arg(path));
-    return read(file.readAll(), path);
+    SourceBytes source = readSourceFile(path);
+    if (!source.bytes)
+        return fail(source.error);
+    return read(*source.bytes, path);
 }
 
 bool DatabaseReader::read(const QByteArray& file, const QString& name)
@@ -113,7 +114,22 @@ bool DatabaseReader::read(const QByteArray& file, const QString& name)
         m_rows.append(std::move(record));
         return true;
     });
+    checkWhole(file.size());
+    if (m_damage.isEmpty())
+        m_damage = jet.usageMapDamage(*table);
     return true;
+}
+
+// The table states how many records it has, and the file is made of whole pages: anything else
+// means pages were lost or damaged.
+void DatabaseReader::checkWhole(qsizetype fileSize)
+{
+    if (m_rows.size() != m_recordCount)
+        m_damage = QStringLiteral("la tabla declara %1 registros y se encontraron %2")
+                       .arg(m_recordCount)
+                       .arg(m_rows.size());
+    else if (fileSize % kJetPage4 != 0)
+        m_damage = QStringLiteral("el archivo está cortado a mitad de una página");
 }
 
 bool DatabaseReader::next(CatalogueRecord& record)

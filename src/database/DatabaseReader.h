@@ -22,6 +22,8 @@ public:
     QStringList fieldNames() const { return m_fieldNames; }
     // The record count the table definition states.
     qsizetype recordCount() const { return m_recordCount; }
+    // Empty when the table read whole; otherwise what is damaged (the records found still read).
+    QString damage() const { return m_damage; }
     // The next record in file order; false at the end.
     bool next(CatalogueRecord& record);
     // Every record not yet read, in file order, handed over without a copy.
@@ -30,6 +32,7 @@ public:
 
 private:
     bool fail(const QString& message);
+    void checkWhole(qsizetype fileSize);
 
     QList<CatalogueRecord> m_rows;
     qsizetype m_next = 0;
@@ -37,6 +40,7 @@ private:
     QString m_tableName;
     QStringList m_fieldNames;
     QString m_error;
+    QString m_damage;
 };
 
 // Whether the bytes start like a Jet database file (any engine version).

@@ -48,12 +48,12 @@ bool DatabaseWriter::begin(QIODevice* device, const CatalogueHeader& header)
         c.type = kText;
         c.number = quint16(i);
         c.length = quint16(2 * kMaxText);
-        c.flags = kNullableColumn;
+        c.flags = kUpdatableColumn;
         c.extFlags = kCompressedText;
         m_table.columns.append(c);
     }
-    m_table.usedPages = {page::kUsageMaps, kUserTableUsedMap};
-    m_table.freePages = {page::kUsageMaps, kUserTableFreeMap};
+    m_table.usedPages = {page::kUsageMaps, maprow::kUserTableUsed};
+    m_table.freePages = {page::kUsageMaps, maprow::kUserTableFree};
     m_layout = layoutOf(m_table);
     m_device = device;
     if (!m_device->seek(0))

@@ -22,6 +22,15 @@ constexpr int kRealIndexEntry = 12;
 constexpr int kMaxDefinitionPages = 64;
 constexpr quint32 kTableObject = 1;
 constexpr quint32 kSystemObjectFlags = 0x80000002u;
+// Table definition fields (mdbtools' HACKING, "TDEF"): the record count and the usage maps.
+constexpr qsizetype kDefRowCount = 16;
+constexpr qsizetype kDefUsedPages = 55;
+// Usage maps (same source, "Page Usage Maps"): an inline map gives its first page and a bitmap;
+// a reference map lists bitmap pages, each covering kMapPageBits pages after a 4-byte header.
+constexpr quint8 kInlineMap = 0;
+constexpr quint8 kReferenceMap = 1;
+constexpr qsizetype kMapPageHeader = 4;
+constexpr quint32 kMapPageBits = quint32(kPage - kMapPageHeader) * 8;
 
 quint32 u8At(QByteArrayView d, qsizetype at)
 {
@@ -111,7 +120,8 @@ std::optional<TableInfo> JetFileReader::table(quint32 definitionPage) const
         return std::nullopt;
     TableInfo info;
     info.definitionPage = definitionPage;
-    info.rowCount = u32At(d, 16);
+    info.rowCount = u32At(d, kDefRowCount);
+    info.usedPagesMap = u32At(d, kDefUsedPages);
     const quint32 columns = u16At(d, 45);
     qsizetype at = 63 + qsizetype(u32At(d, 51)) * kRealIndexEntry;
     if (!inside(d, at, qsizetype(columns) * kColumnEntry))
@@ -204,6 +214,54 @@ void JetFileReader::forEachRow(const TableInfo& table,
                 return;
         }
     }
+}
+
+std::optional<QList<quint32>> JetFileReader::mappedPages(const TableInfo& table) const
+{
+    const QByteArrayView map = rowOf(table.usedPagesMap >> 8, table.usedPagesMap & 0xFF);
+    if (map.isEmpty())
+        return std::nullopt;
+    const auto pages = quint32(m_file.size() / kPage);
+    QList<quint32> listed;
+    const auto take = [&](quint32 base, QByteArrayView bits) {
+        for (qsizetype i = 0; i < bits.size() * 8; ++i) {
+            if ((u8At(bits, i / 8) & (1u << (i % 8))) != 0 && base + quint32(i) < pages)
+                listed.append(base + quint32(i));
+        }
+    };
+    if (u8At(map, 0) == kInlineMap) {
+        take(u32At(map, 1), map.sliced(std::min<qsizetype>(5, map.size())));
+    } else if (u8At(map, 0) == kReferenceMap) {
+        for (qsizetype at = 1, m = 0; at + 4 <= map.size(); at += 4, ++m) {
+            const QByteArrayView bitmap = page(u32At(map, at));
+            if (u32At(map, at) != 0 && !bitmap.isEmpty())
+                take(quint32(m) * kMapPageBits, bitmap.sliced(kMapPageHeader));
+        }
+    } else {
+        return std::nullopt;
+    }
+    return listed;
+}
+
+QString JetFileReader::usageMapDamage(const TableInfo& table) const
+{
+    const std::optional<QList<quint32>> listed = mappedPages(table);
+    if (!listed)
+        return QStringLiteral("falta el mapa de páginas de la tabla");
+    const auto owned = [&](quint32 p) {
+        const QByteArrayView d = page(p);
+        return u8At(d, 0) == kDataPage && u32At(d, 4) == table.definitionPage;
+    };
+    qsizetype ownedPages = 0;
+    for (quint32 p = 1; p < quint32(m_file.size() / kPage); ++p)
+        ownedPages += owned(p) ? 1 : 0;
+    for (const quint32 p : *listed) {
+        if (!owned(p))
+            return QStringLiteral("la página %1 del mapa no es de la tabla").arg(p);
+    }
+    if (ownedPages != listed->size())
+        return QStringLiteral("el mapa de páginas no coincide con las páginas de la tabla");
+    return {};
 }
 
 QList<std::pair<QString, quint32>> JetFileReader::userTables() const

@@ -26,7 +26,8 @@ struct ColumnInfo
 struct TableInfo
 {
     quint32 definitionPage = 0;
-    quint32 rowCount = 0; // as the definition states it
+    quint32 rowCount = 0;     // as the definition states it
+    quint32 usedPagesMap = 0; // the row holding the usage map of its pages: page << 8 | row
     QList<ColumnInfo> columns;
 };
 
@@ -48,8 +49,13 @@ public:
     void forEachRow(const TableInfo& table,
                     const std::function<bool(const QList<QString>&)>& visit) const;
 
+    // Empty when the table's usage map and its data pages agree; otherwise what differs: a page
+    // the map lists that is not one of the table's data pages, or the other way round.
+    QString usageMapDamage(const TableInfo& table) const;
+
 private:
     QByteArrayView page(quint32 number) const;
+    std::optional<QList<quint32>> mappedPages(const TableInfo& table) const;
     QByteArray definition(quint32 firstPage) const;
     QByteArrayView rowOf(quint32 pageNumber, quint32 row, int hops = 0) const;
     QList<QString> fields(const TableInfo& table, QByteArrayView row) const;

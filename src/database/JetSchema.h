@@ -22,11 +22,19 @@ enum ColumnType : quint8 {
     kMemo = 12,
 };
 
-// Column descriptor flags.
-inline constexpr quint8 kFixedColumn = 0x01;
-inline constexpr quint8 kNullableColumn = 0x02;
-inline constexpr quint8 kEngineColumn = 0x10;
-inline constexpr quint8 kCompressedText = 0x01; // extended flag: text stored compressed
+// The bits of a column descriptor's flags byte, then of the extended flags byte after it, as
+// mdbtools' HACKING.md documents them ("Table Definition Pages", "Columns flags").
+inline constexpr quint8 kFixedColumn = 0x01;     // fixed length
+inline constexpr quint8 kUpdatableColumn = 0x02; // may be written; every column here has it
+inline constexpr quint8 kEngineColumn = 0x10;    // kept by the engine: the system tables' columns
+inline constexpr quint8 kSidColumn = 0x20;       // holds a security identifier (Owner, SID)
+inline constexpr quint8 kCompressedText = 0x01;  // extended: text in compressed Unicode
+
+// The bits of a physical index definition's flags byte (same document, "Index flags").
+inline constexpr quint8 kUniqueIndex = 0x01;
+inline constexpr quint8 kIgnoreNullsIndex = 0x02;
+inline constexpr quint8 kRequiredIndex = 0x08;
+inline constexpr quint8 kJet4Index = 0x80; // set by the Jet 4 engine on every index it writes
 
 // A row address: (page, row within the page), as usage maps and indexes store it.
 struct RowRef
@@ -41,7 +49,7 @@ struct Column
     quint8 type = kText;
     quint16 number = 0;
     quint16 length = 0; // bytes; 0 for long values
-    quint8 flags = kNullableColumn;
+    quint8 flags = kUpdatableColumn;
     quint8 extFlags = 0;
 
     bool isFixed() const { return (flags & kFixedColumn) != 0; }

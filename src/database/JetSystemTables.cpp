@@ -16,8 +16,28 @@ constexpr qint32 kRootContainer = 0x0F000000;
 constexpr qint32 kDatabaseObject = 0x10000000;
 constexpr qint32 kSystemObjectFlags = qint32(0x80000000);
 constexpr qint16 kTableObject = 1;
-constexpr quint8 kEngineFixed = kFixedColumn | kNullableColumn | kEngineColumn;
-constexpr quint8 kEngineVariable = kNullableColumn | kEngineColumn;
+constexpr quint8 kEngineFixed = kFixedColumn | kUpdatableColumn | kEngineColumn;
+constexpr quint8 kEngineVariable = kUpdatableColumn | kEngineColumn;
+constexpr quint8 kEngineSidColumn = kEngineVariable | kSidColumn; // 0x32
+
+// Access masks of the rows of MSysACEs (its ACM column): sums of the permission bits DAO
+// documents for its Permissions property (PermissionEnum): on a table or container
+// dbSecCreate 0x1, dbSecReadDef 0x4, dbSecWriteDef 0x1000C, dbSecRetrieveData 0x14,
+// dbSecInsertData 0x20, dbSecReplaceData 0x40, dbSecDeleteData 0x80, dbSecDelete 0x10000,
+// dbSecReadSec 0x20000, dbSecWriteSec 0x40000, dbSecWriteOwner 0x80000, dbSecFullAccess
+// 0xFFFFF; on the database dbSecDBOpen 0x2, dbSecDBExclusive 0x4, dbSecDBAdmin 0x8. The values
+// are those the engine gives a new database.
+namespace acm {
+constexpr qint32 kSecurity = 0x60000;           // 393216: read and change permissions
+constexpr qint32 kSecurityCreate = 0x60001;     // 393217: the same, and create in the container
+constexpr qint32 kSecurityOwner = 0xE0000;      // 917504: the same, and change the owner
+constexpr qint32 kDatabaseOwner = 0x6000E;      // 393230: permissions, open, exclusive, admin
+constexpr qint32 kDatabaseAdmins = 0xE;         // 14: open, exclusive, admin
+constexpr qint32 kReadData = 0x14;              // 20: read the data (and the design)
+constexpr qint32 kTablesCreatorOwner = 0xF00FE; // 983294: every table right DAO names but create
+constexpr qint32 kTablesAdmins = 0xFFEFF;       // 1048319: full access less bit 0x100
+constexpr qint32 kFullAccess = 0xFFFFF;         // 1048575
+} // namespace acm
 
 // The engine's short security identifiers.
 const QByteArray kEngineSid = QByteArray::fromHex("6589");
@@ -83,6 +103,7 @@ RowRef mapRow(quint8 row)
     return RowRef{page::kUsageMaps, row};
 }
 
+// A long-value column's two maps: used at usedRow, free at the next row.
 LongValueMaps lvMaps(quint16 columnNumber, quint8 usedRow)
 {
     return LongValueMaps{columnNumber, mapRow(usedRow), mapRow(quint8(usedRow + 1))};
@@ -114,7 +135,7 @@ Table objectsTable()
                  column("Type", kInteger, 3),
                  column("DateCreate", kDateTime, 4),
                  column("DateUpdate", kDateTime, 5),
-                 column("Owner", kBinary, 6, 0x32),
+                 column("Owner", kBinary, 6, kEngineSidColumn),
                  column("Flags", kLong, 7),
                  column("Database", kMemo, 8),
                  column("Connect", kMemo, 9),
@@ -126,12 +147,17 @@ Table objectsTable()
                  column("LvModule", kOle, 15),
                  column("LvExtra", kOle, 16)};
     sortByName(t);
-    t.indexes = {index("Id", 1, {0}, 0x81, page::kObjectsById, 17, true),
-                 index("ParentIdName", 0, {1, 2}, 0x81, page::kObjectsByName, 16)};
-    t.longValueMaps = {lvMaps(9, 4),   lvMaps(8, 2),   lvMaps(13, 8), lvMaps(16, 14),
-                       lvMaps(15, 12), lvMaps(14, 10), lvMaps(12, 6)};
-    t.usedPages = mapRow(0);
-    t.freePages = mapRow(1);
+    constexpr quint8 unique = kUniqueIndex | kJet4Index;
+    t.indexes = {
+        index("Id", 1, {0}, unique, page::kObjectsById, maprow::kObjectsById, true),
+        index("ParentIdName", 0, {1, 2}, unique, page::kObjectsByName, maprow::kObjectsByName)};
+    // By column number: Connect, Database, Lv, LvExtra, LvModule, LvProp, RmtInfoLong.
+    t.longValueMaps = {lvMaps(9, maprow::kObjectsConnect),     lvMaps(8, maprow::kObjectsDatabase),
+                       lvMaps(13, maprow::kObjectsLv),         lvMaps(16, maprow::kObjectsLvExtra),
+                       lvMaps(15, maprow::kObjectsLvModule),   lvMaps(14, maprow::kObjectsLvProp),
+                       lvMaps(12, maprow::kObjectsRmtInfoLong)};
+    t.usedPages = mapRow(maprow::kObjectsUsed);
+    t.freePages = mapRow(maprow::kObjectsFree);
     return t;
 }
 
@@ -140,12 +166,13 @@ Table acesTable()
     Table t;
     t.name = QStringLiteral("MSysACEs");
     t.system = true;
-    t.columns = {column("ObjectId", kLong, 0), column("SID", kBinary, 1, 0x32),
+    t.columns = {column("ObjectId", kLong, 0), column("SID", kBinary, 1, kEngineSidColumn),
                  column("ACM", kLong, 2), column("FInheritable", kBoolean, 3)};
     sortByName(t);
-    t.indexes = {index("ObjectId", 0, {0}, 0x88, page::kAcesByObject, 20)};
-    t.usedPages = mapRow(18);
-    t.freePages = mapRow(19);
+    t.indexes = {index("ObjectId", 0, {0}, kRequiredIndex | kJet4Index, page::kAcesByObject,
+                       maprow::kAcesByObject)};
+    t.usedPages = mapRow(maprow::kAcesUsed);
+    t.freePages = mapRow(maprow::kAcesFree);
     return t;
 }
 
@@ -159,10 +186,11 @@ Table queriesTable()
                  column("Name2", kText, 4),    column("Expression", kMemo, 5),
                  column("Flag", kInteger, 6),  column("LvExtra", kLong, 7)};
     sortByName(t);
-    t.indexes = {index("ObjectIdAttribute", 0, {0, 1, 2}, 0x81, page::kQueriesIndex, 25, true)};
-    t.longValueMaps = {lvMaps(5, 23)};
-    t.usedPages = mapRow(21);
-    t.freePages = mapRow(22);
+    t.indexes = {index("ObjectIdAttribute", 0, {0, 1, 2}, kUniqueIndex | kJet4Index,
+                       page::kQueriesIndex, maprow::kQueriesIndex, true)};
+    t.longValueMaps = {lvMaps(5, maprow::kQueriesExpression)};
+    t.usedPages = mapRow(maprow::kQueriesUsed);
+    t.freePages = mapRow(maprow::kQueriesFree);
     return t;
 }
 
@@ -181,11 +209,13 @@ Table relationshipsTable()
                  column("szReferencedColumn", kText, 7)};
     sortByName(t);
     const quint32 first = page::kRelationshipsIndexes;
-    t.indexes = {index("szObject", 1, {4}, 0x82, first + 1, 29),
-                 index("szReferencedObject", 2, {6}, 0x82, first + 2, 30),
-                 index("szRelationship", 0, {0}, 0x82, first, 28)};
-    t.usedPages = mapRow(26);
-    t.freePages = mapRow(27);
+    constexpr quint8 row = maprow::kRelationshipsIndexes;
+    constexpr quint8 flags = kIgnoreNullsIndex | kJet4Index;
+    t.indexes = {index("szObject", 1, {4}, flags, first + 1, row + 1),
+                 index("szReferencedObject", 2, {6}, flags, first + 2, row + 2),
+                 index("szRelationship", 0, {0}, flags, first, row)};
+    t.usedPages = mapRow(maprow::kRelationshipsUsed);
+    t.freePages = mapRow(maprow::kRelationshipsFree);
     return t;
 }
 
@@ -207,23 +237,25 @@ SystemCatalog::SystemCatalog(const QString& userTable, double created) : m_creat
          kEngineSid, sys},
         {qint32(page::kUserTable), kTablesContainer, userTable, kTableObject, kCreatorSid, 0},
     };
+    const qint32 objects = qint32(page::kObjects), aces = qint32(page::kAces);
+    const qint32 queries = qint32(page::kQueries), relationships = qint32(page::kRelationships);
     m_aces = {
-        {2, kCreatorSid, 393216, false},
-        {3, kCreatorSid, 393216, false},
-        {4, kCreatorSid, 393216, false},
-        {5, kCreatorSid, 917504, false},
-        {kTablesContainer, kCreatorOwnerSid, 983294, true},
-        {kTablesContainer, kCreatorSid, 393217, false},
-        {kRelationshipsContainer, kCreatorOwnerSid, 983294, true},
-        {kRelationshipsContainer, kCreatorSid, 393217, false},
-        {kDatabasesContainer, kCreatorSid, 393216, false},
-        {kDatabaseObject, kCreatorSid, 393230, false},
-        {kDatabaseObject, kAdminsSid, 14, false},
-        {4, kAdminsSid, 20, false},
-        {5, kAdminsSid, 20, false},
-        {2, kAdminsSid, 20, false},
-        {kTablesContainer, kAdminsSid, 1048319, true},
-        {kRelationshipsContainer, kAdminsSid, 1048575, true},
+        {objects, kCreatorSid, acm::kSecurity, false},
+        {aces, kCreatorSid, acm::kSecurity, false},
+        {queries, kCreatorSid, acm::kSecurity, false},
+        {relationships, kCreatorSid, acm::kSecurityOwner, false},
+        {kTablesContainer, kCreatorOwnerSid, acm::kTablesCreatorOwner, true},
+        {kTablesContainer, kCreatorSid, acm::kSecurityCreate, false},
+        {kRelationshipsContainer, kCreatorOwnerSid, acm::kTablesCreatorOwner, true},
+        {kRelationshipsContainer, kCreatorSid, acm::kSecurityCreate, false},
+        {kDatabasesContainer, kCreatorSid, acm::kSecurity, false},
+        {kDatabaseObject, kCreatorSid, acm::kDatabaseOwner, false},
+        {kDatabaseObject, kAdminsSid, acm::kDatabaseAdmins, false},
+        {queries, kAdminsSid, acm::kReadData, false},
+        {relationships, kAdminsSid, acm::kReadData, false},
+        {objects, kAdminsSid, acm::kReadData, false},
+        {kTablesContainer, kAdminsSid, acm::kTablesAdmins, true},
+        {kRelationshipsContainer, kAdminsSid, acm::kFullAccess, true},
     };
     // A new table inherits the tables container's inheritable entries; the creator-owner
     // entry becomes the creator's own.
@@ -278,15 +310,16 @@ QByteArray SystemCatalog::acesDataPage(QList<QByteArray>& byObject) const
 QByteArray SystemCatalog::usageMapPage(const QByteArray& userMapUsed,
                                        const QByteArray& userMapFree) const
 {
-    QList<QList<quint32>> maps(kUserTableUsedMap);
-    maps[0] = maps[1] = {page::kObjectsData};
-    maps[16] = {page::kObjectsByName};
-    maps[17] = {page::kObjectsById};
-    maps[18] = maps[19] = {page::kAcesData};
-    maps[20] = {page::kAcesByObject};
-    maps[25] = {page::kQueriesIndex};
+    // Rows not set here map no page: empty tables and long-value columns.
+    QList<QList<quint32>> maps(maprow::kUserTableUsed);
+    maps[maprow::kObjectsUsed] = maps[maprow::kObjectsFree] = {page::kObjectsData};
+    maps[maprow::kObjectsByName] = {page::kObjectsByName};
+    maps[maprow::kObjectsById] = {page::kObjectsById};
+    maps[maprow::kAcesUsed] = maps[maprow::kAcesFree] = {page::kAcesData};
+    maps[maprow::kAcesByObject] = {page::kAcesByObject};
+    maps[maprow::kQueriesIndex] = {page::kQueriesIndex};
     for (quint32 i = 0; i < 3; ++i)
-        maps[28 + i] = {page::kRelationshipsIndexes + i};
+        maps[maprow::kRelationshipsIndexes + i] = {page::kRelationshipsIndexes + i};
     DataPage data(0);
     for (const QList<quint32>& pages : std::as_const(maps))
         data.add(inlineMap(pages));

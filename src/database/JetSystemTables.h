@@ -26,9 +26,36 @@ inline constexpr quint32 kUserTable = 16;
 inline constexpr quint32 kFirstUserData = 17;
 } // namespace page
 
-// Usage map rows of the system tables on the usage map page; the user table's follow them.
-inline constexpr quint8 kUserTableUsedMap = 31;
-inline constexpr quint8 kUserTableFreeMap = 32;
+// The rows of the usage-map page (page::kUsageMaps), each one usage map (layout: mdbtools'
+// HACKING.md, "Page Usage Maps"). A table has two, the pages it owns ("used") and those with
+// room left ("free"); so has each long-value column (used, then free at the next row); each
+// index has one. The table definitions point at these rows and the page writes them in this
+// order, so the numbers must stay in step with both.
+namespace maprow {
+inline constexpr quint8 kObjectsUsed = 0; // MSysObjects
+inline constexpr quint8 kObjectsFree = 1;
+inline constexpr quint8 kObjectsDatabase = 2; // its long-value columns, two rows each
+inline constexpr quint8 kObjectsConnect = 4;
+inline constexpr quint8 kObjectsRmtInfoLong = 6;
+inline constexpr quint8 kObjectsLv = 8;
+inline constexpr quint8 kObjectsLvProp = 10;
+inline constexpr quint8 kObjectsLvModule = 12;
+inline constexpr quint8 kObjectsLvExtra = 14;
+inline constexpr quint8 kObjectsByName = 16; // index ParentIdName
+inline constexpr quint8 kObjectsById = 17;   // index Id
+inline constexpr quint8 kAcesUsed = 18;      // MSysACEs
+inline constexpr quint8 kAcesFree = 19;
+inline constexpr quint8 kAcesByObject = 20; // index ObjectId
+inline constexpr quint8 kQueriesUsed = 21;  // MSysQueries
+inline constexpr quint8 kQueriesFree = 22;
+inline constexpr quint8 kQueriesExpression = 23; // long values, two rows
+inline constexpr quint8 kQueriesIndex = 25;      // index ObjectIdAttribute
+inline constexpr quint8 kRelationshipsUsed = 26; // MSysRelationships
+inline constexpr quint8 kRelationshipsFree = 27;
+inline constexpr quint8 kRelationshipsIndexes = 28; // szRelationship, szObject, szReferencedObject
+inline constexpr quint8 kUserTableUsed = 31;        // the catalogue's table
+inline constexpr quint8 kUserTableFree = 32;
+} // namespace maprow
 
 // The four system tables of a new database and what they hold, with one user table added.
 class SystemCatalog final
@@ -36,7 +63,9 @@ class SystemCatalog final
 public:
     SystemCatalog(const QString& userTable, double created);
 
-    // Every page from the allocation map up to the user table's definition (exclusive).
+    // Pages kObjects to kAcesData, in order: the system tables' definitions, the usage maps,
+    // their index leaves and their data. The header, the allocation map and the user table's
+    // pages are the writer's.
     QList<QByteArray> pages(const QByteArray& userMapUsed, const QByteArray& userMapFree) const;
 
 private:

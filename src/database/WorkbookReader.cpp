@@ -2,9 +2,7 @@
 #include "database/WorkbookReader.h"
 
 #include "database/CompoundFile.h"
-
-#include <QFile>
-#include <QFileInfo>
+#include "database/SourceFile.h"
 
 namespace nubo::database {
 
@@ -24,12 +22,10 @@ bool WorkbookReader::open(const QString& path)
 {
     close();
     m_error.clear();
-    if (!QFileInfo(path).isFile())
-        return fail(QStringLiteral("No se encuentra el archivo %1.").arg(path));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("No se puede abrir el archivo %1.").arg(path));
-    return read(file.readAll(), path);
+    SourceBytes source = readSourceFile(path);
+    if (!source.bytes)
+        return fail(source.error);
+    return read(*source.bytes, path);
 }
 
 namespace {
@@ -89,6 +85,8 @@ bool WorkbookReader::read(const QByteArray& file, const QString& name)
     if (m_sheet.rows.size() > 1 && holdsText(m_sheet.rows.at(1))) {
         m_sheet.rows.insert(1, CatalogueRecord{});
         ++m_sheet.lastRow;
+        if (m_sheet.declaredLastRow > 0)
+            ++m_sheet.declaredLastRow;
     }
     return true;
 }

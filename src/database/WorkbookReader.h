@@ -24,6 +24,10 @@ public:
     QString sheetName() const { return m_sheet.name; }
     // The sheet's last used row, counted from 1 (0 for an empty sheet).
     quint32 lastRow() const { return m_sheet.lastRow; }
+    // The last row the sheet states it has, counted from 1.
+    quint32 declaredLastRow() const { return m_sheet.declaredLastRow; }
+    // Empty when the workbook read whole; otherwise what is damaged (the rows before it read).
+    QString damage() const { return m_sheet.damage; }
     // One row as a record; row is counted from 1.
     CatalogueRecord record(quint32 row) const;
     QString errorString() const { return m_error; }

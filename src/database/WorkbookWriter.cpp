@@ -5,13 +5,13 @@
 #include "database/ByteSink.h"
 #include "database/GsfSession.h"
 
-#include <QFile>
+#include <QIODevice>
 
 #include <algorithm>
 
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-outfile.h>
-#include <gsf/gsf-output-stdio.h>
+#include <gsf/gsf-output-memory.h>
 #include <gsf/gsf-output.h>
 
 namespace nubo::database {
@@ -188,7 +188,7 @@ QByteArray WorkbookWriter::buildGlobals(qsizetype& sheetOffsetAt) const
     return out;
 }
 
-bool WorkbookWriter::finish()
+bool WorkbookWriter::finish(QIODevice& device)
 {
     if (!m_open)
         return false;
@@ -199,19 +199,21 @@ bool WorkbookWriter::finish()
     const BiffCellLook look = BiffStyles(m_layout.style).cellLook();
     const QByteArray sheet =
         buildWorksheet(quint32(globals.size()), m_rows, look, columnWidths(look.rowHeight));
-    return writeCompoundFile(globals, sheet);
+    const std::optional<QByteArray> file = compoundFile(globals, sheet);
+    if (!file)
+        return fail(QStringLiteral("No se pudo componer el archivo %1.").arg(m_path));
+    if (device.write(*file) != file->size())
+        return fail(QStringLiteral("No se puede escribir en el archivo %1: %2")
+                        .arg(m_path, device.errorString()));
+    return true;
 }
 
-bool WorkbookWriter::writeCompoundFile(const QByteArray& globals, const QByteArray& sheet)
+// The container is built in memory: the file itself is written only through the device.
+std::optional<QByteArray> WorkbookWriter::compoundFile(const QByteArray& globals,
+                                                       const QByteArray& sheet)
 {
     ensureGsf();
-    GError* error = nullptr;
-    GsfOutput* sink = gsf_output_stdio_new(QFile::encodeName(m_path).constData(), &error);
-    if (sink == nullptr) {
-        const QString reason = error ? QString::fromUtf8(error->message) : QString();
-        g_clear_error(&error);
-        return fail(QStringLiteral("No se puede crear el archivo %1: %2").arg(m_path, reason));
-    }
+    GsfOutput* sink = gsf_output_memory_new();
     GsfOutfile* container = gsf_outfile_msole_new(sink);
     GsfOutput* stream = gsf_outfile_new_child(container, "Workbook", FALSE);
     bool ok = gsf_output_write(stream, size_t(globals.size()),
@@ -224,10 +226,13 @@ bool WorkbookWriter::writeCompoundFile(const QByteArray& globals, const QByteArr
     g_object_unref(container);
     if (!gsf_output_is_closed(sink))
         ok = gsf_output_close(sink) && ok;
+    std::optional<QByteArray> bytes;
+    if (ok)
+        bytes = QByteArray(
+            reinterpret_cast<const char*>(gsf_output_memory_get_bytes(GSF_OUTPUT_MEMORY(sink))),
+            qsizetype(gsf_output_size(sink)));
     g_object_unref(sink);
-    if (!ok)
-        return fail(QStringLiteral("No se pudo escribir el archivo %1.").arg(m_path));
-    return true;
+    return bytes;
 }
 
 } // namespace nubo::database

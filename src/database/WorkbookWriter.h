@@ -6,6 +6,8 @@
 #include "database/CatalogueRecord.h"
 #include "database/SheetStyle.h"
 
+#include <QIODevice>
+
 #include <optional>
 
 namespace nubo::database {
@@ -33,8 +35,8 @@ public:
     bool addRow(const CatalogueRecord& record);
     // Leaves the sheet unstyled after all, as a cancelled save does.
     void dropStyle() { m_layout.style.reset(); }
-    // Writes the workbook; the previous file at the path is replaced only when all went well.
-    bool finish();
+    // Writes the whole workbook to the device; the path only names it in messages.
+    bool finish(QIODevice& device);
 
     qsizetype rowCount() const { return m_rows.size() - 2; }
     QString errorString() const { return m_error; }
@@ -44,7 +46,8 @@ private:
     BiffRowCells cellsOf(const std::array<const QString*, 4>& texts);
     QByteArray buildGlobals(qsizetype& sheetOffsetAt) const;
     BiffColumnWidths columnWidths(quint16 rowHeight) const;
-    bool writeCompoundFile(const QByteArray& globals, const QByteArray& sheet);
+    static std::optional<QByteArray> compoundFile(const QByteArray& globals,
+                                                  const QByteArray& sheet);
 
     QString m_path;
     WorkbookLayout m_layout;

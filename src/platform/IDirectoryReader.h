@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -17,8 +18,10 @@ struct DirEntry
     bool isFile = false;
     // A folder on another file system than the one listed: a mount point below it.
     bool otherFileSystem = false;
-    // The name's bytes are not valid UTF-8: name holds a lossy decoding of them.
+    // The name's bytes are not valid UTF-8: name holds them read as Windows-1252, and
+    // nativeName the bytes themselves.
     bool undecodable = false;
+    QByteArray nativeName = {};
 };
 
 // Lists folders the cheap way: one pass over the directory, no per-entry look-up where the
@@ -31,6 +34,11 @@ public:
     // Every entry of folder in the file system's own order, "." and ".." included; nothing
     // when the folder cannot be read (missing, no access, not a folder).
     virtual std::optional<QList<DirEntry>> read(const QString& folder) const = 0;
+    // The same for a folder named by its bytes, which may not be UTF-8.
+    virtual std::optional<QList<DirEntry>> readNative(const QByteArray& folder) const
+    {
+        return read(QString::fromUtf8(folder));
+    }
 };
 
 } // namespace nubo::platform

@@ -51,7 +51,17 @@ void FolderWalker::letEventsRun()
     m_sinceEvents.start();
 }
 
-void FolderWalker::WalkFolder(const QString& path)
+// A name that is not UTF-8 is always reported; it is counted when the host takes it.
+bool FolderWalker::takeUndecodable(const QString& path)
+{
+    m_host.undecodableName(path);
+    if (!m_host.takesUndecodableNames())
+        return false;
+    ++UndecodableNames;
+    return true;
+}
+
+void FolderWalker::walk(const QString& path, const QByteArray& native)
 {
     m_currentFolder = path;
     m_stripPending = true;
@@ -60,8 +70,8 @@ void FolderWalker::WalkFolder(const QString& path)
         return;
 
     // One listing serves both the folder's own matches and the folders to enter.
-    const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path);
-    QStringList subFolders;
+    const std::optional<QList<platform::DirEntry>> entries = m_directories.readNative(native);
+    QList<const platform::DirEntry*> subFolders;
     if (entries) {
         for (const platform::DirEntry& entry : *entries) {
             // Every folder whose name begins with a dot is left out, not only "." and "..".
@@ -72,10 +82,8 @@ void FolderWalker::WalkFolder(const QString& path)
                 continue;
             if (entry.isFolder) {
                 FoldersSeen.increment();
-                if (entry.undecodable)
-                    m_host.undecodableName(path + entry.name + QLatin1Char('/'));
-                else
-                    subFolders.append(entry.name);
+                if (!entry.undecodable || takeUndecodable(path + entry.name + QLatin1Char('/')))
+                    subFolders.append(&entry);
             } else if (!CollectFiles) {
                 FilesSeen.increment();
             }
@@ -85,8 +93,11 @@ void FolderWalker::WalkFolder(const QString& path)
         const FolderBatch batch(m_host);
         matchFiles(path, *entries);
     }
-    for (const QString& name : subFolders)
-        WalkFolder(path + name + QLatin1Char('/'));
+    for (const platform::DirEntry* entry : std::as_const(subFolders)) {
+        const QByteArray name =
+            entry->undecodable ? entry->nativeName : QFile::encodeName(entry->name);
+        walk(path + entry->name + QLatin1Char('/'), native + name + '/');
+    }
 }
 
 void FolderWalker::MatchFilesInFolder(const QString& path)
@@ -106,10 +117,10 @@ void FolderWalker::matchFiles(const QString& path, const QList<platform::DirEntr
         letEventsRun();
         if (!Searching)
             return;
-        if (entry.undecodable)
-            m_host.undecodableName(path + entry.name);
-        // A name decoded with losses names no file: the list's own look-up refuses it.
-        if (entry.isFile && !entry.undecodable)
+        // A name that is not UTF-8 names no file as it shows: the list's own look-up refuses
+        // it unless the host takes such names, and then the listing's word is enough.
+        const bool taken = !entry.undecodable || takeUndecodable(path + entry.name);
+        if (entry.isFile && taken)
             m_host.addKnownFileToList(path + entry.name);
         else
             m_host.addFileToList(path + entry.name);

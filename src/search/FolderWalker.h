@@ -7,6 +7,7 @@
 #include "search/SearchCounter.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 
 #include <optional>
 
@@ -26,7 +27,7 @@ public:
     void setSixteenBitCounters(bool on);
 
     // path ends in '/'. Folders whose names begin with '.' and links to folders are not entered.
-    void WalkFolder(const QString& path);
+    void WalkFolder(const QString& path) { walk(path, QFile::encodeName(path)); }
     void MatchFilesInFolder(const QString& path);
     // The folder the walk entered last: where an overflow stopped it.
     const QString& currentFolder() const { return m_currentFolder; }
@@ -37,8 +38,13 @@ public:
     SearchCounter MatchCount;
     SearchCounter FoldersSeen;
     SearchCounter FilesSeen;
+    // Names met that are not UTF-8, where the host takes them (shown as Windows-1252).
+    int UndecodableNames = 0;
 
 private:
+    // native: the same folder as the file system names it, which may not be UTF-8.
+    void walk(const QString& path, const QByteArray& native);
+    bool takeUndecodable(const QString& path);
     void letEventsRun();
     void matchFiles(const QString& path, const QList<platform::DirEntry>& entries);
 

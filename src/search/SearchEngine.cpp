@@ -180,6 +180,7 @@ void SearchEngine::RunSearch()
     emit folderStripShown();
     const int countBefore = host.rowCount();
     m_walker.MatchCount.reset();
+    m_walker.UndecodableNames = 0;
     m_services.chooser.hideWindow();
     emit captionChanged(QStringLiteral("Realizando la Búsqueda solicitada..."));
     emit findMenuVisibleChanged(true);
@@ -246,6 +247,20 @@ void SearchEngine::walkOncePerFloppy()
     }
 }
 
+// Names that are not UTF-8 were added as Windows-1252 reads them; the end message says how
+// many, since such a file can be listed but not opened by that name.
+QString SearchEngine::undecodableNote() const
+{
+    const int count = m_walker.UndecodableNames;
+    if (count == 0)
+        return {};
+    return count == 1
+               ? QStringLiteral(" (1 nombre no estaba en UTF-8: se muestra como Windows-1252)")
+               : QStringLiteral(" (%1 nombres no estaban en UTF-8: se muestran como "
+                                "Windows-1252)")
+                     .arg(count);
+}
+
 void SearchEngine::reportOutcome(int countBefore)
 {
     ISearchHost& host = m_services.host;
@@ -255,11 +270,13 @@ void SearchEngine::reportOutcome(int countBefore)
     if (CancelRequested) {
         emit captionChanged(QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
         emit messageShown(QStringLiteral("Han sido agregados %1 archivos a la lista")
-                              .arg(host.rowCount() - countBefore),
+                                  .arg(host.rowCount() - countBefore) +
+                              undecodableNote(),
                           kMessageDelay, kWhite);
     } else {
         emit messageShown(QStringLiteral("Han sido agregados %1 archivos a la lista")
-                              .arg(m_walker.MatchCount.value()),
+                                  .arg(m_walker.MatchCount.value()) +
+                              undecodableNote(),
                           kMessageDelay, kWhite);
         emit captionChanged(QStringLiteral("La Búsqueda ha finalizado con exito"));
     }

@@ -99,6 +99,7 @@ private:
     QString driveRootOf(const QString& folder) const;
     void walkOncePerFloppy();
     void reportOutcome(int countBefore);
+    QString undecodableNote() const;
     void reportOverflow();
 
     Services m_services;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tags/TagReader.h"
 
-#include "core/Windows1252.h"
+#include "platform/Windows1252.h"
 #include "tags/GenreTable.h"
 
 #include <QFile>
@@ -33,7 +33,7 @@ constexpr qsizetype kGenreOffset = 127;
 // Fields are taken as stored: no trimming, and zero bytes stay in the text.
 QString cut(const QByteArray& tail, Field field)
 {
-    return core::decodeWindows1252(tail.mid(field.offset, field.width));
+    return platform::decodeWindows1252(tail.mid(field.offset, field.width));
 }
 
 // A field is shown only when it is not all blanks; zero-byte padding is not blank.

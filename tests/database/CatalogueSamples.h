@@ -4,8 +4,6 @@
 #include "database/CatalogueRecord.h"
 
 #include <QList>
-#include <QProcess>
-#include <QStandardPaths>
 
 namespace nubo::database::test {
 
@@ -23,32 +21,6 @@ inline QList<CatalogueRecord> sampleRows(int count)
                      i % 7 == 0 ? QString() : QStringLiteral("=grupo"), QStringLiteral("MP3")});
     }
     return rows;
-}
-
-// Runs an independent checker; an empty result with ok false means it could not run.
-struct ToolResult
-{
-    bool ran = false;
-    int status = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-inline ToolResult runTool(const QString& program, const QStringList& args, int timeoutMs = 60000)
-{
-    ToolResult result;
-    const QString found = QStandardPaths::findExecutable(program);
-    if (found.isEmpty())
-        return result;
-    QProcess process;
-    process.start(found, args);
-    if (!process.waitForFinished(timeoutMs))
-        return result;
-    result.ran = true;
-    result.status = process.exitCode();
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
 }
 
 } // namespace nubo::database::test

@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 using namespace nubo::database;
 
 namespace {
@@ -33,6 +35,12 @@ Run run(const QStringList& args)
     outStream.flush();
     errStream.flush();
     return {status, out, err};
+}
+
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -109,6 +117,111 @@ private slots:
         QCOMPARE(found.status, status);
         QCOMPARE(found.out, out);
         QCOMPARE(found.err.isEmpty(), status != 2 && args.size() > 1); // only failures speak
+    }
+
+    // A damaged catalogue: show and find print the rows read and exit 2 naming the damage;
+    // convert saves them only to a new file.
+    void damagedCataloguesExitTwo_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("workbook") << "d.xls";
+        QTest::newRow("database") << "d.mdb";
+    }
+    void damagedCataloguesExitTwo()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(name);
+        QVERIFY(saveCatalogue(path, {}, rowsOf(test::sampleRows(3000))).ok);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.seek(file.size() * 3 / 5 / 4096 * 4096));
+        QCOMPARE(file.write(QByteArray(4096, '\0')), 4096);
+        file.close();
+        const Run shown = run({"show", path});
+        QCOMPARE(shown.status, 2);
+        QVERIFY2(shown.err.contains(QStringLiteral("está dañado: se leyeron")),
+                 qPrintable(shown.err));
+        const Run found = run({"find", "--count", "Tema", path});
+        QCOMPARE(found.status, 2);
+        QVERIFY(found.err.contains(QStringLiteral("está dañado")));
+        const QString old = dir.filePath(QStringLiteral("viejo.xls"));
+        QVERIFY(saveCatalogue(old, {}, rowsOf(test::sampleRows(2))).ok);
+        const QByteArray oldBytes = fileBytes(old);
+        QCOMPARE(run({"convert", path, old}).status, 2);
+        QCOMPARE(fileBytes(old), oldBytes);
+        const QString fresh = dir.filePath(QStringLiteral("rescate.mdb"));
+        QCOMPARE(run({"convert", path, fresh}).status, 2);
+        QString error;
+        QCOMPARE(loadCatalogue(fresh, &error)->rows.size(), shown.out.count(QLatin1Char('\n')));
+        QVERIFY(!shown.out.isEmpty());
+    }
+
+    // convert never replaces a FIFO or a device, nor blocks on a FIFO source.
+    void specialFilesAreNeitherReadNorReplaced()
+    {
+        QTemporaryDir dir;
+        const QString good = dir.filePath(QStringLiteral("a.xls"));
+        QVERIFY(saveCatalogue(good, {}, rowsOf(test::sampleRows(3))).ok);
+        const QString fifo = dir.filePath(QStringLiteral("tubo.mdb"));
+        QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0644), 0);
+        const QString device = dir.filePath(QStringLiteral("nulo.mdb"));
+        QVERIFY(QFile::link(QStringLiteral("/dev/null"), device));
+        for (const QString& target : {fifo, device}) {
+            const Run converted = run({"convert", good, target});
+            QCOMPARE(converted.status, 2);
+            QVERIFY2(converted.err.contains(QStringLiteral("no es un archivo normal")),
+                     qPrintable(converted.err));
+            const Run shown = run({"show", target});
+            QCOMPARE(shown.status, 2);
+        }
+        QVERIFY(QFileInfo(fifo).isFile() == false && QFileInfo(device).isSymLink());
+    }
+
+    // nubo-cli convert killed at twenty moments of its save: the old file stays byte for byte
+    // or the new one is whole, and nothing else is left in the folder.
+    void killedConvertLeavesTheOldFile_data()
+    {
+        QTest::addColumn<QString>("output");
+        QTest::newRow("to workbook") << "salida.xls";
+        QTest::newRow("to database") << "salida.mdb";
+    }
+    void killedConvertLeavesTheOldFile()
+    {
+        QFETCH(QString, output);
+        QTemporaryDir dir;
+        const QString source = dir.filePath(QStringLiteral("fuente.mdb"));
+        QVERIFY(saveCatalogue(source, {}, rowsOf(test::sampleRows(6000))).ok);
+        const QString target = dir.filePath(output);
+        QVERIFY(saveCatalogue(target, {}, rowsOf(test::sampleRows(5))).ok);
+        QByteArray old = fileBytes(target);
+        const QString cli = QDir(qEnvironmentVariable("NUBO_APP_DIR")).filePath("nubo-cli");
+        QElapsedTimer whole;
+        whole.start();
+        QCOMPARE(
+            QProcess::execute(cli, {"convert", source, dir.filePath("medida." + output.right(3))}),
+            0);
+        const qint64 span = std::max<qint64>(whole.elapsed(), 20);
+        QVERIFY(QFile::remove(dir.filePath("medida." + output.right(3))));
+        for (int point = 0; point < 20; ++point) {
+            QProcess process;
+            process.start(cli, {"convert", source, target});
+            QVERIFY(process.waitForStarted());
+            QThread::msleep(quint64(span * point / 20));
+            process.kill();
+            QVERIFY(process.waitForFinished(30000));
+            // Killed once the new file is in place (flushing the folder, exiting): it is whole.
+            if (fileBytes(target) != old) {
+                QString error;
+                const auto loaded = loadCatalogue(target, &error);
+                QVERIFY(loaded && loaded->damage.isEmpty());
+                QCOMPARE(loaded->rows.size(), 6000);
+                QVERIFY(saveCatalogue(target, {}, rowsOf(test::sampleRows(5))).ok);
+                old = fileBytes(target);
+            }
+            QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden | QDir::System),
+                     (QStringList{QStringLiteral("fuente.mdb"), output}));
+        }
     }
 };
 

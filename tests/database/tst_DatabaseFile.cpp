@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "Oracle.h"
+
 using namespace nubo::database;
 using namespace nubo::database::test;
 
@@ -48,12 +50,14 @@ private slots:
         QCOMPARE(reader.tableName(), QStringLiteral("Catalogo"));
         QCOMPARE(reader.fieldNames(), (QStringList{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}));
         QCOMPARE(reader.recordCount(), 2000);
-        const ToolResult version = runTool(QStringLiteral("mdb-ver"), {path});
-        if (!version.ran)
-            QSKIP("mdbtools is not installed");
+        const nubo::test::OracleRun version =
+            nubo::test::runOracle(QStringLiteral("mdb-ver"), {path});
+        NUBO_READ(version);
         QCOMPARE(version.out.trimmed(), QByteArray("JET4"));
-        QCOMPARE(runTool(QStringLiteral("mdb-export"), {path, QStringLiteral("Catalogo")}).out,
-                 exportedCsv(rows));
+        const nubo::test::OracleRun exported =
+            nubo::test::runOracle(QStringLiteral("mdb-export"), {path, QStringLiteral("Catalogo")});
+        NUBO_READ(exported);
+        QCOMPARE(exported.out, exportedCsv(rows));
     }
 
     void fixturesOpen_data()
@@ -73,9 +77,8 @@ private slots:
         QFETCH(QString, file);
         QFETCH(QString, table);
         QFETCH(QString, text);
-        const QString path = qEnvironmentVariable("NUBO_FIXTURES") + QLatin1Char('/') + file;
-        if (!QFile::exists(path))
-            QSKIP("fixtures are not available");
+        NUBO_FIXTURES_DIR(fixtures);
+        const QString path = fixtures.filePath(file);
         DatabaseReader reader;
         QCOMPARE(reader.open(path), !table.isEmpty());
         if (table.isEmpty())

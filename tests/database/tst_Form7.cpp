@@ -12,7 +12,10 @@
 #include <array>
 
 #include "TestFiles.h"
+#include "WindowControl.h"
 #include "core/AppFixture.h"
+
+using nubo::test::control;
 
 using namespace nubo;
 using database::Form7;
@@ -81,8 +84,9 @@ private slots:
         edit->setText(before);
         f.form->findChild<QPushButton*>(button)->click();
         QCOMPARE(edit->text(), after);
-        const int recorded =
-            edit == f.form->TxtBorStyle ? f.settings.style.lineStyle : f.settings.style.weight;
+        const int recorded = edit == control<QLineEdit>(*f.form, "TxtBorStyle")
+                                 ? f.settings.style.lineStyle
+                                 : f.settings.style.weight;
         QCOMPARE(recorded, after.toInt());
     }
 
@@ -91,18 +95,19 @@ private slots:
     void lettersAndEmptyFields()
     {
         Fixture f;
-        for (QLineEdit* edit : {f.form->TxtBorWidth, f.form->TxtBorStyle}) {
+        for (QLineEdit* edit : {control<QLineEdit>(*f.form, "TxtBorWidth"),
+                                control<QLineEdit>(*f.form, "TxtBorStyle")}) {
             QCOMPARE(f.settings.style.lineStyle, database::excel::kContinuous);
             edit->selectAll();
             QTest::keyClicks(edit, QStringLiteral("ab"));
             QCOMPARE(edit->text(), QStringLiteral("0"));
         }
         QCOMPARE(f.settings.style.lineStyle, 0);
-        f.form->TxtBorWidth->setText(QStringLiteral("3"));
-        f.form->TxtBorStyle->clear();
-        f.form->TxtBorWidth->clear();
-        QCOMPARE(f.form->TxtBorStyle->text(), QStringLiteral("0"));
-        QCOMPARE(f.form->TxtBorWidth->text(), QString());
+        control<QLineEdit>(*f.form, "TxtBorWidth")->setText(QStringLiteral("3"));
+        control<QLineEdit>(*f.form, "TxtBorStyle")->clear();
+        control<QLineEdit>(*f.form, "TxtBorWidth")->clear();
+        QCOMPARE(control<QLineEdit>(*f.form, "TxtBorStyle")->text(), QStringLiteral("0"));
+        QCOMPARE(control<QLineEdit>(*f.form, "TxtBorWidth")->text(), QString());
         QCOMPARE(f.settings.style.weight, 3);
     }
 
@@ -111,27 +116,30 @@ private slots:
     {
         Fixture f;
         const auto clickAll = [&f] {
-            for (QPushButton* button : {f.form->Command1, f.form->Command2, f.form->Command3})
+            for (QPushButton* button : {control<QPushButton>(*f.form, "Command1"),
+                                        control<QPushButton>(*f.form, "Command2"),
+                                        control<QPushButton>(*f.form, "Command3")})
                 button->click();
         };
         clickAll();
         QCOMPARE(f.dialogs.asked.at(2).kind, QStringLiteral("font"));
         QCOMPARE(f.settings, SheetSettings{});
-        QCOMPARE(base(f.form->TxtColorborder), QColor(Qt::black));
+        QCOMPARE(base(control<QLineEdit>(*f.form, "TxtColorborder")), QColor(Qt::black));
         f.dialogs.colorAnswers << 0xC00001 << 0x12AB34;
         f.dialogs.fontAnswers.enqueue({QStringLiteral("DejaVu Serif"), 14, true, true, true, 0xFE});
         clickAll();
         const database::SheetStyle& s = f.settings.style;
         QCOMPARE(s.borderColor, 0xC00001u);
         QCOMPARE(s.fillColor, 0x12AB34u);
-        QCOMPARE(base(f.form->TxtColorborder), QColor(0xC0, 0, 1));
-        QCOMPARE(base(f.form->TxtcolorRelleno), QColor(0x12, 0xAB, 0x34));
+        QCOMPARE(base(control<QLineEdit>(*f.form, "TxtColorborder")), QColor(0xC0, 0, 1));
+        QCOMPARE(base(control<QLineEdit>(*f.form, "TxtcolorRelleno")), QColor(0x12, 0xAB, 0x34));
         QCOMPARE(s.fontName, QStringLiteral("DejaVu Serif"));
         QVERIFY(s.bold && s.italic && s.underline);
         QCOMPARE(s.fontColor, 0xFEu);
-        QCOMPARE(f.form->Text1->font().pointSizeF(), 14.0);
-        QVERIFY(f.form->Text1->font().underline());
-        QCOMPARE(f.form->Text1->palette().color(QPalette::Text), QColor(0, 0, 0xFE));
+        QCOMPARE(control<QLineEdit>(*f.form, "Text1")->font().pointSizeF(), 14.0);
+        QVERIFY(control<QLineEdit>(*f.form, "Text1")->font().underline());
+        QCOMPARE(control<QLineEdit>(*f.form, "Text1")->palette().color(QPalette::Text),
+                 QColor(0, 0, 0xFE));
     }
 
     // Both boxes show the sheet-formatting option. A click on ChkActivate writes nothing: an
@@ -142,15 +150,16 @@ private slots:
         frame::Form5 options(f.app, f.options, f.store, f.log);
         const QByteArray stored = test::fileBytes(f.store.profile().path());
         QVERIFY(stored.contains("ESCRIBIRLOG=1"));
-        options.ChkErrorLog->click();
-        QVERIFY(!f.form->ChkActivate->isChecked());
-        f.form->ChkActivate->click();
-        QVERIFY(options.ChkExcConfg->isChecked());
+        control<QCheckBox>(options, "ChkErrorLog")->click();
+        QVERIFY(!control<QCheckBox>(*f.form, "ChkActivate")->isChecked());
+        control<QCheckBox>(*f.form, "ChkActivate")->click();
+        QVERIFY(control<QCheckBox>(options, "ChkExcConfg")->isChecked());
         QCOMPARE(test::fileBytes(f.store.profile().path()), stored);
-        options.ChkExcConfg->click();
-        QVERIFY(!f.form->ChkActivate->isChecked());
-        options.Command2->click(); // the defaults button ticks the options window's box
-        QVERIFY(f.form->ChkActivate->isChecked());
+        control<QCheckBox>(options, "ChkExcConfg")->click();
+        QVERIFY(!control<QCheckBox>(*f.form, "ChkActivate")->isChecked());
+        // the defaults button ticks the options window's box
+        control<QPushButton>(options, "Command2")->click();
+        QVERIFY(control<QCheckBox>(*f.form, "ChkActivate")->isChecked());
     }
 
     // "&Aceptar" and PicAceptar keep the settings for the next window; refresh() shows a
@@ -166,24 +175,24 @@ private slots:
         QFETCH(bool, picture);
         Fixture f;
         f.form->show();
-        f.form->TxtNameXls->setText(QStringLiteral("Discos"));
+        control<QLineEdit>(*f.form, "TxtNameXls")->setText(QStringLiteral("Discos"));
         f.dialogs.colorAnswers << 0x123456;
-        f.form->Command2->click();
-        f.form->Command5->click();
+        control<QPushButton>(*f.form, "Command2")->click();
+        control<QPushButton>(*f.form, "Command5")->click();
         if (picture)
-            QTest::mouseClick(f.form->PicAceptar, Qt::LeftButton);
+            QTest::mouseClick(control<QLabel>(*f.form, "PicAceptar"), Qt::LeftButton);
         else
-            f.form->Command4->click();
+            control<QPushButton>(*f.form, "Command4")->click();
         QVERIFY(!f.form->isVisible());
         const SheetSettings kept = f.settings;
         f.settings = {};
         f.open();
         QCOMPARE(f.settings, kept);
-        QCOMPARE(f.form->TxtNameXls->text(), QStringLiteral("Discos"));
-        QCOMPARE(f.form->TxtBorStyle->text(), QStringLiteral("2"));
+        QCOMPARE(control<QLineEdit>(*f.form, "TxtNameXls")->text(), QStringLiteral("Discos"));
+        QCOMPARE(control<QLineEdit>(*f.form, "TxtBorStyle")->text(), QStringLiteral("2"));
         f.settings.sheetName = QStringLiteral("Cargada");
         f.form->refresh();
-        QCOMPARE(f.form->TxtNameXls->text(), QStringLiteral("Cargada"));
+        QCOMPARE(control<QLineEdit>(*f.form, "TxtNameXls")->text(), QStringLiteral("Cargada"));
     }
 };
 

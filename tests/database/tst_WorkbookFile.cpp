@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "Oracle.h"
 #include "TestFiles.h"
 
 using namespace nubo::database;
@@ -21,9 +22,14 @@ namespace {
 
 // Reads a workbook with xlrd and prints what it saw as JSON: the first sheet's rows as text
 // (numbers as General shows them), and with any second argument (formatting on) the cell
-// formats its cells use and the style of the last of them.
+// formats its cells use and the style of the last of them. Without xlrd it exits with
+// kOracleAbsentStatus.
 const char* const kXlrdScript = R"(
-import json, sys, xlrd
+import json, sys
+try:
+    import xlrd
+except ImportError:
+    sys.exit(77)
 fmt = len(sys.argv) > 2
 b = xlrd.open_workbook(sys.argv[1], formatting_info=fmt, ragged_rows=True, logfile=sys.stderr)
 s = b.sheet_by_index(0)
@@ -48,23 +54,29 @@ if fmt and s.nrows > 0:
 print(json.dumps(out))
 )";
 
-// What the script printed; empty when python3-xlrd is missing or could not read the file.
-QJsonObject xlrd(const QString& path, bool formatting = true)
+static_assert(nubo::test::kOracleAbsentStatus == 77, "the xlrd script's status when absent");
+
+// xlrd's reading of the workbook at path; its output is the script's JSON.
+nubo::test::OracleRun xlrd(const QString& path, bool formatting = true)
 {
     QStringList args{QStringLiteral("-c"), QString::fromLatin1(kXlrdScript), path};
     if (formatting)
         args.append(QStringLiteral("formatting"));
-    const ToolResult r = runTool(QStringLiteral("/usr/bin/python3"), args);
-    if (r.ran && r.status != 0)
-        qWarning("xlrd: %s", r.err.constData());
-    return r.ran && r.status == 0 ? QJsonDocument::fromJson(r.out).object() : QJsonObject();
+    nubo::test::OracleRun run = nubo::test::runOracle(QStringLiteral("python3"), args);
+    run.what = QStringLiteral("python3-xlrd");
+    return run;
 }
 
-// The first sheet's cells, rows cut or padded to four.
-QList<QStringList> xlrdCells(const QString& path)
+QJsonObject seenBy(const nubo::test::OracleRun& run)
+{
+    return QJsonDocument::fromJson(run.out).object();
+}
+
+// The first sheet's cells as xlrd read them, rows cut or padded to four.
+QList<QStringList> cellsSeenBy(const nubo::test::OracleRun& run)
 {
     QList<QStringList> rows;
-    for (const QJsonValue row : xlrd(path, false).value("rows").toArray()) {
+    for (const QJsonValue row : seenBy(run).value("rows").toArray()) {
         QStringList cells(4);
         for (int c = 0; c < 4 && c < row.toArray().size(); ++c)
             cells[c] = row.toArray().at(c).toString();
@@ -105,9 +117,9 @@ private slots:
         WorkbookReader reader;
         QVERIFY2(reader.open(path), qPrintable(reader.errorString()));
         QCOMPARE(reader.lastRow(), quint32(count == 0 ? 1 : count + 2));
-        const QJsonObject seen = xlrd(path);
-        if (seen.isEmpty())
-            QSKIP("python3-xlrd is not installed");
+        const nubo::test::OracleRun run = xlrd(path);
+        NUBO_READ(run);
+        const QJsonObject seen = seenBy(run);
         QCOMPARE(seen.value("sheets").toArray(), QJsonArray{QStringLiteral("Colección")});
         const QJsonArray sheetRows = seen.value("rows").toArray();
         QCOMPARE(sheetRows.at(0).toArray(),
@@ -143,9 +155,9 @@ private slots:
             12.5,     true,     true,         true,           0xC00001};
         QVERIFY(
             save(path, sampleRows(3), {defaultCatalogueHeader(), QStringLiteral("Hoja"), style}));
-        const QJsonObject seen = xlrd(path);
-        if (seen.isEmpty())
-            QSKIP("python3-xlrd is not installed");
+        const nubo::test::OracleRun run = xlrd(path);
+        NUBO_READ(run);
+        const QJsonObject seen = seenBy(run);
         QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{16}); // one format for all
         QCOMPARE(seen.value("row2Cells").toInt(), 4); // the empty row lies in the styled range
         QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{319}); // 12.5 points of font
@@ -185,9 +197,9 @@ private slots:
         const SaveOutcome outcome = saveCatalogue(path, options, rowsOf(rows), hooks);
         QVERIFY(outcome.ok);
         QCOMPARE(outcome.stopped, stopped);
-        const QJsonObject seen = xlrd(path);
-        if (seen.isEmpty())
-            QSKIP("python3-xlrd is not installed");
+        const nubo::test::OracleRun run = xlrd(path);
+        NUBO_READ(run);
+        const QJsonObject seen = seenBy(run);
         QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{15});
         QCOMPARE(seen.value("row2Cells").toInt(), 0);
         QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{255});
@@ -219,9 +231,7 @@ private slots:
     // Workbooks written by other programs open, with their first sheet's name.
     void fixturesOpen()
     {
-        const QDir fixtures(qEnvironmentVariable("NUBO_FIXTURES"));
-        if (!fixtures.exists(QStringLiteral("SampleSS.xls")))
-            QSKIP("fixtures are not available");
+        NUBO_FIXTURES_DIR(fixtures);
         for (const char* file : {"test2.xls", "Employee.xls", "SimpleWithColours.xls",
                                  "blankworkbook.xls", "unicodeNameRecord.xls", "SampleSS.xls"}) {
             WorkbookReader reader;
@@ -289,10 +299,9 @@ private slots:
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("libro.xls"));
         QVERIFY(nubo::test::writeFile(path, file));
-        const QList<QStringList> seen = xlrdCells(path);
-        if (seen.isEmpty())
-            QSKIP("python3-xlrd is not installed");
-        QCOMPARE(seen, cells);
+        const nubo::test::OracleRun run = xlrd(path, false);
+        NUBO_READ(run);
+        QCOMPARE(cellsSeenBy(run), cells);
     }
 
     // Older files are refused with their version named; the library's own warnings on a

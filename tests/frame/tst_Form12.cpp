@@ -13,6 +13,10 @@
 #include <QScreen>
 #include <QTest>
 
+#include "WindowControl.h"
+
+using nubo::test::control;
+
 using namespace nubo;
 using frame::Form12;
 
@@ -42,7 +46,10 @@ struct Fixture
         form.fitToSkin();
         form.applyRegion();
     }
-    void key(Qt::Key key) { QTest::keyClick(form.picMainSkin, key, Qt::ControlModifier); }
+    void key(Qt::Key key)
+    {
+        QTest::keyClick(control<QLabel>(form, "picMainSkin"), key, Qt::ControlModifier);
+    }
 };
 
 } // namespace
@@ -60,7 +67,7 @@ private slots:
         QCOMPARE(f.windows.calls, (QStringList{"empty list", "end"}));
         QCOMPARE(f.area.messages.constLast(), frame::NotifyMessage::Delete);
         Fixture g(false); // Tab, which shares its character code with Ctrl+I, presses nothing
-        QTest::keyClick(g.form.picMainSkin, Qt::Key_Tab);
+        QTest::keyClick(control<QLabel>(g.form, "picMainSkin"), Qt::Key_Tab);
         QVERIFY(g.windows.calls.isEmpty());
     }
 
@@ -94,12 +101,13 @@ private slots:
         f.form.show();
         QVERIFY(f.form.mask().isEmpty());
         for (int i = 0; i < 5; ++i) {
-            const QLabel* button = f.form.Picture[std::size_t(i)];
+            const QLabel* button = control<QLabel>(f.form, "Picture" + std::to_string(i + 1));
             const QPoint centre = button->mapTo(&f.form, button->rect().center());
             QCOMPARE(f.form.childAt(centre), button);
         }
-        QCOMPARE(f.form.childAt(f.form.PicMinimize->geometry().center()), f.form.PicMinimize);
-        QTest::mouseClick(f.form.Picture[3], Qt::LeftButton, {}, QPoint(36, 42));
+        QCOMPARE(f.form.childAt(control<QLabel>(f.form, "PicMinimize")->geometry().center()),
+                 control<QLabel>(f.form, "PicMinimize"));
+        QTest::mouseClick(control<QLabel>(f.form, "Picture4"), Qt::LeftButton, {}, QPoint(36, 42));
         QCOMPARE(f.windows.calls, QStringList{"show Search"});
     }
 
@@ -109,7 +117,7 @@ private slots:
     {
         Fixture f(false);
         // What a window system sends: press, release, double click, release.
-        QLabel* button = f.form.Picture[0];
+        QLabel* button = control<QLabel>(f.form, "Picture1");
         const QPointF at(33, 33);
         QTest::mouseClick(button, Qt::LeftButton, {}, at.toPoint());
         QMouseEvent second(QEvent::MouseButtonDblClick, at, button->mapToGlobal(at), Qt::LeftButton,
@@ -117,7 +125,7 @@ private slots:
         QApplication::sendEvent(button, &second);
         QTest::mouseRelease(button, Qt::LeftButton, {}, at.toPoint());
         QCOMPARE(f.windows.calls, QStringList{"show List"});
-        QTest::mouseClick(f.form.Picture[1], Qt::LeftButton, {}, QPoint(1, 1));
+        QTest::mouseClick(control<QLabel>(f.form, "Picture2"), Qt::LeftButton, {}, QPoint(1, 1));
         QTest::mouseClick(button, Qt::RightButton, {}, at.toPoint());
         QCOMPARE(f.windows.calls, (QStringList{"show List", "hide List"}));
     }
@@ -140,9 +148,9 @@ private slots:
         frame::Form8 menu(f.windows);
         f.form.setTrayMenu(&menu);
         f.area.handler(517);
-        QVERIFY(menu.menu->isVisible());
+        QVERIFY(control<QMenu>(menu, "menu")->isVisible());
         f.area.handler(513);
-        QVERIFY(!menu.menu->isVisible());
+        QVERIFY(!control<QMenu>(menu, "menu")->isVisible());
         f.form.show();
         f.form.picMinimizeMouseDown(QPointF(20, 10));
         QVERIFY(!f.form.isMinimized());

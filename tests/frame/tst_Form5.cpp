@@ -8,7 +8,10 @@
 #include <QTest>
 
 #include "TestFiles.h"
+#include "WindowControl.h"
 #include "core/AppFixture.h"
+
+using nubo::test::control;
 
 using namespace nubo;
 using core::Option;
@@ -44,14 +47,14 @@ private slots:
     {
         Fixture f;
         f.form->show();
-        f.form->ChkAnim->click();
+        control<QCheckBox>(*f.form, "ChkAnim")->click();
         QCOMPARE(f.options.value(Option::PermitirAnims), 0); // in force while open
         f.form->close();
         QCOMPARE(f.options.value(Option::PermitirAnims), 1); // gone with the window
         f.form->show();
-        QVERIFY(f.form->ChkAnim->isChecked());
-        f.form->ChkAnim->click();
-        f.form->Command1->click(); // accepted changes stay
+        QVERIFY(control<QCheckBox>(*f.form, "ChkAnim")->isChecked());
+        control<QCheckBox>(*f.form, "ChkAnim")->click();
+        control<QPushButton>(*f.form, "Command1")->click(); // accepted changes stay
         QCOMPARE(f.options.value(Option::PermitirAnims), 0);
         QVERIFY(f.optionsFile().contains(QStringLiteral("PERMITIRANIMS=0")));
     }
@@ -62,11 +65,11 @@ private slots:
         QVERIFY(f.optionsFile().contains(QStringLiteral("CONFIGEXCEL=0")));
         QSignalSpy closed(f.form.get(), &frame::Form5::closed);
         f.form->show();
-        f.form->ChkMInstances->setChecked(true);
-        f.form->Command2->click();
+        control<QCheckBox>(*f.form, "ChkMInstances")->setChecked(true);
+        control<QPushButton>(*f.form, "Command2")->click();
         QVERIFY(!f.optionsFile().contains(QStringLiteral("CONFIGEXCEL=1"))); // not saved yet
         QCOMPARE(f.options.value(Option::MInstances), 0);
-        f.form->Command1->click();
+        control<QPushButton>(*f.form, "Command1")->click();
         QVERIFY(f.optionsFile().contains(QStringLiteral("CONFIGEXCEL=1")));
         QVERIFY(f.optionsFile().contains(QStringLiteral("MINSTANCES=0")));
         QVERIFY(!f.form->isVisible());

@@ -8,6 +8,10 @@
 #include <QMenu>
 #include <QTest>
 
+#include "WindowControl.h"
+
+using nubo::test::control;
+
 using namespace nubo::frame;
 
 class TestSystemTray final : public QObject
@@ -33,12 +37,12 @@ private slots:
     {
         FakeFrameWindows windows;
         Form8 form(windows);
-        for (QAction* action : form.menu->actions())
+        for (QAction* action : control<QMenu>(form, "menu")->actions())
             action->trigger();
         QCOMPARE(windows.calls, (QStringList{"show Author", "show Options", "list exit", "end"}));
         windows.calls.clear();
         windows.listExitGoesOn = false; // the list's save failed: its rows and the program stay
-        form.quit->trigger();
+        control<QAction>(form, "quit")->trigger();
         QCOMPARE(windows.calls, QStringList{"list exit"});
     }
 };

@@ -9,25 +9,25 @@
 #include "platform/FileDialogRules.h"
 #include "platform/fakes/FakeDialogs.h"
 
+#include "Oracle.h"
 #include "TestFiles.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QtTest>
+
+#include "WindowControl.h"
+
+using nubo::test::control;
 
 using namespace nubo::print;
 
 namespace {
 
-// The text pdftotext reads from a PDF, blanks folded.
-QString pdfText(const QString& path)
+// pdftotext's reading of a PDF; its output is the text.
+nubo::test::OracleRun pdftotext(const QString& path)
 {
-    QProcess process;
-    process.start(QStringLiteral("pdftotext"), {path, QStringLiteral("-")});
-    if (!process.waitForFinished(10000) || process.exitCode() != 0)
-        return {};
-    return QString::fromUtf8(process.readAllStandardOutput()).simplified();
+    return nubo::test::runOracle(QStringLiteral("pdftotext"), {path, QStringLiteral("-")});
 }
 
 int runCli(const QStringList& args, QString* err)
@@ -57,16 +57,21 @@ private slots:
         dialogs.inputAnswers << QStringLiteral("4") << QStringLiteral("cero");
         FormPrint1 form(dialogs, list);
         QVERIFY(form.Form_Load());
-        QCOMPARE(form.ListView1->columnCount(), 4);
-        QCOMPARE(form.ListView1->headerItem()->text(3), QStringLiteral("COLUMNA4"));
-        QCOMPARE(form.ListView1->topLevelItemCount(), 3); // R = 2, and two names more
-        QCOMPARE(form.ListView1->topLevelItem(0)->text(0), QStringLiteral("tema 1"));
-        QCOMPARE(form.ListView1->topLevelItem(0)->text(1), QStringLiteral("tema 4"));
-        QCOMPARE(form.ListView1->topLevelItem(2)->text(1), QStringLiteral("tema 6"));
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->columnCount(), 4);
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->headerItem()->text(3),
+                 QStringLiteral("COLUMNA4"));
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->topLevelItemCount(),
+                 3); // R = 2, and two names more
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->topLevelItem(0)->text(0),
+                 QStringLiteral("tema 1"));
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->topLevelItem(0)->text(1),
+                 QStringLiteral("tema 4"));
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->topLevelItem(2)->text(1),
+                 QStringLiteral("tema 6"));
 
         QVERIFY(!form.Form_Load()); // a refused answer leaves the columns as they were
         QCOMPARE(dialogs.asked.last().kind, QStringLiteral("message"));
-        QCOMPARE(form.ListView1->columnCount(), 4);
+        QCOMPARE(control<QTreeWidget>(form, "ListView1")->columnCount(), 4);
 
         // Without a printer: a name typed without an extension is saved as a .pdf, and the
         // dialog offers PDF files only.
@@ -106,13 +111,14 @@ private slots:
         QCOMPARE(form.Form_Load(), names > 0);
         QCOMPARE(dialogs.asked.first().buttons, nubo::platform::MessageButtons::YesNoCancel);
         QCOMPARE(dialogs.asked.size(), names > 0 ? 2 : 1);
+        const auto* laid = control<QTreeWidget>(form, "ListView1");
         int laidOut = 0;
-        for (int line = 0; line < form.ListView1->topLevelItemCount(); ++line)
-            for (int c = 0; c < form.ListView1->columnCount(); ++c)
-                laidOut += form.ListView1->topLevelItem(line)->text(c).isEmpty() ? 0 : 1;
+        for (int line = 0; line < laid->topLevelItemCount(); ++line)
+            for (int c = 0; c < laid->columnCount(); ++c)
+                laidOut += laid->topLevelItem(line)->text(c).isEmpty() ? 0 : 1;
         QCOMPARE(laidOut, names);
         if (answer == nubo::platform::MessageAnswer::Yes)
-            QCOMPARE(form.ListView1->topLevelItem(0)->text(1), QStringLiteral("tema 10"));
+            QCOMPARE(laid->topLevelItem(0)->text(1), QStringLiteral("tema 10"));
 
         shown.setFindText({}); // nothing hidden: nothing asked
         dialogs.inputAnswers << QStringLiteral("2");
@@ -141,7 +147,9 @@ private slots:
                              QStringLiteral("2"), QStringLiteral("--output"), pdf},
                             &err),
                      0);
-            const QString text = pdfText(pdf);
+            const nubo::test::OracleRun run = pdftotext(pdf);
+            NUBO_READ(run);
+            const QString text = QString::fromUtf8(run.out).simplified(); // blanks folded
             QVERIFY2(text.contains(input == xls ? QStringLiteral("Canción de cuna")
                                                 : QStringLiteral("Segunda")),
                      qPrintable(text));

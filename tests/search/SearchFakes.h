@@ -57,6 +57,8 @@ public:
     void endFolderBatch() override { --batchDepth; }
     void letEventsRun() override {}
     void undecodableName(const QString& path) override { undecodable.append(path); }
+    bool takesUndecodable = false; // as the list window does
+    bool takesUndecodableNames() const override { return takesUndecodable; }
 };
 
 // The search window's settings over a drive list of fake drives.

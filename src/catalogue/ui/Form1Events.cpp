@@ -199,7 +199,7 @@ void Form1::escape()
 // The emergency exit; kept: unlike every other way out it asks nothing and saves nothing.
 void Form1::emergencyExit()
 {
-    m_catalogue.list().clear();
+    m_catalogue.list().clearForExit();
     emit endProgramRequested();
 }
 

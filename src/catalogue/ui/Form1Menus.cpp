@@ -115,7 +115,8 @@ void Form1::createFileOptionsMenu()
     // Our own entry: every tag and the audio properties of the one selected file.
     mnuPropiedades =
         item(options, "mnuPropiedades", QStringLiteral("&Propiedades..."), this, [this] {
-            if (const QString path = selectedEntryPath(); m_properties && !path.isEmpty())
+            const QString path = selectedEntryPath();
+            if (m_properties && !path.isEmpty() && !m_opener.refuseNotUtf8Name(path))
                 m_properties->showProperties(path);
         });
     menuBar->addMenu(options);

@@ -5,6 +5,8 @@
 #include "database/cli/FindCommand.h"
 #include "database/cli/FlatField.h"
 
+#include <QFileInfo>
+
 namespace nubo::database::cli {
 namespace {
 
@@ -41,6 +43,10 @@ int show(const QStringList& args, CliIo& io)
         io.out << flat(r.nombre) << '\t' << flat(r.direccion) << '\t' << flat(r.origen) << '\t'
                << flat(r.formato) << '\t' << loadedRowDrive() << '\n';
     }
+    if (!loaded->damage.isEmpty()) {
+        io.err << "nubo-cli: " << loaded->damage << '\n';
+        return nubo::cli::kFileError;
+    }
     return nubo::cli::kOk;
 }
 
@@ -59,6 +65,17 @@ int convert(const QStringList& args, CliIo& io)
     const auto loaded = load(args.at(0), io);
     if (!loaded)
         return nubo::cli::kFileError;
+    // The rows of a damaged catalogue are saved only as a new file: an existing one could be
+    // the only other copy of what the damage hides.
+    const bool damaged = !loaded->damage.isEmpty();
+    if (damaged) {
+        io.err << "nubo-cli: " << loaded->damage << '\n';
+        if (QFileInfo::exists(args.at(1)) || QFileInfo(args.at(1)).isSymLink()) {
+            io.err << "nubo-cli: no se reemplaza " << args.at(1)
+                   << " con las filas de un catálogo dañado; elija un archivo nuevo\n";
+            return nubo::cli::kFileError;
+        }
+    }
     CatalogueSaveOptions options;
     // Opening a workbook names the sheet of the next one saved.
     if (catalogueFormatOf(args.at(0)) == CatalogueFormat::Workbook)
@@ -68,7 +85,7 @@ int convert(const QStringList& args, CliIo& io)
         io.err << "nubo-cli: no se puede guardar " << args.at(1) << ": " << outcome.error << '\n';
         return nubo::cli::kFileError;
     }
-    return nubo::cli::kOk;
+    return damaged ? nubo::cli::kFileError : nubo::cli::kOk;
 }
 
 } // namespace

@@ -99,6 +99,10 @@ int find(const QStringList& args, CliIo& io)
         if (parsed->countOnly)
             io.out << shownPath << '\t' << found << '\n';
         matches += found;
+        if (outcome.damaged) {
+            io.err << "nubo-cli find: " << damageText(path, outcome) << '\n';
+            unreadable = true;
+        }
     }
     if (unreadable)
         return nubo::cli::kFileError;

@@ -67,10 +67,21 @@ QStringList CatalogueFileFlow::AskOpenFiles()
 }
 
 // The save dialog without the cancel text: the chosen name with a known extension, or empty.
+// The dialog asked about replacing the name as typed; when the extension makes it another,
+// existing file, the question is asked again for that file.
 QString CatalogueFileFlow::chooseSaveFile(const QString& title, const QString& startFolder)
 {
     const QString chosen = m_dialogs.saveFileName(title, saveFilter(), startFolder);
-    return chosen.isEmpty() ? QString() : withKnownExtension(chosen);
+    if (chosen.isEmpty())
+        return {};
+    const QString path = withKnownExtension(chosen);
+    const QFileInfo target(path);
+    if (path == chosen || (!target.exists() && !target.isSymLink()))
+        return path;
+    const auto answer = m_dialogs.messageBox(
+        QStringLiteral("El archivo %1 ya existe.\n¿Desea reemplazarlo?").arg(path), title,
+        platform::MessageButtons::YesNo, platform::MessageIcon::Exclamation);
+    return answer == platform::MessageAnswer::Yes ? path : QString();
 }
 
 QString CatalogueFileFlow::AskSaveFile(const QString& title, const QString& startFolder)
@@ -137,17 +148,39 @@ void CatalogueFileFlow::loadFromFile()
     }
 }
 
-// A file that could not be read leaves the current file as it was, so "&Guardar" never
-// replaces a file the readers refused.
+// Whether the list already holds rows of some catalogue: rows read from a file (their drive is
+// "NN"), or the rows of the current file.
+bool CatalogueFileFlow::listHoldsCatalogueRows() const
+{
+    const catalogue::CatalogueList& list = m_catalogue.list();
+    if (list.isEmpty())
+        return false;
+    if (!m_catalogue.currentFile().isEmpty())
+        return true;
+    for (int p = 0; p < list.count(); ++p) {
+        if (list.row(p).unidad == loadedRowDrive())
+            return true;
+    }
+    return false;
+}
+
+// A file becomes current only when it was read whole into a list that held no other
+// catalogue's rows, so "&Guardar" never writes a half-read file or one catalogue's rows into
+// another. Otherwise, once rows came in, there is no current file and "&Guardar" asks for a
+// name; a file that added nothing leaves the current file as it was.
 TransferOutcome CatalogueFileFlow::openFile(const QString& path)
 {
     if (!catalogueFormatOf(path)) {
         refuseUnknownFile(path);
         return TransferOutcome::Failed;
     }
+    const bool mixing = listHoldsCatalogueRows();
+    const int before = m_catalogue.list().count();
     const TransferOutcome outcome = LoadByExtension(path);
-    if (outcome != TransferOutcome::Failed)
+    if (outcome == TransferOutcome::Done && !mixing)
         m_catalogue.setCurrentFile(path);
+    else if (m_catalogue.list().count() != before)
+        m_catalogue.setCurrentFile(QString());
     return outcome;
 }
 

@@ -26,9 +26,10 @@ public:
     // A path of neither form reaches no writer or reader: Failed, and nothing is said.
     TransferOutcome SaveByExtension(const QString& path);
     TransferOutcome LoadByExtension(const QString& path);
-    // What "&Desde Archivo" does with the chosen file (its rows are appended, and once it has
-    // been read it becomes the current file); also for a file named when the program starts,
-    // which is refused with a message unless it is a workbook or a database. Says how it ended.
+    // What "&Desde Archivo" does with the chosen file: its rows are appended, and it becomes the
+    // current file only when it was read whole into a list without another catalogue's rows.
+    // Also for a file named when the program starts, which is refused with a message unless it
+    // is a workbook or a database. Says how it ended.
     TransferOutcome openFile(const QString& path);
 
     // ICatalogueSaveFlow
@@ -41,6 +42,7 @@ public:
 
 private:
     QString withKnownExtension(const QString& chosen) const;
+    bool listHoldsCatalogueRows() const;
     QString chooseSaveFile(const QString& title, const QString& startFolder);
     void refuseUnknownFile(const QString& path);
     void askAndSave(const QString& startFolder);

@@ -139,16 +139,42 @@ TransferOutcome CatalogueTransfer::workbookSaveFailed(const QString& path, const
     return TransferOutcome::Failed;
 }
 
-TransferOutcome CatalogueTransfer::workbookLoadFailed(const QString& path)
+TransferOutcome CatalogueTransfer::workbookLoadFailed(const QString& path, const QString& reason)
 {
     m_s.dialogs.messageBox(
         QStringLiteral("Microsoft Office 97 no se encuentra instalado,o su instalación es "
                        "incorrecta o la versión no es compatible con el programa."),
         QStringLiteral("Error al leer archivo"));
     showStatus(QStringLiteral("No se puede acceder al archivo ") + path +
-                   QStringLiteral(". Version de Office Incompatible"),
+                   QStringLiteral(". Version de Office Incompatible") + causeLine(reason),
                10000, kRed);
     m_s.log.AnotarEnLog(officeLogText() + QLatin1Char('%') + path + QStringLiteral("%Read"));
+    return TransferOutcome::Failed;
+}
+
+// Escape during a save over an existing file: the rows written so far are dropped with the
+// temporary file and the file stays byte for byte, which the cancel message then says.
+TransferOutcome CatalogueTransfer::cancelledOverExisting(const QString& path, qsizetype count)
+{
+    showStatus(
+        QStringLiteral("CANCELADA...Se ha agregado ") + QString::number(count) +
+            QStringLiteral(" archivos a la base de datos.") +
+            QStringLiteral(" No se ha guardado: el archivo %1 se ha dejado como estaba.").arg(path),
+        15000, kRed);
+    return TransferOutcome::Failed; // nothing was written: the current file stays as it was
+}
+
+// A damaged file keeps the rows read before the damage in the list, says so with the counts,
+// and is reported as not read whole, so it never becomes the file "&Guardar" replaces.
+TransferOutcome CatalogueTransfer::loadedDamaged(const QString& path, const LoadOutcome& loaded)
+{
+    const QString text = damageText(path, loaded);
+    showStatus(text, 15000, kRed);
+    m_s.catalogue.UpdateCountLine();
+    m_s.dialogs.messageBox(text + QStringLiteral("\n\nLas filas leídas están en la lista; "
+                                                 "guárdelas con otro nombre para no perder "
+                                                 "el archivo dañado."),
+                           QStringLiteral("Error al leer archivo"));
     return TransferOutcome::Failed;
 }
 

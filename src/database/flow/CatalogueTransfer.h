@@ -25,11 +25,14 @@ namespace nubo::database {
 class ITransferView;
 class TransferRun;
 struct LoadHooks;
+struct LoadOutcome;
 struct SaveHooks;
 
-// How a save or load ended: every row written or read; stopped by the cancel flag (a save
-// still leaves a file with the rows written so far, a load keeps the rows read); or nothing
-// done (failed, refused, or stopped because the program ends): the previous file untouched.
+// How a save or load ended: every row written or read; stopped by the cancel flag (a save to a
+// new name still leaves a file with the rows written so far, a load keeps the rows read); or
+// nothing done (failed, refused, cancelled over an existing file, or stopped because the
+// program ends): the previous file untouched. A damaged file's load is Failed too, though the
+// rows it read stay in the list.
 enum class TransferOutcome { Done, Cancelled, Failed };
 
 // The services a catalogue save or load reports to.
@@ -81,9 +84,12 @@ private:
     void showStatus(const QString& text, qint16 delayMs, quint32 colour);
     void reportAdded(const QString& text, bool cancelled);
     TransferOutcome workbookSaveFailed(const QString& path, const QString& reason);
-    TransferOutcome workbookLoadFailed(const QString& path);
+    TransferOutcome workbookLoadFailed(const QString& path, const QString& reason);
+    TransferOutcome cancelledOverExisting(const QString& path, qsizetype count);
+    TransferOutcome loadedDamaged(const QString& path, const LoadOutcome& loaded);
     TransferOutcome fileFailed(const QString& path, const QString& reason);
     QString targetRefusal(const QString& path) const;
+    bool mayDropWorkbookExtras(const QString& path);
     bool refuseTooLongForDatabase(const QList<CatalogueRecord>& rows, const QString& path);
     TransferOutcome showLoaded(qsizetype added, const QString& path, bool cancelled);
 

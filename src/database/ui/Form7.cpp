@@ -23,27 +23,6 @@ constexpr int kRowHeight = 40;
 const QString kPicOff = QStringLiteral("\\bitmap\\form7bot1off.jpg");
 const QString kPicOn = QStringLiteral("\\bitmap\\form7bot1on.jpg");
 
-struct FieldText
-{
-    QLineEdit* Form7::*field;
-    const char* name;
-    const char* label;
-    const char* tooltip;
-};
-
-const std::array<FieldText, 6> kFields = {{
-    {&Form7::TxtNameXls, "TxtNameXls", "Nombre de la hoja",
-     "Determine el nombre de la hoja que se creará en Excel"},
-    {&Form7::TxtColorborder, "TxtColorborder", "Color de linea",
-     "Establece el color de las lineas que rodean a las celdas"},
-    {&Form7::TxtcolorRelleno, "TxtcolorRelleno", "Color de relleno",
-     "Elija el color de relleno de las celdas"},
-    {&Form7::Text1, "Text1", "Opciones de Fuente", "Elija el tipo de fuente,tamaño,etc..."},
-    {&Form7::TxtBorStyle, "TxtBorStyle", "Estilo de linea",
-     "Establece el tipo de linea que rodea a cada celda"},
-    {&Form7::TxtBorWidth, "TxtBorWidth", "Grosor de linea", "Establece el ancho de la linea"},
-}};
-
 QColor colorOf(quint32 rgb)
 {
     return QColor::fromRgb(rgb & 0xFFFFFF);
@@ -57,6 +36,27 @@ void setBase(QLineEdit* field, quint32 rgb)
 }
 
 } // namespace
+
+struct Form7::FieldText
+{
+    QLineEdit* Form7::*field;
+    const char* name;
+    const char* label;
+    const char* tooltip;
+};
+
+const Form7::FieldText Form7::kFields[kFieldCount] = {
+    {&Form7::TxtNameXls, "TxtNameXls", "Nombre de la hoja",
+     "Determine el nombre de la hoja que se creará en Excel"},
+    {&Form7::TxtColorborder, "TxtColorborder", "Color de linea",
+     "Establece el color de las lineas que rodean a las celdas"},
+    {&Form7::TxtcolorRelleno, "TxtcolorRelleno", "Color de relleno",
+     "Elija el color de relleno de las celdas"},
+    {&Form7::Text1, "Text1", "Opciones de Fuente", "Elija el tipo de fuente,tamaño,etc..."},
+    {&Form7::TxtBorStyle, "TxtBorStyle", "Estilo de linea",
+     "Establece el tipo de linea que rodea a cada celda"},
+    {&Form7::TxtBorWidth, "TxtBorWidth", "Grosor de linea", "Establece el ancho de la linea"},
+};
 
 Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps)
 {
@@ -75,19 +75,12 @@ Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps)
 
 void Form7::setBackground()
 {
-    const QPixmap background =
-        platform::loadPicture(m_deps.app, QStringLiteral("\\bitmap\\mainform7.jpg"));
-    if (background.isNull())
-        return;
-    QPalette palette = this->palette();
-    palette.setBrush(QPalette::Window, background);
-    setPalette(palette);
-    setAutoFillBackground(true);
+    platform::setBackgroundPicture(*this, m_deps.app, QStringLiteral("\\bitmap\\mainform7.jpg"));
 }
 
 void Form7::createFields()
 {
-    for (std::size_t i = 0; i < kFields.size(); ++i) {
+    for (std::size_t i = 0; i < kFieldCount; ++i) {
         const FieldText& text = kFields[i];
         const int y = kFirstRow + int(i) * kRowHeight;
         auto* field = new QLineEdit(this);

@@ -40,6 +40,20 @@ public:
     // Reads the stored settings into the record and shows them.
     explicit Form7(Deps deps, QWidget* parent = nullptr);
 
+    // Shows the record again, after something else changed it (a loaded workbook's name).
+    void refresh();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    // Each field's control, name, caption and tip (Form7.cpp).
+    struct FieldText;
+    static constexpr std::size_t kFieldCount = 6;
+    static const FieldText kFields[kFieldCount];
+
+    // The controls, named as the form names them; tests find them by those names.
     QLineEdit* TxtNameXls = nullptr;
     QLineEdit* TxtColorborder = nullptr;
     QLineEdit* TxtcolorRelleno = nullptr;
@@ -58,14 +72,6 @@ public:
     QLabel* PicAceptar = nullptr;
     std::array<QLabel*, 6> Label{}; // the captions beside the fields, in the fields' order
 
-    // Shows the record again, after something else changed it (a loaded workbook's name).
-    void refresh();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-
-private:
     void createFields();
     void createButtons();
     void connectControls();

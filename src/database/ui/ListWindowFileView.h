@@ -12,8 +12,8 @@ class IListWindow;
 namespace nubo::database {
 
 // A catalogue save or load as the list window shows it: the list disabled, the progress bar
-// moving. The loops offer to let events run once per row; they run at most every kEventsMs
-// (Escape still arrives within a few milliseconds), and the bar is repainted at most every
+// moving. The loops offer to let events run once per row; they run at most every kEventsNs
+// (2 ms, so Escape still arrives within a few milliseconds), and the bar is repainted at most every
 // kRepaintMs, so neither slows a fast loop down.
 class ListWindowFileView final : public ITransferView
 {

@@ -41,12 +41,6 @@ public:
 
     explicit Form12(Deps deps, QWidget* parent = nullptr);
 
-    QLabel* picMainSkin = nullptr;
-    QLabel* PicMinimize = nullptr;
-    QLabel* pikForSYSTRAY = nullptr;
-    std::array<QLabel*, 5> Picture{}; // Picture1 .. Picture5
-    clsSystemTray* SystemTray = nullptr;
-
     void setTrayMenu(Form8* menu) { m_trayMenu = menu; }
 
     // The mouse-down handlers; points are in the box's own pixels.
@@ -87,6 +81,13 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // The controls, named as the form names them; tests find them by those names.
+    QLabel* picMainSkin = nullptr;
+    QLabel* PicMinimize = nullptr;
+    QLabel* pikForSYSTRAY = nullptr;
+    std::array<QLabel*, 5> Picture{}; // Picture1 .. Picture5
+    clsSystemTray* SystemTray = nullptr;
+
     void buildControls();
     void setFace(QLabel* box, const QString& relative);
     void runAction(int button, FaceAction action);

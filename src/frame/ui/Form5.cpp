@@ -61,14 +61,7 @@ Form5::Form5(const platform::AppFolder& app, core::Options& options, core::Optio
 
 void Form5::loadPictures()
 {
-    const QPixmap background =
-        platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform5.jpg"));
-    if (background.isNull())
-        return;
-    QPalette palette = this->palette();
-    palette.setBrush(QPalette::Window, background);
-    setPalette(palette);
-    setAutoFillBackground(true);
+    platform::setBackgroundPicture(*this, m_app, QStringLiteral("\\bitmap\\mainform5.jpg"));
 }
 
 void Form5::buildBoxes()

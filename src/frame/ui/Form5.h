@@ -25,23 +25,13 @@ public:
     Form5(const platform::AppFolder& app, core::Options& options, core::OptionsStore& store,
           core::ActivityLog& log, QWidget* parent = nullptr);
 
-    QCheckBox* ChkDblClick = nullptr;
-    QCheckBox* ChkAnim = nullptr;
-    QCheckBox* ChkErrorLog = nullptr;
-    QCheckBox* ChkExcConfg = nullptr;
-    QCheckBox* Chkpro = nullptr;
-    QCheckBox* ChkMInstances = nullptr;
-    std::array<QLabel*, 6> Label{}; // the caption beside each box, in the boxes' order
-    QPushButton* Command1 = nullptr;
-    QPushButton* Command2 = nullptr;
-    QPushButton* CmdVaciarLog = nullptr;
-
     QCheckBox* box(core::Option option) const;
     // The background, read again once a first start has laid out the application folder.
     void loadPictures();
 
 signals:
-    // ChkExcConfg changed: the sheet configuration window's activation box follows it.
+    // ChkExcConfg changed. Nothing needs to listen: the sheet configuration window's box
+    // follows the option itself, through Options::changed.
     void ChkExcConfgClicked(bool checked);
     // Chkpro changed: the list window's file-properties display is emptied.
     void ChkproClicked();
@@ -54,6 +44,18 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // The controls, named as the form names them; tests find them by those names.
+    QCheckBox* ChkDblClick = nullptr;
+    QCheckBox* ChkAnim = nullptr;
+    QCheckBox* ChkErrorLog = nullptr;
+    QCheckBox* ChkExcConfg = nullptr;
+    QCheckBox* Chkpro = nullptr;
+    QCheckBox* ChkMInstances = nullptr;
+    std::array<QLabel*, 6> Label{}; // the caption beside each box, in the boxes' order
+    QPushButton* Command1 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* CmdVaciarLog = nullptr;
+
     void buildBoxes();
     void buildButtons();
     void bind(core::Option option, QCheckBox* check);

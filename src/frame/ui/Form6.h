@@ -18,11 +18,6 @@ class Form6 final : public QWidget
 public:
     explicit Form6(const platform::AppFolder& app, QWidget* parent = nullptr);
 
-    QLabel* Image1 = nullptr; // the program's logo
-    QLabel* Label1 = nullptr; // the program's name
-    QLabel* Label2 = nullptr; // the text
-    QPushButton* Command1 = nullptr;
-
     static QString aboutText();
     // The logo, read again once a first start has laid out the application folder.
     void loadPictures();
@@ -36,6 +31,12 @@ protected:
 
 private:
     const platform::AppFolder& m_app;
+
+    // The controls, named as the form names them; tests find them by those names.
+    QLabel* Image1 = nullptr; // the program's logo
+    QLabel* Label1 = nullptr; // the program's name
+    QLabel* Label2 = nullptr; // the text
+    QPushButton* Command1 = nullptr;
 };
 
 } // namespace nubo::frame

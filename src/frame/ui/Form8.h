@@ -19,6 +19,11 @@ class Form8 final : public QWidget
 public:
     explicit Form8(IFrameWindows& windows, QWidget* parent = nullptr);
 
+    void popUpAt(const QPoint& globalPos);
+    void hideMenu();
+
+private:
+    // The controls, named as the form names them; tests find them by those names.
     QMenu* menu = nullptr;
     QAction* Author = nullptr;
     QAction* options = nullptr;
@@ -27,10 +32,6 @@ public:
     QLabel* Image2 = nullptr;
     QLabel* Image3 = nullptr;
 
-    void popUpAt(const QPoint& globalPos);
-    void hideMenu();
-
-private:
     QAction* addEntry(const QString& name, const QString& caption, QLabel* image);
 
     IFrameWindows& m_windows;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/IDirectoryReader.h"
+#include "platform/Windows1252.h"
 
 #include <QHash>
 
@@ -45,6 +46,12 @@ public:
                                     mountPoints.contains(folder + entry.name + QLatin1Char('/'));
         }
         return entries;
+    }
+    // Folders whose bytes are not UTF-8 are listed under their Windows-1252 reading.
+    std::optional<QList<DirEntry>> readNative(const QByteArray& folder) const override
+    {
+        return read(QUtf8StringView(folder).isValidUtf8() ? QString::fromUtf8(folder)
+                                                          : decodeWindows1252(folder));
     }
 };
 

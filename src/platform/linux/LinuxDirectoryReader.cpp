@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/LinuxDirectoryReader.h"
 
+#include "platform/Windows1252.h"
+
 #include <QFile>
 
 #include <dirent.h>
@@ -20,8 +22,12 @@ DirEntry describe(int folder, dev_t folderDevice, const dirent64* entry)
     DirEntry result;
     const QByteArrayView name(entry->d_name);
     result.undecodable = !QUtf8StringView(name).isValidUtf8();
-    result.name =
-        result.undecodable ? QFile::decodeName(name.toByteArray()) : QString::fromUtf8(name);
+    if (result.undecodable) {
+        result.nativeName = name.toByteArray();
+        result.name = decodeWindows1252(name);
+    } else {
+        result.name = QString::fromUtf8(name);
+    }
     result.isFile = entry->d_type == DT_REG;
     if (entry->d_type != DT_DIR && entry->d_type != DT_UNKNOWN)
         return result;
@@ -45,10 +51,14 @@ DirEntry describe(int folder, dev_t folderDevice, const dirent64* entry)
 
 std::optional<QList<DirEntry>> LinuxDirectoryReader::read(const QString& folder) const
 {
+    return readNative(QFile::encodeName(folder));
+}
+
+std::optional<QList<DirEntry>> LinuxDirectoryReader::readNative(const QByteArray& folder) const
+{
     // The folder is read with getdents64 straight from its descriptor: opendir would look the
     // folder up a second time for what the one fstat below already tells.
-    const int fd = ::open(QFile::encodeName(folder).constData(),
-                          O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
+    const int fd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0)
         return std::nullopt;
     struct stat self

@@ -10,6 +10,7 @@ class LinuxDirectoryReader final : public IDirectoryReader
 {
 public:
     std::optional<QList<DirEntry>> read(const QString& folder) const override;
+    std::optional<QList<DirEntry>> readNative(const QByteArray& folder) const override;
 };
 
 } // namespace nubo::platform

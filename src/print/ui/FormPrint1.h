@@ -44,15 +44,16 @@ public:
     // the name has no extension) and saves the cover there, reporting a failure.
     void savePdfAsked();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    // The controls, named as the form names them; tests find them by those names.
     QTreeWidget* ListView1 = nullptr;
     QPushButton* cmdPreview = nullptr;
     QPushButton* cmdPrint = nullptr;
     QPushButton* cmdClose = nullptr;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
     // The rows the cover takes, or nothing when the user cancels the choice.
     std::optional<QList<CoverRow>> chosenRows();
     void fillList(const CoverGrid& grid);

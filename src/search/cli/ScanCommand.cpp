@@ -202,6 +202,12 @@ QString tagColumns(const QString& path)
 // failed save.
 int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& io)
 {
+    // A scan that found nothing (an unplugged disc, a mistyped mask) must not empty a catalogue.
+    if (list.count() == 0) {
+        io.err << "nubo-cli scan: no se ha encontrado ningún archivo; " << path
+               << (QFileInfo::exists(path) ? " se ha dejado como estaba\n" : " no se ha creado\n");
+        return nubo::cli::kUsageError;
+    }
     const database::CatalogueRowSource rows{
         list.count(), [&list](qsizetype p) {
             const catalogue::CatalogueRow& row = list.row(int(p));

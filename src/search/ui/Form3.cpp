@@ -22,33 +22,6 @@ namespace {
 
 using Command = SearchWindowController::Command;
 
-// One image button's pictures and command; the names differ in case exactly as the program
-// has always named them, and the resolver finds them either way.
-struct ImageButtonRole
-{
-    ImageButton* Form3::*button;
-    const char* on;
-    const char* hit;
-    ImageButton* Form3::*other1;
-    const char* other1Off;
-    ImageButton* Form3::*other2;
-    const char* other2Off;
-    const char* tooltip;
-    Command command;
-};
-
-const ImageButtonRole kRoles[] = {
-    {&Form3::PicSearch, "\\bitmap\\form3Bot1on.jpg", "\\bitmap\\form3bot1hit.jpg",
-     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicLista,
-     "\\bitmap\\form3bot3off.jpg", "Busca en la direccion indicada", Command::Search},
-    {&Form3::PicSearchCDROM, "\\bitmap\\form3Bot2on.jpg", "\\bitmap\\form3bot2hit.jpg",
-     &Form3::PicSearch, "\\bitmap\\form3bot1off.jpg", &Form3::PicLista,
-     "\\bitmap\\form3bot3off.jpg", "Busca en todo el CD-ROM", Command::SearchCd},
-    {&Form3::PicLista, "\\bitmap\\form3Bot3on.jpg", "\\bitmap\\form3bot3hit.jpg",
-     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicSearch,
-     "\\bitmap\\form3bot1off.jpg", "Cambiar a Ventana Lista", Command::ShowList},
-};
-
 // The character a key gives, as a Windows key filter sees it (Ctrl+B is 2, Enter is 13).
 int characterOf(const QKeyEvent* key)
 {
@@ -61,6 +34,33 @@ int characterOf(const QKeyEvent* key)
 }
 
 } // namespace
+
+// One image button's pictures and command; the names differ in case exactly as the program
+// has always named them, and the resolver finds them either way.
+struct Form3::ImageButtonRole
+{
+    ImageButton* Form3::*button;
+    const char* on;
+    const char* hit;
+    ImageButton* Form3::*other1;
+    const char* other1Off;
+    ImageButton* Form3::*other2;
+    const char* other2Off;
+    const char* tooltip;
+    Command command;
+};
+
+const Form3::ImageButtonRole Form3::kRoles[kRoleCount] = {
+    {&Form3::PicSearch, "\\bitmap\\form3Bot1on.jpg", "\\bitmap\\form3bot1hit.jpg",
+     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicLista,
+     "\\bitmap\\form3bot3off.jpg", "Busca en la direccion indicada", Command::Search},
+    {&Form3::PicSearchCDROM, "\\bitmap\\form3Bot2on.jpg", "\\bitmap\\form3bot2hit.jpg",
+     &Form3::PicSearch, "\\bitmap\\form3bot1off.jpg", &Form3::PicLista,
+     "\\bitmap\\form3bot3off.jpg", "Busca en todo el CD-ROM", Command::SearchCd},
+    {&Form3::PicLista, "\\bitmap\\form3Bot3on.jpg", "\\bitmap\\form3bot3hit.jpg",
+     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicSearch,
+     "\\bitmap\\form3bot1off.jpg", "Cambiar a Ventana Lista", Command::ShowList},
+};
 
 Form3::Form3(const platform::AppFolder& app, const platform::IDrives& drives, QWidget* parent)
     : QWidget(parent), m_app(app), m_drives(drives)

@@ -30,17 +30,6 @@ public:
 
     void setController(SearchWindowController* controller) { m_controller = controller; }
 
-    ImageButton* PicLista = nullptr;
-    ImageButton* PicSearchCDROM = nullptr;
-    ImageButton* PicSearch = nullptr;
-    QComboBox* Combo1 = nullptr;
-    QPushButton* Command4 = nullptr;
-    QPushButton* Command2 = nullptr;
-    QPushButton* Command1 = nullptr;
-    QComboBox* Drive1 = nullptr;
-    QTreeView* Dir1 = nullptr;
-    QLabel* Label1 = nullptr;
-
     // ISearchWindow
     QStringList driveTexts() const override { return m_drives.texts(); }
     QString currentDriveText() const override;
@@ -63,6 +52,23 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // Each image button's pictures and command (Form3.cpp).
+    struct ImageButtonRole;
+    static constexpr std::size_t kRoleCount = 3;
+    static const ImageButtonRole kRoles[kRoleCount];
+
+    // The controls, named as the form names them; tests find them by those names.
+    ImageButton* PicLista = nullptr;
+    ImageButton* PicSearchCDROM = nullptr;
+    ImageButton* PicSearch = nullptr;
+    QComboBox* Combo1 = nullptr;
+    QPushButton* Command4 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* Command1 = nullptr;
+    QComboBox* Drive1 = nullptr;
+    QTreeView* Dir1 = nullptr;
+    QLabel* Label1 = nullptr;
+
     void revealFolder();
     void createControls();
     void placeControls();

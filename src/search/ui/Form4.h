@@ -25,12 +25,6 @@ public:
 
     void setCdromDrives(CdromDrives* cdrom) { m_cdrom = cdrom; }
 
-    QLabel* Label1 = nullptr;
-    QComboBox* Combo1 = nullptr;
-    QCheckBox* Check1 = nullptr;
-    QLabel* Label2 = nullptr;
-    ImageButton* Command1 = nullptr;
-
     // ICdChooser
     void clearDrives() override;
     void addDrive(const QString& text) override;
@@ -46,6 +40,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // The controls, named as the form names them; tests find them by those names.
+    QLabel* Label1 = nullptr;
+    QComboBox* Combo1 = nullptr;
+    QCheckBox* Check1 = nullptr;
+    QLabel* Label2 = nullptr;
+    ImageButton* Command1 = nullptr;
+
     void createControls();
 
     const platform::AppFolder& m_app;

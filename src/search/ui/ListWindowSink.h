@@ -20,6 +20,8 @@ public:
 
     void addFileToList(const QString& path) override;
     void addKnownFileToList(const QString& path) override;
+    // The list shows them as Windows-1252 reads them; playing one says why it cannot.
+    bool takesUndecodableNames() const override { return true; }
     void setFolderStrip(const QString& text) override;
     void beginFolderBatch() override {}
     void endFolderBatch() override;

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The database's save and load, over the row loops of CatalogueFiles.
+#include "catalogue/Catalogue.h"
+#include "catalogue/Colours.h"
+#include "database/CatalogueFiles.h"
+#include "database/DatabaseWriter.h"
+#include "database/flow/CatalogueTransfer.h"
+#include "database/flow/TransferRun.h"
+#include "platform/IDialogs.h"
+
+namespace nubo::database {
+
+using catalogue::colours::kRed;
+
+// A database field holds at most DatabaseWriter::kMaxText characters, and folders on Linux are
+// often longer: such a row is named before anything is written, and the old file stays.
+bool CatalogueTransfer::refuseTooLongForDatabase(const QList<CatalogueRecord>& rows,
+                                                 const QString& path)
+{
+    for (qsizetype r = 0; r < rows.size(); ++r) {
+        for (int field = 0; field < 4; ++field) {
+            const qsizetype length = rows[r].field(field).size();
+            if (length <= DatabaseWriter::kMaxText)
+                continue;
+            const QString row = QString::number(r + 1);
+            const QString limit = QString::number(DatabaseWriter::kMaxText);
+            m_s.dialogs.messageBox(
+                QStringLiteral("La fila %1 de la lista tiene en %2 un texto de %3 caracteres, y "
+                               "una base de datos de Access (.mdb) guarda como mucho %4 por "
+                               "campo.\n\nNo se ha escrito nada en %5. Guarde la lista como "
+                               "libro de Excel (.xls), que admite 32.767 caracteres por celda.")
+                    .arg(row, header()[field], QString::number(length), limit, path),
+                QStringLiteral("Error al guardar archivo"));
+            showStatus(QStringLiteral("No se ha guardado %1: la fila %2 tiene en %3 más de %4 "
+                                      "caracteres; guarde la lista como .xls")
+                           .arg(path, row, header()[field], limit),
+                       10000, kRed);
+            return true;
+        }
+    }
+    return false;
+}
+
+TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
+{
+    TransferRun run(*this);
+    if (!run)
+        return TransferOutcome::Failed;
+    const QList<CatalogueRecord> rows = records();
+    if (refuseTooLongForDatabase(rows, path))
+        return TransferOutcome::Failed;
+    if (const QString refusal = targetRefusal(path); !refusal.isEmpty())
+        return fileFailed(path, refusal);
+    CatalogueSaveOptions options;
+    options.header = header();
+    // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
+    options.stopLeavesEmptyRecord = true;
+    const SaveOutcome saved = saveDatabase(path, options, rowsOf(rows), saveHooks(run));
+    if (saved.discarded && m_exiting)
+        return TransferOutcome::Failed; // the temporary file goes, the previous file stays
+    if (!saved.ok && !saved.discarded)
+        return fileFailed(path, saved.error);
+    run.hideProgress();
+    if (saved.discarded)
+        return cancelledOverExisting(path, saved.written + 1);
+    // A cancelled save counts the row where the cancel was seen, the one stored empty.
+    reportAdded(QString::number(saved.stopped ? saved.written + 1 : saved.written), saved.stopped);
+    return saved.stopped ? TransferOutcome::Cancelled : TransferOutcome::Done;
+}
+
+TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
+{
+    TransferRun run(*this);
+    if (!run)
+        return TransferOutcome::Failed;
+    LoadHooks hooks = loadHooks();
+    hooks.opened = [&run](const QString&, qint64 rows) { run.showProgress(int(rows)); };
+    const LoadOutcome loaded = readDatabase(path, hooks);
+    if (!loaded.ok) {
+        showStatus(
+            QStringLiteral("Imposible Acceder a ") + path +
+                (loaded.error.isEmpty() ? QString() : QStringLiteral("\nCausa: ") + loaded.error),
+            7000, kRed);
+        return TransferOutcome::Failed;
+    }
+    run.hideProgress();
+    if (loaded.damaged && !loaded.stopped)
+        return loadedDamaged(path, loaded);
+    return showLoaded(loaded.added, path, loaded.stopped);
+}
+
+} // namespace nubo::database

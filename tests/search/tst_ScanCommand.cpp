@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "TestFiles.h"
+#include "core/cli/Cli.h"
+#include "database/CatalogueFiles.h"
+#include "platform/linux/LinuxDirectoryReader.h"
+#include "platform/linux/LinuxDrives.h"
+#include "search/cli/ScanCommand.h"
+#include "tags/TaggedFiles.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+
+using namespace nubo;
+
+class TestScanCommand final : public QObject
+{
+    Q_OBJECT
+
+    platform::LinuxDrives m_drives;
+    platform::LinuxDirectoryReader m_reader;
+
+    struct Result
+    {
+        int status = 0;
+        QStringList lines;
+        QString err;
+    };
+
+    Result scan(const QStringList& args)
+    {
+        QString out, err;
+        QTextStream outStream(&out), errStream(&err);
+        cli::CliIo io{outStream, errStream, false};
+        const cli::Cli cli({search::cli::scanCommand(m_drives, m_reader)});
+        Result result;
+        result.status = cli.run(QStringList{"scan"} + args, io);
+        outStream.flush();
+        errStream.flush();
+        result.lines = out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        result.err = err;
+        return result;
+    }
+
+private slots:
+    void rowsComeNewestFirstWithFiveFields()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeFile(r + "/primero.mp3"));
+        QVERIFY(test::writeFile(r + "/sub/segundo.MP3"));
+        QVERIFY(test::writeFile(r + "/sub/otro.wav"));
+        const Result result = scan({r});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.lines.size(), 2);
+        const QString prefix = m_drives.drivePrefixOf(r);
+        const QString folder = r.mid(prefix.size());
+        QCOMPARE(result.lines[0], "segundo\t" + folder + "/sub/\tNO ESPECIFICADO\tMP3\t" + prefix);
+        QCOMPARE(result.lines[1], "primero\t" + folder + "/\tNO ESPECIFICADO\tMP3\t" + prefix);
+    }
+
+    // Each row ends with its own file's tags; a file without tags gets empty columns.
+    void tagsAppendTheirColumns()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path();
+        QVERIFY(test::writeTagged(r + "/uno.mp3", "mp3",
+                                  {{"TITLE", {"Uno"}}, {"ARTIST", {"Ana"}}, {"DATE", {"2001"}}}));
+        QVERIFY(test::writeTagged(r + "/dos.mp3", "mp3",
+                                  {{"TITLE", {"Dos\tbis"}}, {"TRACKNUMBER", {"2/9"}}}));
+        QVERIFY(test::writeFile(r + "/tres.mp3", {}));
+        const Result result = scan({r, "--tags"});
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.lines.size(), 3);
+        QMap<QString, QStringList> columns;
+        for (const QString& line : result.lines)
+            columns[line.section('\t', 0, 0)] = line.split('\t').mid(5);
+        QCOMPARE(columns["uno"], QStringList({"Uno", "Ana", "", "2001", "", "0:01"}));
+        QCOMPARE(columns["dos"], QStringList({"Dos\\tbis", "", "", "", "2", "0:01"}));
+        QCOMPARE(columns["tres"], QStringList(6, QString()));
+    }
+
+    void outputSavesTheRows_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("workbook") << "lista.xls";
+        QTest::newRow("database") << "lista.MDB";
+    }
+    void outputSavesTheRows()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        QVERIFY(test::writeFile(dir.path() + "/musica/uno.mp3"));
+        QVERIFY(test::writeFile(dir.path() + "/musica/dos.mp3"));
+        const QString output = dir.filePath(name);
+        const Result result = scan({dir.path() + "/musica", "--output", output});
+        QCOMPARE(result.status, 0);
+        QVERIFY(result.lines.isEmpty());
+        QString error;
+        const auto loaded = database::loadCatalogue(output, &error);
+        QVERIFY2(loaded, qPrintable(error));
+        QCOMPARE(loaded->rows.size(), 2);
+        QStringList names{loaded->rows[0].nombre, loaded->rows[1].nombre};
+        names.sort();
+        QCOMPARE(names, (QStringList{"dos", "uno"}));
+        QCOMPARE(loaded->rows[0].formato, QStringLiteral("MP3"));
+    }
+
+    // A .tsv target holds what standard output would show, the form "find" reads.
+    void outputToTextHoldsTheLines()
+    {
+        QTemporaryDir dir;
+        QVERIFY(test::writeFile(dir.path() + "/musica/uno.mp3"));
+        const QString output = dir.filePath("lista.tsv");
+        const Result shown = scan({dir.path() + "/musica", "--group", "Rock"});
+        const Result saved = scan({dir.path() + "/musica", "--group", "Rock", "--output", output});
+        QCOMPARE(saved.status, 0);
+        QVERIFY(saved.lines.isEmpty());
+        QCOMPARE(QString::fromUtf8(test::fileBytes(output)).split('\n', Qt::SkipEmptyParts),
+                 shown.lines);
+        QCOMPARE(shown.lines.size(), 1);
+    }
+
+    // Blanks that would split a row or a field are escaped; a name that is not UTF-8 is
+    // reported on the error stream, left out, and ends the command with status 2.
+    void oddNamesAreEscapedOrReported()
+    {
+        QTemporaryDir dir;
+        QVERIFY(test::writeFile(dir.path() + "/a\tb\\c.mp3"));
+        QVERIFY(test::writeFile(dir.path() + "/linea\nrota.mp3"));
+        const Result clean = scan({dir.path()});
+        QCOMPARE(clean.status, 0);
+        QCOMPARE(clean.lines.size(), 2);
+        QStringList names{clean.lines[0].section('\t', 0, 0), clean.lines[1].section('\t', 0, 0)};
+        names.sort();
+        QCOMPARE(names, (QStringList{"a\\tb\\\\c", "linea\\nrota"}));
+
+        const QByteArray bad = QFile::encodeName(dir.path()) + "/mal\xff.mp3";
+        FILE* raw = std::fopen(bad.constData(), "w");
+        QVERIFY(raw);
+        std::fclose(raw);
+        const Result mixed = scan({dir.path(), "--tags"});
+        std::remove(bad.constData());
+        QCOMPARE(mixed.status, 2);
+        QCOMPARE(mixed.lines.size(), 2);
+        QVERIFY2(mixed.err.contains("omitido: " + dir.path() + "/mal"), qPrintable(mixed.err));
+
+        const Result help = scan({"--help"});
+        QCOMPARE(help.status, 0);
+        QVERIFY(help.lines.join('\n').contains("\\t"));
+    }
+
+    // A usage error gives 1 and a missing folder 2, with nothing on the output.
+    // A scan that finds nothing leaves an existing catalogue byte for byte (status 1), and a
+    // special file named as the output is never replaced.
+    void emptyScansAndSpecialTargetsKeepWhatIsThere_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("workbook") << "coleccion.xls";
+        QTest::newRow("database") << "coleccion.mdb";
+    }
+    void emptyScansAndSpecialTargetsKeepWhatIsThere()
+    {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkpath("vacia"));
+        QVERIFY(test::writeFile(dir.path() + "/musica/a.mp3"));
+        const QString output = dir.filePath(name);
+        QCOMPARE(scan({dir.path() + "/musica", "--output", output}).status, 0);
+        const QByteArray before = test::fileBytes(output);
+        const Result empty = scan({dir.path() + "/vacia", "--output", output});
+        QCOMPARE(empty.status, 1);
+        QVERIFY2(empty.err.contains(QStringLiteral("se ha dejado como estaba")),
+                 qPrintable(empty.err));
+        QCOMPARE(test::fileBytes(output), before);
+
+        const QString link = dir.filePath("nulo." + name.right(3));
+        QVERIFY(QFile::link(QStringLiteral("/dev/null"), link));
+        const Result special = scan({dir.path() + "/musica", "--output", link});
+        QCOMPARE(special.status, 2);
+        QVERIFY(QFileInfo(link).isSymLink());
+        QVERIFY(special.err.contains(QStringLiteral("no es un archivo normal")));
+    }
+
+    void mistakesAreReported()
+    {
+        const Result usage = scan({});
+        QCOMPARE(usage.status, 1);
+        QVERIFY(usage.lines.isEmpty() && !usage.err.isEmpty());
+        const Result missing = scan({"/no/existe/nunca"});
+        QCOMPARE(missing.status, 2);
+        QVERIFY(missing.lines.isEmpty() && !missing.err.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestScanCommand)
+#include "tst_ScanCommand.moc"
