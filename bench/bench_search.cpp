@@ -2,13 +2,12 @@
 // Measures the folder search against find(1) on one warm tree of 100,000 files in 5,000
 // folders, 30,000 of them matching "*.mp3": the search into the shown list window, and
 // nubo-cli scan. Usage: bench_search [FOLDER]  (a temporary folder by default).
+#include "app/ListWindowSearch.h"
 #include "catalogue/ui/ListWindow.h"
 #include "core/Options.h"
 #include "platform/fakes/FakeDialogs.h"
 #include "platform/fakes/FakeShell.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "search/ui/ListWindowHost.h"
-#include "search/ui/SearchWindows.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -84,11 +83,9 @@ qint64 searchInListWindow(const platform::PlatformServices& services, const QStr
     platform::FakeShell shell;
     core::Options options;
     catalogue::ListWindow list({app, *services.drives, dialogs, shell, options});
-    search::ListWindowHost host(list.catalogue, list.form);
-    search::SearchWindows search({app, host, dialogs, *services.drives, *services.volumes,
-                                  *services.directories, *services.tray});
-    host.setEngine(&search.engine);
-    list.form.setSearchLauncher(&host);
+    app::ListWindowSearch joined(list, {app, dialogs, *services.drives, *services.volumes,
+                                        *services.directories, *services.tray});
+    search::SearchWindows& search = joined.windows();
     list.form.show();
     search.form3.setFolderPath(root);
     search.form3.setMaskText(QStringLiteral("*.mp3"));

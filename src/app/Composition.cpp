@@ -190,8 +190,8 @@ void Composition::showAsNubo()
 // nothing, so the previous file stays as it was.
 void Composition::endProgram()
 {
-    if (m_searchHost)
-        m_searchHost->stop();
+    if (m_search)
+        m_search->windows().stop();
     if (m_files)
         m_files->transfer().stopForExit();
     // The program's end skips the destructors (see main), so the channel goes now.
@@ -230,17 +230,16 @@ void Composition::connectList()
 void Composition::connectSearch()
 {
     catalogue::Form1& form = m_list->form;
-    m_searchHost = std::make_unique<search::ListWindowHost>(m_list->catalogue, form);
-    m_search = std::make_unique<search::SearchWindows>(search::SearchWindows::Services{
-        m_appFolder, *m_searchHost, m_dialogs, *m_services.drives, *m_services.volumes,
-        *m_services.directories, *m_services.tray});
-    m_searchHost->setEngine(&m_search->engine);
-    form.setSearchLauncher(m_searchHost.get());
-    m_search->controller.setCancelFlagRaiser([&form] { form.requestCancel(); });
-    QObject::connect(&form, &catalogue::Form1::searchWindowRequested, &m_search->form3,
-                     [this] { m_search->showSearchWindow(); });
-    m_windows.connectWindow(FrameWindow::Search, &m_search->form3);
-    QObject::connect(&m_search->form3, &search::Form3::closed, &m_mainWindow,
+    m_search = std::make_unique<ListWindowSearch>(
+        *m_list,
+        ListWindowSearch::Services{m_appFolder, m_dialogs, *m_services.drives, *m_services.volumes,
+                                   *m_services.directories, *m_services.tray});
+    search::SearchWindows& searchWindows = m_search->windows();
+    searchWindows.controller.setCancelFlagRaiser([&form] { form.requestCancel(); });
+    QObject::connect(&form, &catalogue::Form1::searchWindowRequested, &searchWindows.form3,
+                     [&searchWindows] { searchWindows.showSearchWindow(); });
+    m_windows.connectWindow(FrameWindow::Search, &searchWindows.form3);
+    QObject::connect(&searchWindows.form3, &search::Form3::closed, &m_mainWindow,
                      [this] { m_mainWindow.playClosingFrames(4); });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/InstanceChannel.h"
+#include "app/ListWindowSearch.h"
 #include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ui/ListWindow.h"
 #include "core/ActivityLog.h"
@@ -22,10 +23,7 @@
 #include "platform/ui/QtDialogs.h"
 #include "print/ui/FormPrint1.h"
 
-#include "search/ui/ListWindowHost.h"
-#include "search/ui/SearchWindows.h"
 #include <functional>
-
 #include <memory>
 
 namespace nubo::app {
@@ -80,8 +78,7 @@ private:
     std::unique_ptr<catalogue::IPropertiesViewer> m_properties;
     // Created once start-up has let the program run; never destroyed before the end.
     std::unique_ptr<catalogue::ListWindow> m_list;
-    std::unique_ptr<search::ListWindowHost> m_searchHost;
-    std::unique_ptr<search::SearchWindows> m_search;
+    std::unique_ptr<ListWindowSearch> m_search;
     std::unique_ptr<print::FormPrint1> m_cover; // created when first asked for
     std::unique_ptr<database::ListWindowFileView> m_fileView;
     std::unique_ptr<database::CatalogueFileFlow> m_files;

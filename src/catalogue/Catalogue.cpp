@@ -82,7 +82,7 @@ void Catalogue::setCountLine(const QString& text)
     emit countLineChanged(text);
 }
 
-void Catalogue::DeleteSelectedRows()
+void Catalogue::DeleteSelectedRows(const std::vector<int>& positions)
 {
     if (refuseWhileBusy())
         return;
@@ -93,7 +93,7 @@ void Catalogue::DeleteSelectedRows()
         setCountLine(emptyCountLine());
         return;
     }
-    const int removed = m_list.removeSelected();
+    const int removed = m_list.removePositions(positions);
     const QString left = QString::number(m_list.count());
     // Kept: the count line's singular or plural follows the rows removed, not the rows left;
     // with nothing removed the message's count is an empty text, leaving two blanks.

@@ -55,7 +55,8 @@ public:
     void AddFileToList(QString& path);
     // A folder listing already said path is a regular file: it is not looked up again.
     void AddKnownFileToList(QString& path);
-    void DeleteSelectedRows();
+    // positions: the list positions of the rows the list window has selected.
+    void DeleteSelectedRows(const std::vector<int>& positions);
     EmptyOutcome EmptyList();
     void SortByColumn(int column);
     void ShowInfoMessage(const QString& text, qint16 delayMs, quint32 colour); // 0xRRGGBB

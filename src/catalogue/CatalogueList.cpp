@@ -9,7 +9,7 @@ namespace nubo::catalogue {
 
 namespace {
 
-// Beyond this many separate runs of selected rows, one model reset is cheaper for the views
+// Beyond this many separate runs of removed rows, one model reset is cheaper for the views
 // than a removal signal per run.
 constexpr int kMaxRemovalRuns = 32;
 
@@ -39,7 +39,6 @@ void CatalogueList::insertAtTop(CatalogueRow row)
 {
     if (!m_rows.empty())
         shareRepeatedTexts(row, m_rows.back());
-    m_selectedCount += row.selected;
     m_rows.push_back(std::move(row));
     scheduleFlush();
 }
@@ -48,7 +47,6 @@ void CatalogueList::appendAtBottom(CatalogueRow row)
 {
     if (!m_rows.empty())
         shareRepeatedTexts(row, m_rows.front());
-    m_selectedCount += row.selected;
     m_rows.push_front(std::move(row));
     ++m_pendingBottom;
     scheduleFlush();
@@ -90,8 +88,6 @@ void CatalogueList::removeStorageRange(std::size_t first, std::size_t last)
 {
     const auto begin = m_rows.begin() + static_cast<std::ptrdiff_t>(first);
     const auto end = m_rows.begin() + static_cast<std::ptrdiff_t>(last) + 1;
-    m_selectedCount -=
-        int(std::count_if(begin, end, [](const CatalogueRow& r) { return r.selected; }));
     m_rows.erase(begin, end);
     m_shown = count(); // callers flush first, so nothing is pending
     m_pendingBottom = 0;
@@ -102,7 +98,6 @@ void CatalogueList::clear()
     m_flushTimer.stop();
     beginResetModel();
     m_rows.clear();
-    m_selectedCount = 0;
     m_shown = 0;
     m_pendingBottom = 0;
     endResetModel();
@@ -116,44 +111,28 @@ void CatalogueList::clearForExit()
     if (m_keptForExit.empty())
         m_keptForExit.swap(m_rows);
     m_rows.clear();
-    m_selectedCount = 0;
     m_shown = 0;
     m_pendingBottom = 0;
     endResetModel();
 }
 
-void CatalogueList::setSelected(int position, bool selected)
-{
-    if (position < 0 || position >= count())
-        return;
-    bool& flag = m_rows[storageIndex(position)].selected;
-    m_selectedCount += int(selected) - int(flag);
-    flag = selected;
-}
-
-int CatalogueList::removeSelected()
+int CatalogueList::removePositions(std::vector<int> positions)
 {
     flush();
-    // Runs of adjacent selected rows, as [first, last] positions, top to bottom.
+    std::erase_if(positions, [this](int p) { return p < 0 || p >= count(); });
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+    // Runs of adjacent positions, as [first, last], top to bottom.
     std::vector<std::pair<int, int>> runs;
-    for (int p = 0; p < count(); ++p) {
-        if (!isSelected(p))
-            continue;
+    for (const int p : positions) {
         if (!runs.empty() && runs.back().second == p - 1)
             runs.back().second = p;
         else
             runs.emplace_back(p, p);
     }
-    int removed = 0;
-    for (const auto& run : runs)
-        removed += run.second - run.first + 1;
     if (static_cast<int>(runs.size()) > kMaxRemovalRuns) {
-        beginResetModel();
-        std::erase_if(m_rows, [](const CatalogueRow& r) { return r.selected; });
-        m_selectedCount = 0;
-        m_shown = count();
-        endResetModel();
-        return removed;
+        removeByReset(positions);
+        return int(positions.size());
     }
     // Bottom run first, so the positions of the runs above stay valid.
     for (auto it = runs.rbegin(); it != runs.rend(); ++it) {
@@ -161,7 +140,24 @@ int CatalogueList::removeSelected()
         removeStorageRange(storageIndex(it->second), storageIndex(it->first));
         endRemoveRows();
     }
-    return removed;
+    return int(positions.size());
+}
+
+// Positions: ascending, in range, each once.
+void CatalogueList::removeByReset(const std::vector<int>& positions)
+{
+    beginResetModel();
+    std::vector<bool> removed(m_rows.size(), false);
+    for (const int p : positions)
+        removed[storageIndex(p)] = true;
+    std::deque<CatalogueRow> kept;
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (!removed[i])
+            kept.push_back(std::move(m_rows[i]));
+    }
+    m_rows = std::move(kept);
+    m_shown = count();
+    endResetModel();
 }
 
 // The order of the rows by column, as old positions in their new order; equal texts keep

@@ -40,11 +40,8 @@ public:
     // freed with the list, so the end is not held up by freeing a million rows (the program's
     // end then skips freeing them at all).
     void clearForExit();
-    bool isSelected(int position) const { return row(position).selected; }
-    void setSelected(int position, bool selected);
-    // How many rows are selected, pending ones included.
-    int selectedCount() const { return m_selectedCount; }
-    int removeSelected(); // how many went
+    // Positions in any order; repeated or out-of-range ones count once or not at all.
+    int removePositions(std::vector<int> positions); // how many went
     // Stable, in the locale's collation, blind to case.
     void sortByColumn(Column column, Qt::SortOrder order);
 
@@ -74,6 +71,7 @@ private:
         return std::size_t(m_pendingBottom + m_shown - 1 - viewRow);
     }
     void removeStorageRange(std::size_t first, std::size_t last);
+    void removeByReset(const std::vector<int>& positions);
     std::vector<int> sortedPositions(Column column, Qt::SortOrder order) const;
     void scheduleFlush();
 
@@ -82,7 +80,6 @@ private:
     int m_pendingBottom =
         0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)
-    int m_selectedCount = 0;
     QTimer m_flushTimer;
 };
 

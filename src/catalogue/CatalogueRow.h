@@ -34,7 +34,7 @@ inline QString unknownDriveText()
     return QStringLiteral("NN");
 }
 
-// One catalogued file: five texts and the selected flag that deletion works on.
+// One catalogued file: its five texts.
 struct CatalogueRow
 {
     QString nombre;    // file name without extension
@@ -42,7 +42,6 @@ struct CatalogueRow
     QString origen;    // the group name at the time of adding
     QString formato;   // extension in capitals, or "ARCHIVO"
     QString unidad;    // drive prefix, or "NN"
-    bool selected = false;
 
     const QString& text(Column column) const;
     QString& text(Column column);

@@ -10,6 +10,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace nubo::catalogue {
 
 namespace {
@@ -56,11 +58,12 @@ void EntryOpener::PlaySelectedEntry(int focusedPosition)
         m_shell.open(path);
 }
 
-void EntryOpener::EnqueueSelectedEntries()
+void EntryOpener::EnqueueSelectedEntries(std::vector<int> positions)
 {
-    const CatalogueList& list = m_catalogue.list();
-    for (int p = 0; p < list.count(); ++p) {
-        if (!list.isSelected(p))
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+    for (const int p : positions) {
+        if (p < 0 || p >= m_catalogue.list().count())
             continue;
         const QString path = foundPath(p);
         if (!path.isEmpty())

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace nubo::core {
 class Options;
 }
@@ -28,8 +30,9 @@ public:
     // "open" for the row that has the focus; the shell's outcome is not checked. A file that
     // is not found is reported on the message line instead (which file, or which group's disc).
     void PlaySelectedEntry(int focusedPosition);
-    // "Enqueue" for every selected row, top to bottom; missing files are reported as above.
-    void EnqueueSelectedEntries();
+    // "Enqueue" for every selected row (its list position), top to bottom; missing files are
+    // reported as above.
+    void EnqueueSelectedEntries(std::vector<int> positions);
     // With the double-click option on: "open" for the focused row, and the "open with"
     // chooser when no application is associated with the file.
     void ExecuteOnDoubleClick(int focusedPosition);

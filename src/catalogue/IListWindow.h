@@ -6,8 +6,8 @@
 namespace nubo::catalogue {
 
 // What the search and catalogue saves and loads show on the list window: the progress bar, the
-// list's input, the current-folder strip, the find menu entry and the drive's labels. The list
-// window implements it and keeps its controls to itself.
+// list's input and the current-folder strip. The list window implements it and keeps its
+// controls to itself.
 class IListWindow
 {
 public:
@@ -21,24 +21,11 @@ public:
     virtual void setListEnabled(bool enabled) = 0;
     virtual void scrollListToEnd() = 0;
 
-    // The window and the search's controls on it.
-    virtual void setCaption(const QString& caption) = 0;
-    virtual void setBusyCursor(bool busy) = 0;
-    virtual void showAndRaise() = 0;
-    // Six ticks of caption flashing.
-    virtual void startFlashing() = 0;
-    // The folder being searched; a deep one keeps its start and end in sight.
+    // The search's sink and question: the folder being searched (a deep one keeps its start
+    // and end in sight) and the volume's name box. The search's other reports are signals the
+    // composition connects to the window's own calls.
     virtual void setFolderStrip(const QString& text) = 0;
-    virtual void showFolderStrip() = 0;
-    virtual void setFindMenuVisible(bool visible) = 0;
-    virtual void setFindMenuCaption(const QString& caption) = 0;
-
-    // The searched drive's space and volume details.
-    virtual void setDriveSpace(const QString& total, const QString& free) = 0;
     virtual QString volumeName() const = 0;
-    virtual void setVolumeName(const QString& name) = 0;
-    virtual void setVolumeDetails(const QString& serial, const QString& maxComponentLength,
-                                  const QString& fileSystem, const QString& flags) = 0;
 };
 
 } // namespace nubo::catalogue

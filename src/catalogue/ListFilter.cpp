@@ -79,13 +79,6 @@ void ListFilter::insertKeys(int first, int last)
                   std::make_move_iterator(keys.end()));
 }
 
-void ListFilter::setSelected(const QModelIndex& index, bool selected)
-{
-    const QModelIndex source = mapToSource(index);
-    if (source.isValid())
-        m_list.setSelected(m_list.positionOf(source), selected);
-}
-
 // The source rows the words match: among the given rows, or among all.
 std::vector<int> ListFilter::matchingRows(const std::vector<int>* among) const
 {
@@ -122,7 +115,7 @@ void ListFilter::setFindText(const QString& text)
 }
 
 // One layout change for the whole refilter: the views keep their current row and the
-// selection of rows still shown.
+// selection of rows still shown; hidden rows' indexes become invalid, so they leave it.
 void ListFilter::showRows(std::vector<int> rows)
 {
     emit layoutAboutToBeChanged();
@@ -131,7 +124,6 @@ void ListFilter::showRows(std::vector<int> rows)
     sourceRows.reserve(before.size());
     for (const QModelIndex& index : before)
         sourceRows.append(m_shown[std::size_t(index.row())]);
-    unselectHidden(m_shown, rows);
     m_shown = std::move(rows);
     QModelIndexList after;
     after.reserve(before.size());
@@ -142,18 +134,6 @@ void ListFilter::showRows(std::vector<int> rows)
     changePersistentIndexList(before, after);
     emit layoutChanged();
     announceCounts();
-}
-
-// Rows that leave the view stop being selected; with nothing selected, no row is looked at.
-void ListFilter::unselectHidden(const std::vector<int>& before, const std::vector<int>& after)
-{
-    auto kept = after.begin();
-    for (auto row = before.begin(); row != before.end() && m_list.selectedCount() > 0; ++row) {
-        while (kept != after.end() && *kept < *row)
-            ++kept;
-        if ((kept == after.end() || *kept != *row) && sourceRow(*row).selected)
-            m_list.setSelected(m_list.positionOf(m_list.index(*row, 0)), false);
-    }
 }
 
 int ListFilter::proxyRowOf(int sourceRow) const
@@ -257,6 +237,19 @@ int ListFilter::totalCount() const
 int ListFilter::positionOf(const QModelIndex& index) const
 {
     return m_list.positionOf(mapToSource(index));
+}
+
+std::vector<int> ListFilter::positionsOf(const QModelIndexList& rows) const
+{
+    std::vector<int> positions;
+    positions.reserve(std::size_t(rows.size()));
+    for (const QModelIndex& index : rows) {
+        if (const int position = positionOf(index); position >= 0)
+            positions.push_back(position);
+    }
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+    return positions;
 }
 
 QModelIndex ListFilter::indexAt(int position, Column column) const

@@ -5,8 +5,9 @@
 // in the list's order. It is a view over CatalogueList, never a change to it: the rows, their
 // order and the saved file stay as they are. Sorting the list reorders the shown rows too.
 //
-// Selection goes through the filter (setSelected), and a row the filter hides is no longer
-// selected, so deleting, playing and enqueueing selected rows work on rows in sight only.
+// The view's selection lives in its selection model over this filter: a row the filter hides
+// leaves the selection with its index, so deleting and enqueueing selected rows work on rows
+// in sight only (positionsOf maps them to the list's positions).
 //
 // Each row's folded key (FindWords::keyOf) is kept in step with the list's inserts, removals,
 // edits and sorts, and a find that narrows the previous one tests only the rows shown.
@@ -37,11 +38,10 @@ public:
     // costs nothing more.
     void prepare();
 
-    // Marks the row a view index shows as selected or not (CatalogueRow::selected).
-    void setSelected(const QModelIndex& index, bool selected);
-
     // View index <-> the list's position (see CatalogueList).
     int positionOf(const QModelIndex& index) const;
+    // The list positions of view rows, ascending, each once.
+    std::vector<int> positionsOf(const QModelIndexList& rows) const;
     QModelIndex indexAt(int position, Column column = Column::Nombre) const;
 
     // QAbstractProxyModel
@@ -66,7 +66,6 @@ private:
     void insertKeys(int first, int last);
     std::vector<int> matchingRows(const std::vector<int>* among) const;
     void showRows(std::vector<int> rows);
-    void unselectHidden(const std::vector<int>& before, const std::vector<int>& after);
     int proxyRowOf(int sourceRow) const;
 
     void sourceRowsInserted(int first, int last);

@@ -13,13 +13,13 @@ namespace nubo::search {
 namespace {
 
 constexpr quint32 kWhite = 0xFFFFFF;
-constexpr int kMessageDelay = 10000;
+constexpr qint16 kMessageDelay = 10000;
 const QString kNoGroup = QStringLiteral("NO ESPECIFICADO");
 
 } // namespace
 
-SearchEngine::SearchEngine(const Services& services, QLocale locale)
-    : m_services(services), m_locale(std::move(locale)),
+SearchEngine::SearchEngine(const Services& services, QLocale locale, QObject* parent)
+    : QObject(parent), m_services(services), m_locale(std::move(locale)),
       m_walker(services.host, services.directories)
 {
 }
@@ -97,17 +97,16 @@ int SearchEngine::prepareAndRun(const QString& drive)
 
 bool SearchEngine::askGroupName()
 {
-    ISearchHost& host = m_services.host;
     const QString answer = m_services.dialogs
                                .inputBox(QStringLiteral("Ingrese el nombre del grupo con el que "
                                                         "desea realizar la busqueda"),
                                          QStringLiteral("Ingrese el titulo del grupo de archivos "
                                                         "en busqueda"),
-                                         host.volumeName())
+                                         m_services.host.volumeName())
                                .value_or(QString());
-    host.setGroupName(answer);
+    emit groupNameChosen(answer);
     if (!answer.trimmed().isEmpty()) {
-        host.setVolumeName(answer);
+        emit volumeNameChanged(answer);
         return true;
     }
     const platform::MessageAnswer cancel = m_services.dialogs.messageBox(
@@ -115,8 +114,8 @@ bool SearchEngine::askGroupName()
         QStringLiteral("Cancelacion de Busqueda"), platform::MessageButtons::YesNo);
     if (cancel == platform::MessageAnswer::Yes)
         return false;
-    host.setVolumeName(kNoGroup);
-    host.setGroupName(kNoGroup);
+    emit volumeNameChanged(kNoGroup);
+    emit groupNameChosen(kNoGroup);
     return true;
 }
 
@@ -126,12 +125,12 @@ void SearchEngine::ShowVolumeDetails(const QString& root)
         m_services.volumes.details(DriveList(m_services.drives).pathOf(root));
     if (!details)
         return;
-    m_services.host.setVolumeName(details->label);
+    emit volumeNameChanged(details->label);
     // Serials from 0x80000000 up read as negative numbers, as a signed 32-bit number shows them.
     // The doubled ampersand is the caption's own: the label shows one.
-    m_services.host.setVolumeDetails(
-        QString::number(qint32(details->serial)), QString::number(details->maxComponentLength),
-        details->fileSystem, QStringLiteral("&&H") + QString::number(details->flags, 16).toUpper());
+    emit volumeDetailsFound(QString::number(qint32(details->serial)),
+                            QString::number(details->maxComponentLength), details->fileSystem,
+                            QStringLiteral("&&H") + QString::number(details->flags, 16).toUpper());
 }
 
 void SearchEngine::ShowDriveSpace(const QString& root)
@@ -140,7 +139,7 @@ void SearchEngine::ShowDriveSpace(const QString& root)
         m_services.volumes.space(root).value_or(platform::VolumeSpace{});
     const DriveSpaceCaptions captions =
         driveSpaceCaptions(space.totalBytes, space.freeBytes, m_locale);
-    m_services.host.setDriveSpace(captions.total, captions.free);
+    emit driveSpaceFound(captions.total, captions.free);
 }
 
 QString SearchEngine::volumeOf(const QString& folder) const
@@ -178,17 +177,17 @@ void SearchEngine::RunSearch()
         return;
     const QString folder = m_services.window.folderPath();
     ShowDriveSpace(driveRootOf(folder));
-    host.showFolderStrip();
+    emit folderStripShown();
     const int countBefore = host.rowCount();
     m_walker.MatchCount.reset();
     m_walker.UndecodableNames = 0;
     m_services.chooser.hideWindow();
-    host.setCaption(QStringLiteral("Realizando la Búsqueda solicitada..."));
-    host.setFindMenuVisible(true);
+    emit captionChanged(QStringLiteral("Realizando la Búsqueda solicitada..."));
+    emit findMenuVisibleChanged(true);
     m_walker.SearchMask = m_services.window.maskText();
     StartPath = startPathFor(folder, m_services.window.currentDriveText());
     m_services.window.hideWindow();
-    host.showListWindow();
+    emit listWindowShown();
 
     if (m_walker.Searching) {
         // A press during a search is the stop request; the walk notices at its next turn.
@@ -199,15 +198,15 @@ void SearchEngine::RunSearch()
     if (m_walker.SearchMask.isEmpty())
         return;
 
-    host.setBusyCursor(true);
+    emit busyChanged(true);
     m_walker.Searching = true;
     m_walker.CollectFiles = true;
-    host.setFindMenuCaption(QStringLiteral("&Parar!"));
+    emit findMenuCaptionChanged(QStringLiteral("&Parar!"));
     walkOncePerFloppy();
     m_walker.Searching = false;
     m_walker.CollectFiles = false;
-    host.setFindMenuCaption(QStringLiteral("&Buscar Archivo(s)..."));
-    host.setBusyCursor(false);
+    emit findMenuCaptionChanged(QStringLiteral("&Buscar Archivo(s)..."));
+    emit busyChanged(false);
     host.setFolderStrip(QString());
     reportOutcome(countBefore);
     reportOverflow();
@@ -269,23 +268,22 @@ void SearchEngine::reportOutcome(int countBefore)
     // end the number of matched names, refused folders included; and CancelRequested is never
     // cleared, so every later search ends on the cancel branch too.
     if (CancelRequested) {
-        host.setCaption(QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
-        host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")
-                                     .arg(host.rowCount() - countBefore) +
-                                 undecodableNote(),
-                             kMessageDelay, kWhite);
+        emit captionChanged(QStringLiteral("La Búsqueda ha sido cancelada por el usuario"));
+        emit messageShown(QStringLiteral("Han sido agregados %1 archivos a la lista")
+                                  .arg(host.rowCount() - countBefore) +
+                              undecodableNote(),
+                          kMessageDelay, kWhite);
     } else {
-        host.showInfoMessage(QStringLiteral("Han sido agregados %1 archivos a la lista")
-                                     .arg(m_walker.MatchCount.value()) +
-                                 undecodableNote(),
-                             kMessageDelay, kWhite);
-        host.setCaption(QStringLiteral("La Búsqueda ha finalizado con exito"));
+        emit messageShown(QStringLiteral("Han sido agregados %1 archivos a la lista")
+                                  .arg(m_walker.MatchCount.value()) +
+                              undecodableNote(),
+                          kMessageDelay, kWhite);
+        emit captionChanged(QStringLiteral("La Búsqueda ha finalizado con exito"));
     }
-    host.setFindMenuVisible(false);
+    emit findMenuVisibleChanged(false);
     // The list window's flash timer counts its own ticks and never starts over, so only the
     // first search of a run flashes the caption.
-    host.startFlash();
-    host.updateCountLine();
+    emit searchEnded();
 }
 
 bool SearchEngine::requestStop()

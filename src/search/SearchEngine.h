@@ -11,15 +11,20 @@
 #include "search/ISearchWindow.h"
 
 #include <QLocale>
+#include <QObject>
 
 #include <optional>
 
 namespace nubo::search {
 
 // The search driver of the list window: asks for the group, walks the chosen folder once per
-// floppy letter present, reports the outcome, and takes stop requests while it walks.
-class SearchEngine final
+// floppy letter present, reports the outcome, and takes stop requests while it walks. The
+// rows go to the host; what the window shows of the search leaves as signals, which the
+// composition connects directly, so each is seen before the engine goes on.
+class SearchEngine final : public QObject
 {
+    Q_OBJECT
+
 public:
     struct Services
     {
@@ -33,7 +38,8 @@ public:
         CdTray& tray;
     };
 
-    explicit SearchEngine(const Services& services, QLocale locale = QLocale());
+    explicit SearchEngine(const Services& services, QLocale locale = QLocale(),
+                          QObject* parent = nullptr);
 
     void StartSearch(const QString& drive);
     // How long a retry waits for a shut drive to find its disc.
@@ -50,10 +56,32 @@ public:
     void searchDroppedFolder(const QString& folder, const QString& mask);
 
     FolderWalker& walker() { return m_walker; }
-    ISearchHost& host() { return m_services.host; }
+    // The search window's list button, as a search does: the list window comes up.
+    void showListWindow() { emit listWindowShown(); }
 
     bool CancelRequested = false;
     QString StartPath;
+
+signals:
+    void captionChanged(const QString& caption);
+    // mnuFindFiles: shown while a search runs, "&Parar!" while it walks.
+    void findMenuVisibleChanged(bool visible);
+    void findMenuCaptionChanged(const QString& caption);
+    void busyChanged(bool busy);
+    // Picture1 comes into sight; the walk prints the folder it enters through the host.
+    void folderStripShown();
+    void listWindowShown();
+    void driveSpaceFound(const QString& total, const QString& free);
+    void volumeNameChanged(const QString& name);
+    void volumeDetailsFound(const QString& serial, const QString& maxComponentLength,
+                            const QString& fileSystem, const QString& flags);
+    // The group the user named: the origin of the rows the search adds.
+    void groupNameChosen(const QString& name);
+    // LblInfo: the number of files added, shown for delayMs in colour 0xRRGGBB.
+    void messageShown(const QString& text, qint16 delayMs, quint32 rgb);
+    // A search that walked has reported its outcome: the caption flashes, the count line
+    // ("La lista contiene ...") is redrawn.
+    void searchEnded();
 
 private:
     // Steps of StartSearch that may raise; the runtime error number, or 0.

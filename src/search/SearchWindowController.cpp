@@ -48,7 +48,7 @@ void SearchWindowController::Command2Click()
 
 void SearchWindowController::Command4Click()
 {
-    m_engine.host().showListWindow();
+    m_engine.showListWindow();
     m_window.hideWindow();
 }
 

@@ -56,7 +56,7 @@ private slots:
         QCOMPARE(f.catalogue.list().count(), 0);
         QCOMPARE(countLine.count(), 0);
         QCOMPARE(f.catalogue.countLine(), QStringLiteral("La lista esta vacia"));
-        f.catalogue.DeleteSelectedRows(); // refused on an empty list
+        f.catalogue.DeleteSelectedRows({0}); // refused on an empty list
         QCOMPARE(f.catalogue.info().text(),
                  QStringLiteral("ADVERTENCIA: No se pueden eliminar archivos de una lista vacia!"));
         QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
@@ -100,9 +100,7 @@ private slots:
         QFETCH(QList<int>, selected);
         CatalogueFixture f;
         f.addMany(rows);
-        for (int p : selected)
-            f.catalogue.list().setSelected(p, true);
-        f.catalogue.DeleteSelectedRows();
+        f.catalogue.DeleteSelectedRows({selected.begin(), selected.end()});
         QCOMPARE(f.catalogue.list().count(), rows - selected.size());
         QTEST(f.catalogue.info().text(), "message");
         QCOMPARE(f.catalogue.info().colour(), 0x0000FFu);
@@ -178,7 +176,6 @@ private slots:
         FakeSaveFlow flow;
         f.catalogue.setSaveFlow(&flow);
         f.addMany(3);
-        f.catalogue.list().setSelected(0, true);
         QSignalSpy busy(&f.catalogue, &Catalogue::busyChanged);
         f.catalogue.setBusy(true);
         const QString refusal = QStringLiteral(
@@ -188,12 +185,12 @@ private slots:
         QCOMPARE(f.catalogue.info().text(), refusal);
         QCOMPARE(f.catalogue.info().colour(), 0xFF0000u);
         f.catalogue.ShowInfoMessage(QString(), 1000, 0);
-        f.catalogue.DeleteSelectedRows();
+        f.catalogue.DeleteSelectedRows({0});
         QCOMPARE(f.catalogue.info().text(), refusal);
         QCOMPARE(f.catalogue.list().count(), 3);
         QVERIFY(f.dialogs.asked.isEmpty());
         f.catalogue.setBusy(false);
-        f.catalogue.DeleteSelectedRows();
+        f.catalogue.DeleteSelectedRows({0});
         QCOMPARE(f.catalogue.list().count(), 2);
         QCOMPARE(busy.count(), 2);
     }

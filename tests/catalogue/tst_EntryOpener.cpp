@@ -86,19 +86,17 @@ private slots:
     {
         OpenerFixture f;
         f.opener.PlaySelectedEntry(0);
-        f.opener.EnqueueSelectedEntries();
+        f.opener.EnqueueSelectedEntries({0});
         QVERIFY(f.shell.calls.isEmpty());
 
         for (const char* n : {"a", "b", "c"}) {
             f.file(QStringLiteral("m/%1.MP3").arg(QLatin1String(n)));
             f.catalogue.list().insertAtTop(row(QLatin1String(n), "/m/", "MP3", f.drive));
         }
-        f.catalogue.list().setSelected(0, true);
-        f.catalogue.list().setSelected(2, true);
         f.opener.PlaySelectedEntry(1);
         QCOMPARE(f.shell.calls, QList<Call>({{"open", f.drive + "/m/b.MP3"}}));
         f.shell.calls.clear();
-        f.opener.EnqueueSelectedEntries();
+        f.opener.EnqueueSelectedEntries({2, 0});
         QCOMPARE(f.shell.calls, QList<Call>({{"enqueue", f.drive + "/m/c.MP3"},
                                              {"enqueue", f.drive + "/m/a.MP3"}}));
     }
@@ -115,11 +113,10 @@ private slots:
         QCOMPARE(f.catalogue.info().colour(), 0xFFFF00u);
 
         f.catalogue.list().insertAtTop({"otro", "\\Rock\\", "Disco 7", "WAV", "NN"});
-        f.catalogue.list().setSelected(0, true);
         for (const auto& open :
              {std::function<void()>([&] { f.opener.PlaySelectedEntry(0); }),
               std::function<void()>([&] { f.opener.ExecuteOnDoubleClick(0); }),
-              std::function<void()>([&] { f.opener.EnqueueSelectedEntries(); })}) {
+              std::function<void()>([&] { f.opener.EnqueueSelectedEntries({0}); })}) {
             f.catalogue.ShowInfoMessage({}, 10, 0);
             open();
             QCOMPARE(f.catalogue.info().text(),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ui/FindBar.h"
 
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QSignalSpy>
 
@@ -45,6 +46,39 @@ private slots:
         QVERIFY(!field->isVisible());
         QCOMPARE(shown->rowCount(), 2);
         QCOMPARE(cancels.size(), 0); // Escape in the field only closes the bar
+    }
+
+    // Rows the find hides leave the selection for good; a sort keeps it on the same rows.
+    void theSelectionIsOnlyOfRowsInSight()
+    {
+        Form1Fixture f;
+        CatalogueList& list = f.catalogue.list();
+        for (const char* name : {"b uno", "a dos", "c uno", "d dos"})
+            list.insertAtTop({QString::fromLatin1(name), "/m/", "Grupo", "MP3", "C:"});
+        list.flush();
+        f.view()->selectAll();
+        auto* field = f.control<QLineEdit>("txtBuscarLista");
+        QTest::keyClick(f.view(), Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(field, QStringLiteral("dos"));
+        QTest::keyClick(field, Qt::Key_Backspace); // "do": widening shows no hidden row again
+        QTest::keyClick(field, Qt::Key_Escape);
+        QCOMPARE(f.view()->model()->rowCount(), 4);
+        QCOMPARE(f.view()->selectionModel()->selectedRows().size(), 2);
+        f.action("Eli")->trigger();
+        QCOMPARE(f.label("LblInfo")->text(),
+                 QStringLiteral("Han sido eliminados 2 archivos de la lista"));
+        QCOMPARE(list.row(0).nombre, QStringLiteral("c uno"));
+        QCOMPARE(list.row(1).nombre, QStringLiteral("b uno"));
+
+        f.view()->setCurrentIndex(f.view()->model()->index(1, 0)); // "b uno" alone
+        QHeaderView* header = f.view()->header();
+        for (int click = 0; click < 2; ++click) // descending, then ascending
+            QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                              QPoint(header->sectionViewportPosition(0) + 5, 5));
+        QCOMPARE(list.row(0).nombre, QStringLiteral("b uno"));
+        QTest::keyClick(f.view(), Qt::Key_Delete);
+        QCOMPARE(list.count(), 1);
+        QCOMPARE(list.row(0).nombre, QStringLiteral("c uno"));
     }
 };
 

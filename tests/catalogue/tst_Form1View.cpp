@@ -126,9 +126,7 @@ private slots:
         pointAt(0);
         QVERIFY(!f.form.detailsText().contains(QStringLiteral("Luis")));
 
-        f.view()->clearSelection();
-        f.catalogue.list().setSelected(0, true);
-        f.catalogue.DeleteSelectedRows();
+        f.catalogue.DeleteSelectedRows({0});
         pointAt(0);
         QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
 

@@ -13,27 +13,22 @@
 #include "search/SearchWindowController.h"
 
 #include <QFileInfo>
+#include <QSignalSpy>
 
 #include <functional>
 
 namespace nubo::test {
 
-// The list window as a recorder: rows are the paths AddFileToList accepted, newest last.
+// The list a search fills, as a recorder: rows are the paths AddFileToList accepted, newest
+// last. volume answers the group question; the rig keeps it as the window's box would.
 class FakeSearchHost final : public search::ISearchHost
 {
 public:
-    struct Message
-    {
-        QString text;
-    };
-
     QStringList rows;
     QStringList offered;
     QStringList undecodable;
-    QString groupName, countLine, caption, folderStrip, volume;
-    QList<Message> messages;
-    bool findMenuVisible = false, busy = false, listShown = false;
-    int batchDepth = 0, flashStarts = 0;
+    QString folderStrip, volume;
+    int batchDepth = 0;
     // Whether a path names a file; by default the file system's answer.
     std::function<bool(const QString&)> isFile = [](const QString& p) {
         return QFileInfo(p).isFile();
@@ -56,17 +51,7 @@ public:
             onAdd(int(rows.size()));
     }
     int rowCount() const override { return int(rows.size()); }
-    void setGroupName(const QString& name) override { groupName = name; }
-    void updateCountLine() override
-    {
-        countLine = QStringLiteral("La lista contiene %1 archivos actualmente").arg(rows.size());
-    }
-    void showInfoMessage(const QString& text, int, quint32) override { messages.append({text}); }
-    void setCaption(const QString& text) override { caption = text; }
-    void setFindMenuVisible(bool visible) override { findMenuVisible = visible; }
-    void setFindMenuCaption(const QString&) override {}
-    void setBusyCursor(bool on) override { busy = on; }
-    void showFolderStrip() override {}
+    QString volumeName() const override { return volume; }
     void setFolderStrip(const QString& text) override { folderStrip = text; }
     void beginFolderBatch() override { ++batchDepth; }
     void endFolderBatch() override { --batchDepth; }
@@ -74,17 +59,6 @@ public:
     void undecodableName(const QString& path) override { undecodable.append(path); }
     bool takesUndecodable = false; // as the list window does
     bool takesUndecodableNames() const override { return takesUndecodable; }
-    void startFlash() override { ++flashStarts; }
-    void showListWindow() override { listShown = true; }
-    void setDriveSpace(const QString&, const QString&) override {}
-    QString volumeName() const override { return volume; }
-    void setVolumeName(const QString& name) override { volume = name; }
-    QString volumeFileSystem;
-    void setVolumeDetails(const QString&, const QString&, const QString& fileSystem,
-                          const QString&) override
-    {
-        volumeFileSystem = fileSystem;
-    }
 };
 
 // The search window's settings over a drive list of fake drives.
@@ -147,6 +121,8 @@ struct SearchRig
                  QLocale(QLocale::Spanish, QLocale::Spain))
     {
         engine.setMediumWait(0);
+        QObject::connect(&engine, &search::SearchEngine::volumeNameChanged, &engine,
+                         [this](const QString& name) { host.volume = name; });
     }
 
     platform::FakeDrives drives;
@@ -158,8 +134,28 @@ struct SearchRig
     FakeCdChooser chooser;
     search::CdTray cdTray{tray, drives};
     search::SearchEngine engine;
+    // What the engine reported, oldest first.
+    QSignalSpy captions{&engine, &search::SearchEngine::captionChanged};
+    QSignalSpy messages{&engine, &search::SearchEngine::messageShown};
+    QSignalSpy findMenu{&engine, &search::SearchEngine::findMenuVisibleChanged};
+    QSignalSpy busy{&engine, &search::SearchEngine::busyChanged};
+    QSignalSpy listShown{&engine, &search::SearchEngine::listWindowShown};
+    QSignalSpy groupNames{&engine, &search::SearchEngine::groupNameChosen};
+    QSignalSpy volumeDetails{&engine, &search::SearchEngine::volumeDetailsFound};
+    QSignalSpy ends{&engine, &search::SearchEngine::searchEnded};
     search::CdromDrives cdrom{window, chooser, drives, dialogs, engine};
     search::SearchWindowController controller{window, dialogs, engine, cdrom};
+
+    // The last report a spy holds (its argument at), or nothing.
+    static QVariant last(const QSignalSpy& spy, int at = 0)
+    {
+        return spy.isEmpty() ? QVariant() : spy.last().at(at);
+    }
+    QString caption() const { return last(captions).toString(); }
+    QString message() const { return last(messages).toString(); }
+    QString groupName() const { return last(groupNames).toString(); }
+    bool findMenuVisible() const { return last(findMenu).toBool(); }
+    bool isBusy() const { return last(busy).toBool(); }
 
     // Searches folder at once, as a press of the hidden search button does.
     void searchFolder(const QString& folder, const QString& mask = QStringLiteral("*.mp3"))

@@ -55,7 +55,7 @@ private slots:
         QCOMPARE(rig.dialogs.asked[0].kind, QStringLiteral("input"));
         QCOMPARE(rig.window.drive, QStringLiteral("/media/cdrom"));
         QCOMPARE(rig.host.rows, QStringList{"/media/cdrom/pista.mp3"});
-        QCOMPARE(rig.host.groupName, QStringLiteral("Mi CD"));
+        QCOMPARE(rig.groupName(), QStringLiteral("Mi CD"));
         QVERIFY(!rig.chooser.shown);
     }
 };

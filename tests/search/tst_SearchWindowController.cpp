@@ -52,7 +52,7 @@ private slots:
             QCOMPARE(rig.dialogs.asked[0].text,
                      QStringLiteral("Extencion Invalida, la extencion se restaurara a *.mp3"));
             QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Extencion Invalida"));
-            QVERIFY(rig.host.caption.isEmpty());
+            QVERIFY(rig.caption().isEmpty());
         } else {
             QCOMPARE(rig.window.mask, mask);
             QCOMPARE(rig.dialogs.asked[0].kind, QStringLiteral("input"));

@@ -16,10 +16,11 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <vector>
+
 class QActionGroup;
 class QCheckBox;
 class QGridLayout;
-class QItemSelection;
 class QMenu;
 class QMenuBar;
 class QPlainTextEdit;
@@ -86,19 +87,22 @@ public:
     void hideProgress() override { ProgressBar1->hide(); }
     void setListEnabled(bool enabled) override { ListView1->setEnabled(enabled); }
     void scrollListToEnd() override { ListView1->scrollToBottom(); }
-    void setCaption(const QString& caption) override { setWindowTitle(caption); }
-    void setBusyCursor(bool busy) override;
-    void showAndRaise() override;
-    void startFlashing() override { Timer1->start(); }
     void setFolderStrip(const QString& text) override;
-    void showFolderStrip() override { Picture1->show(); }
-    void setFindMenuVisible(bool visible) override { mnuFindFiles->setVisible(visible); }
-    void setFindMenuCaption(const QString& caption) override { mnuFindFiles->setText(caption); }
-    void setDriveSpace(const QString& total, const QString& free) override;
     QString volumeName() const override { return txtvolumename->text(); }
-    void setVolumeName(const QString& name) override { txtvolumename->setText(name); }
+
+    // What a search shows on the window; the composition connects the engine's reports here.
+    void setCaption(const QString& caption) { setWindowTitle(caption); }
+    void setBusyCursor(bool busy);
+    void showAndRaise();
+    // Six ticks of caption flashing.
+    void startFlashing() { Timer1->start(); }
+    void showFolderStrip() { Picture1->show(); }
+    void setFindMenuVisible(bool visible) { mnuFindFiles->setVisible(visible); }
+    void setFindMenuCaption(const QString& caption) { mnuFindFiles->setText(caption); }
+    void setDriveSpace(const QString& total, const QString& free);
+    void setVolumeName(const QString& name) { txtvolumename->setText(name); }
     void setVolumeDetails(const QString& serial, const QString& maxComponentLength,
-                          const QString& fileSystem, const QString& flags) override;
+                          const QString& fileSystem, const QString& flags);
 
 signals:
     void searchWindowRequested();
@@ -189,7 +193,9 @@ private:
     void showDetailsIfOn(int position);
     // Once the described row is gone, nothing in the box or the tooltip may speak of it.
     void forgetDetailsOfGoneRow();
-    void syncSelection(const QItemSelection& selected, const QItemSelection& deselected);
+    // The list positions of the rows selected in the view (rows in sight only), ascending.
+    std::vector<int> selectedPositions() const;
+    void deleteSelectedRows();
     void flashTick();
     void growTick();
     void makeRoomToGrow();

@@ -92,9 +92,9 @@ void Form1::createFileOptionsMenu()
         item(options, "Rep", QStringLiteral("&Reproducir"), this,
              [this] { m_opener.PlaySelectedEntry(focusedPosition()); }),
         item(options, "Agr1", QStringLiteral("Agregar a la &lista del reproductor"), this,
-             [this] { m_opener.EnqueueSelectedEntries(); }),
-        item(options, "Eli", QStringLiteral("&Eliminar de la lista"), &m_catalogue,
-             &Catalogue::DeleteSelectedRows),
+             [this] { m_opener.EnqueueSelectedEntries(selectedPositions()); }),
+        item(options, "Eli", QStringLiteral("&Eliminar de la lista"), this,
+             &Form1::deleteSelectedRows),
         item(options, "ChngeName", QStringLiteral("&Cambiar Nombre"), this,
              &Form1::editFocusedName),
     };
@@ -191,8 +191,7 @@ void Form1::connectList()
         ListView1, &CatalogueView::filesDropped, this,
         [this](const QStringList& names) { m_drops.handleDrop(names); }, Qt::QueuedConnection);
     connect(ListView1, &CatalogueView::editNameRequested, this, &Form1::editFocusedName);
-    connect(ListView1, &CatalogueView::deleteRequested, &m_catalogue,
-            &Catalogue::DeleteSelectedRows);
+    connect(ListView1, &CatalogueView::deleteRequested, this, &Form1::deleteSelectedRows);
     connect(ListView1, &CatalogueView::arrowReleased, this,
             [this] { showDetailsIfOn(focusedPosition()); });
     connect(ListView1, &CatalogueView::clicked, this,
@@ -207,8 +206,6 @@ void Form1::connectList()
     });
     connect(ListView1, &CatalogueView::rightButtonReleased, this, &Form1::showRightClickMenu);
     connect(ListView1, &CatalogueView::doubleClicked, this, &Form1::openOnDoubleClick);
-    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &Form1::syncSelection);
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_properties || !m_properties->isOpen())
             return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/ISearchLauncher.h"
 #include "platform/IOpticalTray.h"
 #include "search/CdromDrives.h"
 #include "search/SearchEngine.h"
@@ -11,8 +12,9 @@
 namespace nubo::search {
 
 // The search subsystem put together: the search window, the CD-ROM chooser, the engine that
-// the list window owns through its host, and the commands that join them.
-class SearchWindows final
+// fills the host's list, and the commands that join them. It is the list window's launcher:
+// its hidden search button, Escape and dropped folders reach the engine here.
+class SearchWindows final : public catalogue::ISearchLauncher
 {
 public:
     struct Services
@@ -29,6 +31,13 @@ public:
     explicit SearchWindows(const Services& services);
 
     void showSearchWindow() { form3.showWindow(); }
+
+    void RunSearch() override { engine.RunSearch(); }
+    void searchFolder(const QString& folder, const QString& mask) override
+    {
+        engine.searchDroppedFolder(folder, mask);
+    }
+    bool stop() override { return engine.requestStop(); }
 
     Form3 form3;
     Form4 form4;

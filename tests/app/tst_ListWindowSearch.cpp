@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestFiles.h"
 #include "WindowControl.h"
-#include "WindowServices.h"
+#include "app/ListWindowSearch.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "catalogue/ui/ListWindow.h"
 #include "core/Options.h"
 #include "platform/fakes/FakeShell.h"
-#include "search/ui/ListWindowHost.h"
-#include "search/ui/SearchWindows.h"
+#include "search/WindowServices.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -22,7 +21,7 @@ using namespace nubo;
 using test::control;
 
 // The search run into the real list window, as the program puts them together.
-class TestListWindowHost final : public QObject
+class TestListWindowSearch final : public QObject
 {
     Q_OBJECT
 
@@ -31,16 +30,14 @@ class TestListWindowHost final : public QObject
         platform::FakeShell shell;
         core::Options options;
         catalogue::ListWindow list{{app, drives, dialogs, shell, options}};
-        search::ListWindowHost host{list.catalogue, list.form};
-        search::SearchWindows search{{app, host, dialogs, drives, volumes, reader, tray}};
+        app::ListWindowSearch joined{list, {app, dialogs, drives, volumes, reader, tray}};
+        search::SearchWindows& search = joined.windows();
 
         Rig()
         {
             for (int i = 0; i < 3; ++i)
                 test::writeFile(root.path() + QStringLiteral("/d%1/t%1.mp3").arg(i));
             test::writeFile(root.path() + "/otro.wav");
-            host.setEngine(&search.engine);
-            list.form.setSearchLauncher(&host);
             search.engine.walker().setEventInterval({});
             search.form3.selectDrive(root.path());
         }
@@ -105,7 +102,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&form));
         const QString deep = QStringLiteral("Buscando ... /inicio") +
                              QStringLiteral("/carpeta").repeated(300) + QStringLiteral("/fin");
-        rig.host.setFolderStrip(deep);
+        rig.list.form.setFolderStrip(deep);
         QCoreApplication::processEvents();
         QVERIFY(form.frameGeometry().width() <= form.screen()->availableGeometry().width());
         const QString shown = control<QLabel>(form, "Picture1")->text();
@@ -133,5 +130,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestListWindowHost)
-#include "tst_ListWindowHost.moc"
+QTEST_MAIN(TestListWindowSearch)
+#include "tst_ListWindowSearch.moc"
