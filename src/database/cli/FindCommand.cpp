@@ -24,7 +24,7 @@ struct FindArguments
     bool countOnly = false;
 };
 
-std::optional<FindArguments> parse(const QStringList& args)
+nubo::cli::Parsed<FindArguments> parse(const QStringList& args, CliIo& io)
 {
     FindArguments parsed;
     QStringList plain;
@@ -34,8 +34,10 @@ std::optional<FindArguments> parse(const QStringList& args)
         else
             plain.append(arg);
     }
-    if (plain.size() < 2)
-        return std::nullopt;
+    if (plain.size() < 2) {
+        io.err << kUsage;
+        return nubo::cli::kUsageError;
+    }
     parsed.text = plain.takeFirst();
     parsed.catalogues = plain;
     return parsed;
@@ -70,11 +72,10 @@ QStringList cataloguesIn(const QStringList& named)
 
 int find(const QStringList& args, CliIo& io)
 {
-    const auto parsed = parse(args);
-    if (!parsed) {
-        io.err << kUsage;
-        return nubo::cli::kUsageError;
-    }
+    const auto parsedOrStatus = parse(args, io);
+    if (const auto* status = std::get_if<nubo::cli::ExitStatus>(&parsedOrStatus))
+        return *status;
+    const auto* parsed = &std::get<FindArguments>(parsedOrStatus);
     const catalogue::FindWords words(parsed->text);
     qint64 matches = 0;
     bool unreadable = false;
@@ -92,7 +93,7 @@ int find(const QStringList& args, CliIo& io)
                             << '\t' << flat(r.origen) << '\t' << flat(r.formato) << '\n';
              }});
         if (!outcome.ok) {
-            io.err << "nubo-cli find: no se puede leer " << path << ": " << outcome.error << '\n';
+            io.err << "nubo-cli find: no se puede leer " << path << ": " << outcome.reason << '\n';
             unreadable = true;
             continue;
         }
