@@ -36,7 +36,7 @@ private:
     };
 
     QList<Section> load() const;
-    bool save(const QList<Section>& sections) const;
+    [[nodiscard]] bool save(const QList<Section>& sections) const;
     bool setValue(const QString& key, const QString& name, const QString& rendered);
     static qsizetype find(const QList<Section>& sections, const QString& key);
 
