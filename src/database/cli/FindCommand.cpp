@@ -75,11 +75,11 @@ int find(const QStringList& args, CliIo& io)
     const auto parsedOrStatus = parse(args, io);
     if (const auto* status = std::get_if<nubo::cli::ExitStatus>(&parsedOrStatus))
         return *status;
-    const auto* parsed = &std::get<FindArguments>(parsedOrStatus);
-    const catalogue::FindWords words(parsed->text);
+    const FindArguments& parsed = std::get<FindArguments>(parsedOrStatus);
+    const catalogue::FindWords words(parsed.text);
     qint64 matches = 0;
     bool unreadable = false;
-    for (const QString& path : cataloguesIn(parsed->catalogues)) {
+    for (const QString& path : cataloguesIn(parsed.catalogues)) {
         qint64 found = 0;
         const QString shownPath = flat(path);
         const LoadOutcome outcome = readAnyCatalogue(
@@ -88,7 +88,7 @@ int find(const QStringList& args, CliIo& io)
                  if (!words.matches(catalogue::FindWords::keyOf(r.nombre, r.direccion, r.origen)))
                      return;
                  ++found;
-                 if (!parsed->countOnly)
+                 if (!parsed.countOnly)
                      io.out << shownPath << '\t' << flat(r.nombre) << '\t' << flat(r.direccion)
                             << '\t' << flat(r.origen) << '\t' << flat(r.formato) << '\n';
              }});
@@ -97,7 +97,7 @@ int find(const QStringList& args, CliIo& io)
             unreadable = true;
             continue;
         }
-        if (parsed->countOnly)
+        if (parsed.countOnly)
             io.out << shownPath << '\t' << found << '\n';
         matches += found;
         if (outcome.damaged) {
