@@ -28,7 +28,6 @@ Catalogue::Catalogue(const platform::IDrives& drives, platform::IDialogs& dialog
 void Catalogue::setGroupName(const QString& name)
 {
     m_groupName = name;
-    emit groupNameChanged(name);
 }
 
 void Catalogue::setCurrentFile(const QString& path)

@@ -63,7 +63,6 @@ public:
 
 signals:
     void countLineChanged(const QString& text);
-    void groupNameChanged(const QString& name);
     void currentFileChanged(const QString& path);
     void busyChanged(bool busy);
 

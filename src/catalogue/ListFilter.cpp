@@ -111,7 +111,6 @@ std::vector<int> ListFilter::matchingRows(const std::vector<int>* among) const
 
 void ListFilter::setFindText(const QString& text)
 {
-    m_text = text;
     FindWords words(text);
     if (words == m_words)
         return;

@@ -30,7 +30,6 @@ public:
     explicit ListFilter(CatalogueList& list, QObject* parent = nullptr);
 
     void setFindText(const QString& text);
-    const QString& findText() const { return m_text; }
     int shownCount() const { return int(m_shown.size()); }
     int totalCount() const;
     // Folds every row's key now, so that the first letter typed does not wait for it (the find
@@ -79,7 +78,6 @@ private:
     void announceCounts() { emit countsChanged(shownCount(), totalCount()); }
 
     CatalogueList& m_list;
-    QString m_text;
     FindWords m_words;
     bool m_keysReady = false;
     std::vector<std::string> m_keys; // one per source row, once prepared

@@ -23,7 +23,6 @@ class BiffSharedStrings final
 {
 public:
     quint32 add(const QString& text);
-    quint32 uniqueCount() const { return quint32(m_strings.size()); }
 
     // Appends the table (split into continuation records) and its lookup index to a stream
     // whose byte 0 is the start of the workbook stream.

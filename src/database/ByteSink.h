@@ -52,10 +52,6 @@ public:
         put16(bytes, at, value);
         put16(bytes, at + 2, value >> 16);
     }
-    static quint32 get16(const QByteArray& bytes, qsizetype at)
-    {
-        return quint8(bytes[at]) | (quint32(quint8(bytes[at + 1])) << 8);
-    }
 
 private:
     QByteArray& m_bytes;

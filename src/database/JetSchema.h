@@ -53,7 +53,6 @@ struct Column
     quint8 extFlags = 0;
 
     bool isFixed() const { return (flags & kFixedColumn) != 0; }
-    bool isLongValue() const { return type == kOle || type == kMemo; }
 };
 
 struct Index

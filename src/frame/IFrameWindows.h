@@ -18,11 +18,9 @@ public:
 
     virtual void showWindow(FrameWindow window) = 0;
     virtual void hideWindow(FrameWindow window) = 0;
-    virtual bool isWindowVisible(FrameWindow window) const = 0;
     // The window's outer rectangle on the screen (empty when it is not connected).
     virtual QRect windowRect(FrameWindow window) const = 0;
     virtual void moveWindow(FrameWindow window, QPoint topLeft) = 0;
-    // The list window's exit handling: empties the catalogue list without asking.
     // The exit button's step: the catalogue list is emptied without any question.
     virtual void emptyList() = 0;
     // The list window's exit; false when the list window kept its rows (a save the user asked

@@ -36,7 +36,7 @@ void FolderWalker::setSixteenBitCounters(bool on)
 
 void FolderWalker::letEventsRun()
 {
-    if (m_eventInterval > 0 && m_sinceEvents.isValid() && m_sinceEvents.elapsed() < m_eventInterval)
+    if (!m_events.isDue())
         return;
     // The strip is only seen when the window repaints, so it is printed just before events
     // run rather than for every folder entered.
@@ -48,7 +48,7 @@ void FolderWalker::letEventsRun()
         m_host.setFolderStrip(QStringLiteral("Buscando ... ") + shown);
     }
     m_host.letEventsRun();
-    m_sinceEvents.start();
+    m_events.restart();
 }
 
 // A name that is not UTF-8 is always reported; it is counted when the host takes it.
@@ -98,12 +98,6 @@ void FolderWalker::walk(const QString& path, const QByteArray& native)
             entry->undecodable ? entry->nativeName : QFile::encodeName(entry->name);
         walk(path + entry->name + QLatin1Char('/'), native + name + '/');
     }
-}
-
-void FolderWalker::MatchFilesInFolder(const QString& path)
-{
-    if (const std::optional<QList<platform::DirEntry>> entries = m_directories.read(path))
-        matchFiles(path, *entries);
 }
 
 void FolderWalker::matchFiles(const QString& path, const QList<platform::DirEntry>& entries)

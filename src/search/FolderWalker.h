@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/EventPump.h"
 #include "platform/IDirectoryReader.h"
 #include "platform/MaskList.h"
 #include "search/IWalkHost.h"
 #include "search/SearchCounter.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 
 #include <optional>
@@ -22,13 +22,12 @@ public:
 
     // Pending events run at most this often; 0 lets them run at every chance. A stop
     // request therefore reaches the walk within one interval.
-    void setEventInterval(int milliseconds) { m_eventInterval = milliseconds; }
+    void setEventInterval(std::chrono::milliseconds interval) { m_events.setInterval(interval); }
     // The list window counts in 16 bits; the command line does not.
     void setSixteenBitCounters(bool on);
 
     // path ends in '/'. Folders whose names begin with '.' and links to folders are not entered.
     void WalkFolder(const QString& path) { walk(path, QFile::encodeName(path)); }
-    void MatchFilesInFolder(const QString& path);
     // The folder the walk entered last: where an overflow stopped it.
     const QString& currentFolder() const { return m_currentFolder; }
 
@@ -54,8 +53,7 @@ private:
     bool m_stripPending = false; // m_currentFolder is not on the strip yet
     // SearchMask read once, again whenever it changes.
     std::optional<platform::MaskList> m_mask;
-    int m_eventInterval = 0;
-    QElapsedTimer m_sinceEvents;
+    core::EventPump m_events;
 };
 
 } // namespace nubo::search

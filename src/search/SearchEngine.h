@@ -40,8 +40,6 @@ public:
     void setMediumWait(int milliseconds) { m_mediumWait = milliseconds; }
     // The hidden search button: starts a search, or asks the running one to stop.
     void RunSearch();
-    void WalkFolder(const QString& path) { m_walker.WalkFolder(path); }
-    void MatchFilesInFolder(const QString& path) { m_walker.MatchFilesInFolder(path); }
     void ShowVolumeDetails(const QString& root);
     void ShowDriveSpace(const QString& root);
 

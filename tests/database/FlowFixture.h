@@ -12,8 +12,11 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <QTest>
 
+#include <csignal>
 #include <functional>
+#include <sys/resource.h>
 
 // The catalogue file flow over a real catalogue, real files in a temporary folder and fake
 // dialogs, shared by the flow's tests.
@@ -100,6 +103,35 @@ struct Flow
         return "No se puede acceder al archivo " + path +
                " Compruebe que el archivo exista y no sea de solo lectura\nCausa: ";
     }
+};
+
+// One row a format, as the data of a test that runs for both.
+inline void addFormats()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("workbook") << "lista.xls";
+    QTest::newRow("database") << "lista.mdb";
+}
+
+// While it lives, files cannot grow beyond the limit, as on a full disk: writes past it fail
+// (with the signal that would end the process ignored).
+class FileSizeLimit final
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        rlimit limit = m_old;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_old); }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit m_old{};
 };
 
 // The file's rows in file order (a database loads them last first).

@@ -17,40 +17,10 @@
 
 using namespace nubo;
 using database::CatalogueRecord;
+using test::addFormats;
+using test::FileSizeLimit;
 using test::Flow;
 using test::storedNames;
-
-namespace {
-
-// While it lives, files cannot grow beyond the limit, as on a full disk: writes past it fail
-// (with the signal that would end the process ignored).
-class FileSizeLimit final
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_old); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_old{};
-};
-
-void addFormats()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("workbook") << "lista.xls";
-    QTest::newRow("database") << "lista.mdb";
-}
-
-} // namespace
 
 class TestCatalogueFileFlow final : public QObject
 {

@@ -1,109 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CatalogueSamples.h"
 
-#include "catalogue/Catalogue.h"
-#include "core/ActivityLog.h"
-#include "core/Options.h"
-#include "database/CatalogueFiles.h"
-#include "database/flow/CatalogueFileFlow.h"
-#include "database/flow/ITransferView.h"
-#include "platform/fakes/FakeDialogs.h"
-#include "platform/fakes/FakeDrives.h"
-
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "FlowFixture.h"
 #include "TestFiles.h"
 
 using namespace nubo;
-
-namespace {
-
-// Raises the cancel flag, as Escape does, at the chosen turn of a loop.
-struct EscapeView final : database::ITransferView
-{
-    std::function<void()> escape;
-    int atTurn = 0;
-    int turns = 0;
-    void beginProgress(int) override {}
-    void setProgress(int) override {}
-    void endProgress() override {}
-    void processEvents() override
-    {
-        if (++turns == atTurn && escape)
-            escape();
-    }
-};
-
-struct Window
-{
-    QTemporaryDir dir;
-    platform::AppFolder app{dir.path()};
-    platform::FakeDrives drives;
-    platform::FakeDialogs dialogs;
-    catalogue::Catalogue catalogue{drives, dialogs};
-    core::Options options;
-    core::ActivityLog log{app, [] { return false; }};
-    database::SheetSettings sheet;
-    EscapeView view;
-    database::CatalogueFileFlow flow{{catalogue, view, dialogs, log, options, sheet}};
-    QString status;
-
-    Window()
-    {
-        catalogue.setSaveFlow(&flow);
-        QObject::connect(&catalogue.info(), &catalogue::InfoMessage::changed,
-                         [this](const QString& text, quint32) { status = text; });
-    }
-    QString path(const QString& name) const { return dir.filePath(name); }
-    void fill(int n)
-    {
-        for (int i = n - 1; i >= 0; --i)
-            catalogue.list().insertAtTop({QStringLiteral("r%1").arg(i), QStringLiteral("/d/"),
-                                          QStringLiteral("g"), QStringLiteral("MP3"),
-                                          QStringLiteral("C:")});
-    }
-    void escapeAt(int turn)
-    {
-        view.turns = 0;
-        view.atTurn = turn;
-        view.escape = [this] { flow.transfer().raiseCancelFlag(); };
-    }
-    QStringList files() const { return QDir(dir.path()).entryList(QDir::Files | QDir::Hidden); }
-};
-
-void addFormats()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("workbook") << "lista.xls";
-    QTest::newRow("database") << "lista.mdb";
-}
-
-// While it lives, files cannot grow beyond the limit (the signal that would end us ignored).
-class FileSizeLimit final
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_old); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_old{};
-};
-
-} // namespace
+using test::addFormats;
+using test::FileSizeLimit;
+using test::Flow;
 
 class CatalogueTransferFaultsTest final : public QObject
 {
@@ -115,20 +21,20 @@ private slots:
     void escapeOverAnExistingFileKeepsIt()
     {
         QFETCH(QString, name);
-        Window w;
+        Flow w;
         w.fill(40);
         const QString path = w.path(name);
         QCOMPARE(w.flow.SaveByExtension(path), database::TransferOutcome::Done);
         w.catalogue.setCurrentFile(path);
         const QByteArray before = test::fileBytes(path);
         w.fill(10);
-        w.escapeAt(20);
+        w.atTurn(20, [&w] { w.flow.transfer().raiseCancelFlag(); });
         w.flow.save();
         QCOMPARE(test::fileBytes(path), before);
         QCOMPARE(w.files(), QStringList{name});
-        QVERIFY2(w.status.startsWith(QStringLiteral("CANCELADA...Se ha agregado ")),
-                 qPrintable(w.status));
-        QVERIFY(w.status.endsWith(
+        QVERIFY2(w.status().startsWith(QStringLiteral("CANCELADA...Se ha agregado ")),
+                 qPrintable(w.status()));
+        QVERIFY(w.status().endsWith(
             QStringLiteral(" archivos a la base de datos. No se ha guardado: el archivo %1 se ha "
                            "dejado como estaba.")
                 .arg(path)));
@@ -142,7 +48,7 @@ private slots:
     void damagedFileIsReportedAndNotCurrent()
     {
         QFETCH(QString, name);
-        Window w;
+        Flow w;
         const QString path = w.path(name);
         QVERIFY(
             database::saveCatalogue(path, {}, database::rowsOf(database::test::sampleRows(3000)))
@@ -155,12 +61,14 @@ private slots:
         w.flow.openFile(path);
         const int kept = w.catalogue.list().count();
         QVERIFY(kept > 0 && kept < 3000);
-        QVERIFY2(w.status.startsWith(QStringLiteral("El archivo %1 está dañado: se leyeron %2 "
-                                                    "filas de 3.000 (")
-                                         .arg(path, QString::number(kept / 1000) + '.' +
-                                                        QString::number(kept % 1000)
-                                                            .rightJustified(3, QLatin1Char('0')))),
-                 qPrintable(w.status));
+        QVERIFY2(
+            w.status().startsWith(
+                QStringLiteral("El archivo %1 está dañado: se leyeron %2 "
+                               "filas de 3.000 (")
+                    .arg(path,
+                         QString::number(kept / 1000) + '.' +
+                             QString::number(kept % 1000).rightJustified(3, QLatin1Char('0')))),
+            qPrintable(w.status()));
         QCOMPARE(w.dialogs.asked.last().title, QStringLiteral("Error al leer archivo"));
         QCOMPARE(w.catalogue.currentFile(), QString());
     }
@@ -170,7 +78,7 @@ private slots:
     void fullDiskNamesItsCause()
     {
         QFETCH(QString, name);
-        Window w;
+        Flow w;
         w.fill(3000);
         const QString path = w.path(name);
         test::writeFile(path, "old bytes");
@@ -178,10 +86,10 @@ private slots:
             const FileSizeLimit limit(20000);
             w.flow.SaveByExtension(path);
         }
-        QVERIFY2(w.status.contains(QStringLiteral("\nCausa: No se puede escribir en el archivo")),
-                 qPrintable(w.status));
-        QVERIFY(
-            w.status.endsWith(QStringLiteral("El archivo supera el tamaño que admite el disco.")));
+        QVERIFY2(w.status().contains(QStringLiteral("\nCausa: No se puede escribir en el archivo")),
+                 qPrintable(w.status()));
+        QVERIFY(w.status().endsWith(
+            QStringLiteral("El archivo supera el tamaño que admite el disco.")));
         QCOMPARE(test::fileBytes(path), QByteArray("old bytes"));
         QCOMPARE(w.files(), QStringList{name});
     }
@@ -198,7 +106,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(bool, fifo);
-        Window w;
+        Flow w;
         w.fill(5);
         const QString path = w.path(name);
         if (fifo)
@@ -207,9 +115,9 @@ private slots:
             QVERIFY(QFile::link(QStringLiteral("/dev/zero"), path));
         QCOMPARE(w.flow.openFile(path), database::TransferOutcome::Failed);
         QCOMPARE(w.catalogue.list().count(), 5);
-        QVERIFY2(w.status.endsWith(QStringLiteral("no es un archivo normal (es una carpeta, una "
-                                                  "tubería o un dispositivo): no se lee.")),
-                 qPrintable(w.status));
+        QVERIFY2(w.status().endsWith(QStringLiteral("no es un archivo normal (es una carpeta, una "
+                                                    "tubería o un dispositivo): no se lee.")),
+                 qPrintable(w.status()));
         QCOMPARE(w.catalogue.currentFile(), QString());
     }
 };

@@ -13,7 +13,6 @@ class FakeFrameWindows final : public nubo::frame::IFrameWindows
 {
 public:
     QStringList calls;
-    std::array<bool, 4> visible{};
     std::array<QRect, 4> rects{QRect(0, 0, 300, 200), QRect(0, 0, 500, 340), QRect(0, 0, 300, 200),
                                QRect(0, 0, 420, 300)};
 
@@ -21,20 +20,8 @@ public:
     {
         return QStringList{"List", "Options", "Search", "Author"}.at(int(w));
     }
-    void showWindow(nubo::frame::FrameWindow w) override
-    {
-        calls << "show " + name(w);
-        visible[std::size_t(w)] = true;
-    }
-    void hideWindow(nubo::frame::FrameWindow w) override
-    {
-        calls << "hide " + name(w);
-        visible[std::size_t(w)] = false;
-    }
-    bool isWindowVisible(nubo::frame::FrameWindow w) const override
-    {
-        return visible[std::size_t(w)];
-    }
+    void showWindow(nubo::frame::FrameWindow w) override { calls << "show " + name(w); }
+    void hideWindow(nubo::frame::FrameWindow w) override { calls << "hide " + name(w); }
     QRect windowRect(nubo::frame::FrameWindow w) const override { return rects[std::size_t(w)]; }
     void moveWindow(nubo::frame::FrameWindow w, QPoint topLeft) override
     {
@@ -57,19 +44,17 @@ class FakeNotifyArea final : public nubo::frame::INotifyArea
 public:
     QList<nubo::frame::NotifyMessage> messages;
     QStringList tips;
-    std::function<void(int)> handler;
+    ActivationHandler handler;
     bool available = true;
 
-    bool notify(nubo::frame::NotifyMessage message, const nubo::frame::TrayRecord& record,
-                const QIcon&) override
+    void notify(nubo::frame::NotifyMessage message, const QIcon&, const QString& tip) override
     {
         messages << message;
-        tips << record.shownTip();
+        tips << tip;
         if (message != nubo::frame::NotifyMessage::Modify)
             shown = message == nubo::frame::NotifyMessage::Add;
-        return available;
     }
-    void setMouseHandler(std::function<void(int)> h) override { handler = std::move(h); }
+    void setActivationHandler(ActivationHandler h) override { handler = std::move(h); }
     bool isIconVisible() const override { return available && shown; }
     bool shown = false;
 };

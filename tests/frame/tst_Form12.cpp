@@ -4,7 +4,6 @@
 #include "frame/ui/Form12.h"
 #include "frame/ui/Form8.h"
 #include "frame/ui/WindowDirectory.h"
-#include "frame/ui/clsSystemTray.h"
 
 #include <QIcon>
 #include <QLabel>
@@ -147,24 +146,23 @@ private slots:
         QCOMPARE(f.area.messages.constFirst(), frame::NotifyMessage::Add);
         frame::Form8 menu(f.windows);
         f.form.setTrayMenu(&menu);
-        f.area.handler(517);
+        f.area.handler(QSystemTrayIcon::Context);
         QVERIFY(control<QMenu>(menu, "menu")->isVisible());
-        f.area.handler(513);
+        f.area.handler(QSystemTrayIcon::Trigger);
         QVERIFY(!control<QMenu>(menu, "menu")->isVisible());
         f.form.show();
         f.form.picMinimizeMouseDown(QPointF(20, 10));
         QVERIFY(!f.form.isMinimized());
         f.form.picMinimizeMouseDown(QPointF(18, 10));
         QVERIFY(f.form.isMinimized());
-        f.area.handler(513); // a single click on the icon restores it
-        f.area.handler(514);
+        f.area.handler(QSystemTrayIcon::Trigger); // a single click on the icon restores it
         QVERIFY(!f.form.isMinimized());
         // With the icon in a notification area, a close request hides the window and the icon
         // brings it back (without one, the program ends instead).
         f.form.close();
         QVERIFY(f.windows.calls.isEmpty());
         QVERIFY(!f.form.isVisible() && f.area.isIconVisible());
-        f.area.handler(515);
+        f.area.handler(QSystemTrayIcon::DoubleClick);
         QVERIFY(f.form.isVisible());
     }
 };

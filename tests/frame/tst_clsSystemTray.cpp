@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FakeFrameWindows.h"
 #include "frame/ui/Form8.h"
-#include "frame/ui/QtNotifyArea.h"
 #include "frame/ui/clsSystemTray.h"
 
 #include <QAction>
@@ -18,19 +17,48 @@ class TestSystemTray final : public QObject
 {
     Q_OBJECT
 private slots:
+    // Each of Qt's activation reasons raises the mouse-button events it stands for, in order.
     void activationReasons_data()
     {
         QTest::addColumn<int>("reason");
-        QTest::addColumn<QList<int>>("messages");
-        QTest::newRow("click") << int(QSystemTrayIcon::Trigger) << QList<int>{513, 514};
-        QTest::newRow("double click") << int(QSystemTrayIcon::DoubleClick) << QList<int>{515};
-        QTest::newRow("context") << int(QSystemTrayIcon::Context) << QList<int>{517};
+        QTest::addColumn<QStringList>("events");
+        QTest::newRow("click") << int(QSystemTrayIcon::Trigger)
+                               << QStringList{"LButtonDown", "LButtonUp"};
+        QTest::newRow("double click")
+            << int(QSystemTrayIcon::DoubleClick) << QStringList{"LButtonDblClk"};
+        QTest::newRow("context") << int(QSystemTrayIcon::Context) << QStringList{"RButtonUp"};
+        QTest::newRow("middle click") << int(QSystemTrayIcon::MiddleClick) << QStringList{};
     }
 
     void activationReasons()
     {
         QFETCH(int, reason);
-        QTEST(trayMessagesFor(QSystemTrayIcon::ActivationReason(reason)), "messages");
+        FakeNotifyArea area;
+        clsSystemTray tray(area);
+        QStringList events;
+        connect(&tray, &clsSystemTray::LButtonDown, this, [&] { events << "LButtonDown"; });
+        connect(&tray, &clsSystemTray::LButtonUp, this, [&] { events << "LButtonUp"; });
+        connect(&tray, &clsSystemTray::LButtonDblClk, this, [&] { events << "LButtonDblClk"; });
+        connect(&tray, &clsSystemTray::RButtonUp, this, [&] { events << "RButtonUp"; });
+        area.handler(QSystemTrayIcon::ActivationReason(reason));
+        QTEST(events, "events");
+    }
+
+    // Before the icon is added its tip and picture are only kept; after, each change shows
+    // at once, with the tip cut as the notification area shows it.
+    void changesShowOnceTheIconIsAdded()
+    {
+        FakeNotifyArea area;
+        clsSystemTray tray(area);
+        tray.setToolTipText(QStringLiteral("Nubo Beta Version 1.5!!!"));
+        tray.setIcon(QIcon());
+        QVERIFY(area.messages.isEmpty());
+        tray.AddIconToSystemTray();
+        tray.setToolTipText(QString(70, u'n'));
+        QCOMPARE(area.messages, (QList<NotifyMessage>{NotifyMessage::Add, NotifyMessage::Modify}));
+        QCOMPARE(area.tips, (QStringList{"Nubo Beta Version 1.5!!!", QString(63, u'n')}));
+        tray.RemoveIconFromSystemTray();
+        QVERIFY(!tray.isIconVisible());
     }
 
     void menuEntriesReachTheWindows()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SearchFakes.h"
 #include "search/ui/Form4.h"
-#include "search/ui/ImageButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -43,7 +42,7 @@ private slots:
         search::Form4& f = rig.form;
         f.show();
         control<QComboBox>(f, "Combo1")->setEditText("z:");
-        QTest::mouseClick(control<search::ImageButton>(f, "Command1"), Qt::LeftButton);
+        QTest::mouseClick(control<QLabel>(f, "Command1"), Qt::LeftButton);
         QCOMPARE(rig.dialogs.asked.size(), 1);
         QCOMPARE(rig.dialogs.asked[0].title, QStringLiteral("Path invalido"));
         QVERIFY(f.isVisible());
@@ -51,7 +50,7 @@ private slots:
         rig.dialogs.inputAnswers.enqueue(QStringLiteral("Disco 2"));
         rig.window.folder = "/media/cdrom1";
         control<QComboBox>(f, "Combo1")->setEditText("/media/cdrom1");
-        QTest::mouseClick(control<search::ImageButton>(f, "Command1"), Qt::LeftButton);
+        QTest::mouseClick(control<QLabel>(f, "Command1"), Qt::LeftButton);
         QCOMPARE(rig.host.rows, QStringList{"/media/cdrom1/pista.mp3"});
     }
 };

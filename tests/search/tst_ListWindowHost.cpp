@@ -41,7 +41,7 @@ class TestListWindowHost final : public QObject
             test::writeFile(root.path() + "/otro.wav");
             host.setEngine(&search.engine);
             list.form.setSearchLauncher(&host);
-            search.engine.walker().setEventInterval(0);
+            search.engine.walker().setEventInterval({});
             search.form3.selectDrive(root.path());
         }
         QString caption() const { return list.form.windowTitle(); }

@@ -35,7 +35,7 @@ QLabel* label(QWidget* parent, const char* name, const QString& text, const QStr
 Form1::Form1(const Form1Services& services, QWidget* parent)
     : QWidget(parent), m_app(services.app), m_catalogue(services.catalogue),
       m_opener(services.opener), m_details(services.details), m_drops(services.drops),
-      m_options(services.options), m_hover(services.app)
+      m_options(services.options), m_hover(services.app, this)
 {
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(QStringLiteral("Buscador..."));

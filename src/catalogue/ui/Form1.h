@@ -4,8 +4,8 @@
 #include "catalogue/IListWindow.h"
 #include "catalogue/ListMode.h"
 #include "catalogue/ui/CatalogueView.h"
-#include "catalogue/ui/HoverPictures.h"
 #include "platform/AppFolder.h"
+#include "platform/ui/HoverPictures.h"
 
 #include <QAction>
 #include <QLabel>
@@ -117,7 +117,6 @@ protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     // The controls, named as their objects are; tests find them by those names.
@@ -204,7 +203,7 @@ private:
     const core::Options& m_options;
     ISearchLauncher* m_search = nullptr;
     IPropertiesViewer* m_properties = nullptr;
-    HoverPictures m_hover;
+    platform::HoverPictures m_hover;
     QActionGroup* m_modes = nullptr;
     QList<QAction*> m_fileOptions;  // the right-click menu's entries on the rows
     QList<QAction*> m_listCommands; // greyed while a save or load has the list

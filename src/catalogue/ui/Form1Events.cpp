@@ -50,10 +50,6 @@ bool Form1::eventFilter(QObject* watched, QEvent* event)
         const auto* key = static_cast<QKeyEvent*>(event);
         return handleWindowKey(key->key(), key->modifiers());
     }
-    case QEvent::Enter:
-        if (m_hover.contains(watched))
-            m_hover.light(static_cast<QLabel*>(watched));
-        break;
     case QEvent::MouseButtonPress:
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
             return handlePicturePress(watched);
@@ -129,12 +125,6 @@ bool Form1::handlePicturePress(QObject* watched)
         return false;
     }
     return true;
-}
-
-void Form1::mouseMoveEvent(QMouseEvent* event)
-{
-    m_hover.light(nullptr); // the bare window puts every image button back to "off"
-    QWidget::mouseMoveEvent(event);
 }
 
 void Form1::chooseMode(ListMode mode)

@@ -20,9 +20,6 @@ constexpr int kFieldX = 168;
 constexpr int kFirstRow = 64;
 constexpr int kRowHeight = 40;
 
-const QString kPicOff = QStringLiteral("\\bitmap\\form7bot1off.jpg");
-const QString kPicOn = QStringLiteral("\\bitmap\\form7bot1on.jpg");
-
 QColor colorOf(quint32 rgb)
 {
     return QColor::fromRgb(rgb & 0xFFFFFF);
@@ -58,7 +55,7 @@ const Form7::FieldText Form7::kFields[kFieldCount] = {
     {&Form7::TxtBorWidth, "TxtBorWidth", "Grosor de linea", "Establece el ancho de la linea"},
 };
 
-Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps)
+Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_hover(deps.app, this)
 {
     setObjectName(QStringLiteral("Form7"));
     setWindowTitle(QStringLiteral("Configuracion de Hoja Excel"));
@@ -75,14 +72,7 @@ Form7::Form7(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps)
 
 void Form7::setBackground()
 {
-    const QPixmap background =
-        platform::loadPicture(m_deps.app, QStringLiteral("\\bitmap\\mainform7.jpg"));
-    if (background.isNull())
-        return;
-    QPalette palette = this->palette();
-    palette.setBrush(QPalette::Window, background);
-    setPalette(palette);
-    setAutoFillBackground(true);
+    platform::setBackgroundPicture(*this, m_deps.app, QStringLiteral("\\bitmap\\mainform7.jpg"));
 }
 
 void Form7::createFields()
@@ -152,9 +142,9 @@ void Form7::createButtons()
     PicAceptar->setGeometry(360, 312, 56, 56);
     PicAceptar->setScaledContents(true);
     PicAceptar->setCursor(Qt::PointingHandCursor);
-    PicAceptar->setMouseTracking(true);
     PicAceptar->installEventFilter(this);
-    showPicAceptar(false);
+    m_hover.add(PicAceptar, QStringLiteral("\\bitmap\\form7bot1off.jpg"),
+                QStringLiteral("\\bitmap\\form7bot1on.jpg"));
 }
 
 void Form7::connectControls()
@@ -254,34 +244,14 @@ void Form7::numberChanged(QLineEdit* field, const SheetNumberField& rules, int S
         m_deps.settings.style.*number = *value;
 }
 
-void Form7::showPicAceptar(bool on)
-{
-    const QPixmap picture = platform::loadPicture(m_deps.app, on ? kPicOn : kPicOff);
-    if (!picture.isNull())
-        PicAceptar->setPixmap(picture);
-    m_picLit = on;
-}
-
 bool Form7::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == PicAceptar) {
-        if (event->type() == QEvent::Enter && !m_picLit)
-            showPicAceptar(true);
-        if (event->type() == QEvent::MouseButtonPress &&
-            static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-            accept();
-            return true;
-        }
+    if (watched == PicAceptar && event->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        accept();
+        return true;
     }
     return QWidget::eventFilter(watched, event);
-}
-
-// The pointer over the bare window puts PicAceptar's picture back to "off".
-void Form7::mouseMoveEvent(QMouseEvent* event)
-{
-    if (m_picLit)
-        showPicAceptar(false);
-    QWidget::mouseMoveEvent(event);
 }
 
 // Keeps the settings for the next run and closes the window; a failed write is only logged.

@@ -8,6 +8,7 @@
 #include "database/SheetSettingsStore.h"
 #include "platform/AppFolder.h"
 #include "platform/IDialogs.h"
+#include "platform/ui/HoverPictures.h"
 
 #include <QWidget>
 
@@ -45,7 +46,6 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     // Each field's control, name, caption and tip (Form7.cpp).
@@ -79,12 +79,11 @@ private:
     void chooseColor(quint32 SheetStyle::*color);
     void chooseFont();
     void numberChanged(QLineEdit* field, const SheetNumberField& rules, int SheetStyle::*number);
-    void showPicAceptar(bool on);
     void accept();
 
     Deps m_deps;
     bool m_refreshing = false;
-    bool m_picLit = false;
+    platform::HoverPictures m_hover;
 };
 
 } // namespace nubo::database

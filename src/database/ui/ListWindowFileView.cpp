@@ -3,8 +3,6 @@
 
 #include "catalogue/IListWindow.h"
 
-#include <QCoreApplication>
-
 namespace nubo::database {
 
 void ListWindowFileView::beginProgress(int maximum)
@@ -13,7 +11,7 @@ void ListWindowFileView::beginProgress(int maximum)
     m_window.showProgress(maximum);
     m_window.setListEnabled(false);
     m_sinceRepaint.start();
-    m_sinceEvents.start();
+    m_events.restart();
 }
 
 void ListWindowFileView::setProgress(int value)
@@ -32,10 +30,7 @@ void ListWindowFileView::endProgress()
 
 void ListWindowFileView::processEvents()
 {
-    if (m_sinceEvents.isValid() && m_sinceEvents.nsecsElapsed() < kEventsNs)
-        return;
-    QCoreApplication::processEvents();
-    m_sinceEvents.start();
+    m_events.run();
 }
 
 } // namespace nubo::database

@@ -3,6 +3,8 @@
 
 #include "database/flow/ITransferView.h"
 
+#include "core/EventPump.h"
+
 #include <QElapsedTimer>
 
 namespace nubo::catalogue {
@@ -12,14 +14,13 @@ class IListWindow;
 namespace nubo::database {
 
 // A catalogue save or load as the list window shows it: the list disabled, the progress bar
-// moving. The loops offer to let events run once per row; they run at most every kEventsNs
-// (2 ms, so Escape still arrives within a few milliseconds), and the bar is repainted at most every
-// kRepaintMs, so neither slows a fast loop down.
+// moving. The loops offer to let events run once per row; they run at most every
+// EventPump::kTransferInterval (Escape still arrives within a few milliseconds), and the bar
+// is repainted at most every kRepaintMs, so neither slows a fast loop down.
 class ListWindowFileView final : public ITransferView
 {
 public:
     static constexpr int kRepaintMs = 40;
-    static constexpr qint64 kEventsNs = 2'000'000;
 
     explicit ListWindowFileView(catalogue::IListWindow& window) : m_window(window) {}
 
@@ -32,7 +33,7 @@ private:
     catalogue::IListWindow& m_window;
     int m_maximum = 0;
     QElapsedTimer m_sinceRepaint;
-    QElapsedTimer m_sinceEvents;
+    core::EventPump m_events{core::EventPump::kTransferInterval};
 };
 
 } // namespace nubo::database

@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QRegion>
 #include <QScreen>
 #include <QWindow>
 
@@ -57,7 +58,8 @@ QPoint curHotSpot(const QString& path)
 
 } // namespace
 
-Form12::Form12(Deps deps, QWidget* parent) : QWidget(parent), m_deps(deps), m_player(m_counters)
+Form12::Form12(Deps deps, QWidget* parent)
+    : QWidget(parent), m_deps(deps), m_player(m_counters), m_minimizeFaces(deps.app, nullptr)
 {
     setObjectName(QStringLiteral("Form12"));
     setWindowTitle(QStringLiteral("Nubo 1.5 Beta Version!!!"));
@@ -88,8 +90,6 @@ void Form12::buildControls()
     PicMinimize->setGeometry(SkinLayout::minimize);
     PicMinimize->setToolTip(QStringLiteral("Minimiza la ventana"));
     PicMinimize->installEventFilter(this);
-    pikForSYSTRAY = platform::namedChild<QLabel>(this, QStringLiteral("pikForSYSTRAY"));
-    pikForSYSTRAY->hide();
     setFocusProxy(picMainSkin);
 }
 
@@ -178,7 +178,6 @@ void Form12::AddIcon()
         return;
     SystemTray = new clsSystemTray(*m_deps.notifyArea, this);
     SystemTray->setIcon(icon);
-    SystemTray->setPPictureBox(pikForSYSTRAY);
     SystemTray->setToolTipText(QStringLiteral("Nubo Beta Version 1.5!!!"));
     SystemTray->AddIconToSystemTray();
     connect(SystemTray, &clsSystemTray::LButtonDblClk, this, &Form12::SystemTray_LButtonDblClk);
@@ -255,11 +254,7 @@ bool Form12::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
     if (watched == PicMinimize) {
-        if (type == QEvent::Enter)
-            setFace(PicMinimize, QStringLiteral("\\bitmap\\minimizeon.jpg"));
-        else if (type == QEvent::Leave)
-            setFace(PicMinimize, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
-        else if (type == QEvent::MouseButtonPress)
+        if (type == QEvent::MouseButtonPress)
             picMinimizeMouseDown(static_cast<QMouseEvent*>(event)->position());
         return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
     }
@@ -325,7 +320,9 @@ quint64 Form12::nativeHandle()
 
 void Form12::loadButtonFaces()
 {
-    setFace(PicMinimize, QStringLiteral("\\bitmap\\minimizeoff.jpg"));
+    // Read now, once the start-up has put the pictures in their folder.
+    m_minimizeFaces.add(PicMinimize, QStringLiteral("\\bitmap\\minimizeoff.jpg"),
+                        QStringLiteral("\\bitmap\\minimizeon.jpg"));
     for (std::size_t i = 0; i < Picture.size(); ++i)
         setFace(Picture[i], QStringLiteral("\\bitmap\\scene0boton%1.jpg").arg(i + 1));
 }
@@ -383,13 +380,13 @@ void Form12::applyRegion()
     const QList<QRect> rectangles =
         RegionDesdeImagen(skin.width(), skin.height(),
                           [&skin](int x, int y) { return quint32(skin.pixel(x, y)) & 0xffffffu; });
-    m_region = QRegion();
+    QRegion region;
     for (const QRect& r : rectangles)
-        m_region += r;
+        region += r;
     if (rectangles.isEmpty())
         clearMask();
     else
-        setMask(m_region);
+        setMask(region);
 }
 
 } // namespace nubo::frame

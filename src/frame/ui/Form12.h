@@ -7,9 +7,9 @@
 #include "frame/IFrameWindows.h"
 #include "frame/SceneCounters.h"
 #include "platform/AppFolder.h"
+#include "platform/ui/HoverPictures.h"
 
 #include <QIcon>
-#include <QRegion>
 #include <QWidget>
 
 #include <array>
@@ -60,10 +60,6 @@ public:
     void SystemTray_RButtonUp();
     void SystemTray_LButtonDown();
 
-    const SceneCounters& sceneCounters() const { return m_counters; }
-    bool isPlaying(int button) const { return m_player.isPlaying(button); }
-    const QRegion& region() const { return m_region; }
-
     // IStartupView
     quint64 nativeHandle() override;
     void loadButtonFaces() override;
@@ -84,7 +80,6 @@ private:
     // The controls, named as the form names them; tests find them by those names.
     QLabel* picMainSkin = nullptr;
     QLabel* PicMinimize = nullptr;
-    QLabel* pikForSYSTRAY = nullptr;
     std::array<QLabel*, 5> Picture{}; // Picture1 .. Picture5
     clsSystemTray* SystemTray = nullptr;
 
@@ -101,7 +96,7 @@ private:
     SceneCounters m_counters;
     FramePlayer m_player;
     Form8* m_trayMenu = nullptr;
-    QRegion m_region;
+    platform::HoverPictures m_minimizeFaces;
     // A press on the skin, then the move it became: the window system's or our own.
     enum class SkinDrag { None, Pressed, System, Manual };
     QPoint m_dragOffset;

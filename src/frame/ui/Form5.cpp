@@ -61,14 +61,7 @@ Form5::Form5(const platform::AppFolder& app, core::Options& options, core::Optio
 
 void Form5::loadPictures()
 {
-    const QPixmap background =
-        platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform5.jpg"));
-    if (background.isNull())
-        return;
-    QPalette palette = this->palette();
-    palette.setBrush(QPalette::Window, background);
-    setPalette(palette);
-    setAutoFillBackground(true);
+    platform::setBackgroundPicture(*this, m_app, QStringLiteral("\\bitmap\\mainform5.jpg"));
 }
 
 void Form5::buildBoxes()
@@ -94,7 +87,6 @@ void Form5::buildBoxes()
     ChkExcConfg = box(core::Option::ConfigExcel);
     Chkpro = box(core::Option::MostrarPro);
     ChkMInstances = box(core::Option::MInstances);
-    connect(ChkExcConfg, &QCheckBox::toggled, this, &Form5::ChkExcConfgClicked);
     connect(Chkpro, &QCheckBox::toggled, this, [this] { emit ChkproClicked(); });
 }
 

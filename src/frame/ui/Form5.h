@@ -30,9 +30,6 @@ public:
     void loadPictures();
 
 signals:
-    // ChkExcConfg changed. Nothing needs to listen: the sheet configuration window's box
-    // follows the option itself, through Options::changed.
-    void ChkExcConfgClicked(bool checked);
     // Chkpro changed: the list window's file-properties display is emptied.
     void ChkproClicked();
     // The window was closed (by "&ACEPTAR CAMBIOS" or otherwise).

@@ -1,24 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "frame/TrayRecord.h"
-
 #include <QIcon>
+#include <QString>
+#include <QSystemTrayIcon>
 
 #include <functional>
 
 namespace nubo::frame {
 
-// The desktop's notification area as the tray class sees it: requests carry the record,
-// and the icon's mouse actions come back as mouse messages (513 to 518).
+// What the icon's owner asks of the notification area.
+enum class NotifyMessage { Add, Modify, Delete };
+
+// The desktop's notification area as the tray class sees it: requests carry the icon and the
+// tip it shows, and the user's actions on the icon come back as Qt's activation reasons.
 class INotifyArea
 {
 public:
+    using ActivationHandler = std::function<void(QSystemTrayIcon::ActivationReason)>;
+
     virtual ~INotifyArea() = default;
 
-    // True when the notification area took the request.
-    virtual bool notify(NotifyMessage message, const TrayRecord& record, const QIcon& icon) = 0;
-    virtual void setMouseHandler(std::function<void(int message)> handler) = 0;
+    virtual void notify(NotifyMessage message, const QIcon& icon, const QString& tip) = 0;
+    virtual void setActivationHandler(ActivationHandler handler) = 0;
     // The icon is shown in a notification area that exists now.
     virtual bool isIconVisible() const = 0;
 };

@@ -3,39 +3,22 @@
 
 namespace nubo::frame {
 
-QList<int> trayMessagesFor(QSystemTrayIcon::ActivationReason reason)
-{
-    switch (reason) {
-    case QSystemTrayIcon::Trigger:
-        return {513, 514};
-    case QSystemTrayIcon::DoubleClick:
-        return {515};
-    case QSystemTrayIcon::Context:
-        return {517};
-    case QSystemTrayIcon::MiddleClick:
-    case QSystemTrayIcon::Unknown:
-        break;
-    }
-    return {};
-}
-
 QtNotifyArea::QtNotifyArea(QObject* parent) : QObject(parent)
 {
     connect(&m_icon, &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
-                for (int message : trayMessagesFor(reason))
-                    if (m_handler)
-                        m_handler(message);
+                if (m_handler)
+                    m_handler(reason);
             });
 }
 
-bool QtNotifyArea::notify(NotifyMessage message, const TrayRecord& record, const QIcon& icon)
+void QtNotifyArea::notify(NotifyMessage message, const QIcon& icon, const QString& tip)
 {
     switch (message) {
     case NotifyMessage::Add:
     case NotifyMessage::Modify:
         m_icon.setIcon(icon);
-        m_icon.setToolTip(record.shownTip());
+        m_icon.setToolTip(tip);
         // Shown even without a notification area: Qt adds it if one appears later.
         if (message == NotifyMessage::Add)
             m_icon.show();
@@ -44,7 +27,6 @@ bool QtNotifyArea::notify(NotifyMessage message, const TrayRecord& record, const
         m_icon.hide();
         break;
     }
-    return QSystemTrayIcon::isSystemTrayAvailable();
 }
 
 bool QtNotifyArea::isIconVisible() const
@@ -52,7 +34,7 @@ bool QtNotifyArea::isIconVisible() const
     return m_icon.isVisible() && QSystemTrayIcon::isSystemTrayAvailable();
 }
 
-void QtNotifyArea::setMouseHandler(std::function<void(int)> handler)
+void QtNotifyArea::setActivationHandler(ActivationHandler handler)
 {
     m_handler = std::move(handler);
 }

@@ -39,12 +39,6 @@ void WindowDirectory::hideWindow(FrameWindow window)
         w->hide();
 }
 
-bool WindowDirectory::isWindowVisible(FrameWindow window) const
-{
-    const QWidget* w = widget(window);
-    return w && w->isVisible();
-}
-
 QRect WindowDirectory::windowRect(FrameWindow window) const
 {
     const QWidget* w = widget(window);

@@ -23,7 +23,6 @@ public:
 
     void showWindow(FrameWindow window) override;
     void hideWindow(FrameWindow window) override;
-    bool isWindowVisible(FrameWindow window) const override;
     QRect windowRect(FrameWindow window) const override;
     void moveWindow(FrameWindow window, QPoint topLeft) override;
     void emptyList() override;

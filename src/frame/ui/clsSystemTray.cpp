@@ -1,22 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/ui/clsSystemTray.h"
 
+#include "frame/TrayTip.h"
+
 namespace nubo::frame {
 
 clsSystemTray::clsSystemTray(INotifyArea& area, QObject* parent) : QObject(parent), m_area(area)
 {
-    m_area.setMouseHandler([this](int message) { boxMouseMove(message); });
+    m_area.setActivationHandler(
+        [this](QSystemTrayIcon::ActivationReason reason) { activated(reason); });
 }
 
 void clsSystemTray::send(NotifyMessage message)
 {
-    // The answer is kept but not acted upon.
-    m_lastResult = m_area.notify(message, m_record, m_icon);
+    m_area.notify(message, m_icon, trayTip(m_tip));
 }
 
 void clsSystemTray::setToolTipText(const QString& text)
 {
-    m_record.setTip(text);
+    m_tip = text;
+    if (m_shown)
+        send(NotifyMessage::Modify);
+}
+
+void clsSystemTray::setIcon(const QIcon& icon)
+{
+    m_icon = icon;
     if (m_shown)
         send(NotifyMessage::Modify);
 }
@@ -27,54 +36,26 @@ void clsSystemTray::AddIconToSystemTray()
     m_shown = true;
 }
 
-void clsSystemTray::setIcon(const QIcon& icon)
-{
-    m_icon = icon;
-    m_record.icon = quint64(icon.cacheKey());
-    if (m_shown)
-        send(NotifyMessage::Modify);
-}
-
 void clsSystemTray::RemoveIconFromSystemTray()
 {
-    m_record.size = TrayRecord::kSize;
-    m_record.window = m_box ? quint64(m_box->effectiveWinId()) : 0;
-    m_record.id = TrayRecord::kIconId;
     send(NotifyMessage::Delete);
 }
 
-void clsSystemTray::setPPictureBox(QWidget* box)
+void clsSystemTray::activated(QSystemTrayIcon::ActivationReason reason)
 {
-    m_box = box;
-    if (!box)
-        return;
-    box->hide();
-    m_record.window = quint64(box->effectiveWinId());
-}
-
-void clsSystemTray::boxMouseMove(double x)
-{
-    const std::optional<TrayEvent> event = m_record.receive(x);
-    if (!event)
-        return;
-    switch (*event) {
-    case TrayEvent::LButtonDblClk:
-        emit LButtonDblClk();
-        break;
-    case TrayEvent::LButtonDown:
+    switch (reason) {
+    case QSystemTrayIcon::Trigger:
         emit LButtonDown();
-        break;
-    case TrayEvent::LButtonUp:
         emit LButtonUp();
         break;
-    case TrayEvent::RButtonDblClk:
-        emit RButtonDblClk();
+    case QSystemTrayIcon::DoubleClick:
+        emit LButtonDblClk();
         break;
-    case TrayEvent::RButtonDown:
-        emit RButtonDown();
-        break;
-    case TrayEvent::RButtonUp:
+    case QSystemTrayIcon::Context:
         emit RButtonUp();
+        break;
+    case QSystemTrayIcon::MiddleClick:
+    case QSystemTrayIcon::Unknown:
         break;
     }
 }

@@ -39,7 +39,7 @@ OpenWithDialog::OpenWithDialog(QList<DesktopEntry> applications, QString path, Q
     QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(false);
     connect(listApplications, &QListWidget::currentRowChanged, this,
-            [this, ok](int row) { ok->setEnabled(row >= 0); });
+            [ok](int row) { ok->setEnabled(row >= 0); });
     connect(listApplications, &QListWidget::itemActivated, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -2,6 +2,7 @@
 #include "platform/ui/PictureFile.h"
 
 #include <QFileInfo>
+#include <QWidget>
 
 namespace nubo::platform {
 
@@ -12,6 +13,17 @@ QPixmap loadPicture(const AppFolder& app, const QString& relative)
     if (QFileInfo(path).isFile())
         pixmap.load(path);
     return pixmap;
+}
+
+void setBackgroundPicture(QWidget& window, const AppFolder& app, const QString& relative)
+{
+    const QPixmap background = loadPicture(app, relative);
+    if (background.isNull())
+        return;
+    QPalette palette = window.palette();
+    palette.setBrush(QPalette::Window, background);
+    window.setPalette(palette);
+    window.setAutoFillBackground(true);
 }
 
 } // namespace nubo::platform

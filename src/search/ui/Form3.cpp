@@ -3,7 +3,6 @@
 
 #include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
-#include "search/ui/ImageButton.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -12,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QTreeView>
@@ -35,35 +35,29 @@ int characterOf(const QKeyEvent* key)
 
 } // namespace
 
-// One image button's pictures and command; the names differ in case exactly as the program
-// has always named them, and the resolver finds them either way.
+// One image button's pictures, tooltip and command. The names differ in case exactly as the
+// program has always named them, and the resolver finds them either way.
 struct Form3::ImageButtonRole
 {
-    ImageButton* Form3::*button;
+    QLabel* Form3::*button;
+    const char* off;
     const char* on;
     const char* hit;
-    ImageButton* Form3::*other1;
-    const char* other1Off;
-    ImageButton* Form3::*other2;
-    const char* other2Off;
     const char* tooltip;
     Command command;
 };
 
 const Form3::ImageButtonRole Form3::kRoles[kRoleCount] = {
-    {&Form3::PicSearch, "\\bitmap\\form3Bot1on.jpg", "\\bitmap\\form3bot1hit.jpg",
-     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicLista,
-     "\\bitmap\\form3bot3off.jpg", "Busca en la direccion indicada", Command::Search},
-    {&Form3::PicSearchCDROM, "\\bitmap\\form3Bot2on.jpg", "\\bitmap\\form3bot2hit.jpg",
-     &Form3::PicSearch, "\\bitmap\\form3bot1off.jpg", &Form3::PicLista,
-     "\\bitmap\\form3bot3off.jpg", "Busca en todo el CD-ROM", Command::SearchCd},
-    {&Form3::PicLista, "\\bitmap\\form3Bot3on.jpg", "\\bitmap\\form3bot3hit.jpg",
-     &Form3::PicSearchCDROM, "\\bitmap\\form3bot2off.jpg", &Form3::PicSearch,
-     "\\bitmap\\form3bot1off.jpg", "Cambiar a Ventana Lista", Command::ShowList},
+    {&Form3::PicSearch, "\\bitmap\\form3Bot1off.jpg", "\\bitmap\\form3Bot1on.jpg",
+     "\\bitmap\\form3bot1hit.jpg", "Busca en la direccion indicada", Command::Search},
+    {&Form3::PicSearchCDROM, "\\bitmap\\form3Bot2off.jpg", "\\bitmap\\form3Bot2on.jpg",
+     "\\bitmap\\form3bot2hit.jpg", "Busca en todo el CD-ROM", Command::SearchCd},
+    {&Form3::PicLista, "\\bitmap\\form3bot3off.jpg", "\\bitmap\\form3Bot3on.jpg",
+     "\\bitmap\\form3bot3hit.jpg", "Cambiar a Ventana Lista", Command::ShowList},
 };
 
 Form3::Form3(const platform::AppFolder& app, const platform::IDrives& drives, QWidget* parent)
-    : QWidget(parent), m_app(app), m_drives(drives)
+    : QWidget(parent), m_app(app), m_drives(drives), m_hover(app, this)
 {
     setObjectName(QStringLiteral("Form3"));
     setWindowTitle(QStringLiteral("Direccion de Busqueda"));
@@ -80,9 +74,13 @@ Form3::Form3(const platform::AppFolder& app, const platform::IDrives& drives, QW
 
 void Form3::createControls()
 {
-    PicLista = platform::namedChild<ImageButton>(this, "PicLista", m_app);
-    PicSearchCDROM = platform::namedChild<ImageButton>(this, "PicSearchCDROM", m_app);
-    PicSearch = platform::namedChild<ImageButton>(this, "PicSearch", m_app);
+    PicLista = platform::namedChild<QLabel>(this, "PicLista");
+    PicSearchCDROM = platform::namedChild<QLabel>(this, "PicSearchCDROM");
+    PicSearch = platform::namedChild<QLabel>(this, "PicSearch");
+    for (QLabel* button : {PicLista, PicSearchCDROM, PicSearch}) {
+        button->setScaledContents(true);
+        button->setCursor(Qt::PointingHandCursor);
+    }
     Combo1 = platform::namedChild<QComboBox>(this, "Combo1");
     Combo1->setEditable(true);
     Combo1->setInsertPolicy(QComboBox::NoInsert);
@@ -142,24 +140,20 @@ void Form3::connectControls()
                 if (index.isValid())
                     m_folder = m_folders->filePath(index);
             });
-    for (ImageButton* button : {PicSearch, PicSearchCDROM, PicLista}) {
-        connect(button, &ImageButton::entered, this,
-                [this, button] { imageButtonEntered(button); });
-        connect(button, &ImageButton::pressed, this,
-                [this, button] { imageButtonPressed(button); });
-    }
     for (QWidget* filtered :
          {static_cast<QWidget*>(Combo1), static_cast<QWidget*>(Combo1->lineEdit()),
-          static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Dir1)})
+          static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Dir1),
+          static_cast<QWidget*>(PicSearch), static_cast<QWidget*>(PicSearchCDROM),
+          static_cast<QWidget*>(PicLista)})
         filtered->installEventFilter(this);
 }
 
 void Form3::loadPictures()
 {
     m_background = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform3.jpg"));
-    PicSearch->loadPicture(QStringLiteral("\\bitmap\\form3Bot1off.jpg"));
-    PicSearchCDROM->loadPicture(QStringLiteral("\\bitmap\\form3Bot2off.jpg"));
-    PicLista->loadPicture(QStringLiteral("\\bitmap\\form3bot3off.jpg"));
+    for (const ImageButtonRole& role : kRoles)
+        m_hover.add(this->*role.button, QLatin1String(role.off), QLatin1String(role.on),
+                    QLatin1String(role.hit));
 }
 
 void Form3::refreshDrives()
@@ -253,39 +247,31 @@ void Form3::runCommand(Command command)
         m_controller->run(command);
 }
 
-void Form3::imageButtonEntered(ImageButton* button)
+// The pointer entering a button gives it its tooltip; a press shows its "hit" picture and runs
+// its command.
+bool Form3::imageButtonEvent(QObject* watched, QEvent* event)
 {
     for (const ImageButtonRole& role : kRoles) {
-        if (this->*role.button != button)
+        QLabel* button = this->*role.button;
+        if (watched != button)
             continue;
-        button->loadPicture(QLatin1String(role.on));
-        button->setToolTip(QString::fromUtf8(role.tooltip));
-        (this->*role.other1)->loadPicture(QLatin1String(role.other1Off));
-        (this->*role.other2)->loadPicture(QLatin1String(role.other2Off));
-    }
-}
-
-void Form3::imageButtonPressed(ImageButton* button)
-{
-    for (const ImageButtonRole& role : kRoles) {
-        if (this->*role.button == button) {
-            button->loadPicture(QLatin1String(role.hit));
+        if (event->type() == QEvent::Enter)
+            button->setToolTip(QString::fromUtf8(role.tooltip));
+        if (event->type() != QEvent::MouseButtonPress)
+            return false;
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            m_hover.show(button, platform::HoverPictures::Face::Hit);
             runCommand(role.command);
-            return;
         }
+        return true;
     }
-}
-
-void Form3::mouseMoveEvent(QMouseEvent* event)
-{
-    QWidget::mouseMoveEvent(event);
-    PicSearch->loadPicture(QStringLiteral("\\bitmap\\form3Bot1off.jpg"));
-    PicSearchCDROM->loadPicture(QStringLiteral("\\bitmap\\form3Bot2off.jpg"));
-    PicLista->loadPicture(QStringLiteral("\\bitmap\\form3Bot3off.jpg"));
+    return false;
 }
 
 bool Form3::eventFilter(QObject* watched, QEvent* event)
 {
+    if (imageButtonEvent(watched, event))
+        return true;
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const bool inMaskBox = watched == Combo1 || watched == Combo1->lineEdit();

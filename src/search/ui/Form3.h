@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/AppFolder.h"
+#include "platform/ui/HoverPictures.h"
 #include "search/DriveList.h"
 #include "search/ISearchWindow.h"
 #include "search/SearchWindowController.h"
@@ -16,8 +17,6 @@ class QPushButton;
 class QTreeView;
 
 namespace nubo::search {
-
-class ImageButton;
 
 // The search window "Direccion de Busqueda": drive, folder and mask of a search, and the
 // buttons that start it. Its commands are the controller's.
@@ -46,7 +45,6 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -58,9 +56,9 @@ private:
     static const ImageButtonRole kRoles[kRoleCount];
 
     // The controls, named as the form names them; tests find them by those names.
-    ImageButton* PicLista = nullptr;
-    ImageButton* PicSearchCDROM = nullptr;
-    ImageButton* PicSearch = nullptr;
+    QLabel* PicLista = nullptr;
+    QLabel* PicSearchCDROM = nullptr;
+    QLabel* PicSearch = nullptr;
     QComboBox* Combo1 = nullptr;
     QPushButton* Command4 = nullptr;
     QPushButton* Command2 = nullptr;
@@ -76,8 +74,7 @@ private:
     void loadPictures();
     void refreshDrives();
     void driveChanged(int index);
-    void imageButtonEntered(ImageButton* button);
-    void imageButtonPressed(ImageButton* button);
+    bool imageButtonEvent(QObject* watched, QEvent* event);
     void runCommand(SearchWindowController::Command command);
 
     const platform::AppFolder& m_app;
@@ -85,6 +82,7 @@ private:
     QFileSystemModel* m_folders = nullptr;
     QString m_folder;
     QPixmap m_background;
+    platform::HoverPictures m_hover;
     SearchWindowController* m_controller = nullptr;
 };
 

@@ -3,7 +3,6 @@
 
 #include "platform/ui/PictureFile.h"
 #include "search/CdromDrives.h"
-#include "search/ui/ImageButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,10 +19,11 @@ Form4::Form4(const platform::AppFolder& app, QWidget* parent) : QWidget(parent),
     setWindowTitle(QStringLiteral("Se ha detectado más de una unidad de CD-ROM"));
     createControls();
     m_background = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\mainform4.jpg"));
-    // The name has no extension, so the load fails and the button keeps its own face.
-    Command1->loadPicture(QStringLiteral("\\bitmap\\form4bot1"));
-    connect(Command1, &ImageButton::pressed, this,
-            [this] { Command1->loadPicture(QStringLiteral("\\bitmap\\form4bot1on.jpg")); });
+    // Kept: the name has no extension, so the load fails and the button keeps its own face.
+    const QPixmap face = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\form4bot1"));
+    if (!face.isNull())
+        Command1->setPixmap(face);
+    m_pressedFace = platform::loadPicture(m_app, QStringLiteral("\\bitmap\\form4bot1on.jpg"));
     Command1->installEventFilter(this);
 }
 
@@ -49,10 +49,10 @@ void Form4::createControls()
     Label2 = new QLabel(QStringLiteral("Utilizare Siempre esta unidad"), this);
     Label2->setObjectName(QStringLiteral("Label2"));
     Label2->setGeometry(40, 84, 200, 20);
-    Command1 = new ImageButton(m_app, this);
+    Command1 = new QLabel(this);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setToolTip(QStringLiteral("Busca en la compactera seleccionada"));
-    Command1->setScaledContents(false);
+    Command1->setCursor(Qt::PointingHandCursor);
     Command1->setAlignment(Qt::AlignCenter);
     Command1->setText(QStringLiteral("Buscar"));
     Command1->setStyleSheet(
@@ -63,6 +63,11 @@ void Form4::createControls()
 
 bool Form4::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == Command1 && event->type() == QEvent::MouseButtonPress) {
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && !m_pressedFace.isNull())
+            Command1->setPixmap(m_pressedFace);
+        return true;
+    }
     // A click is a press and a release on the button.
     if (watched == Command1 && event->type() == QEvent::MouseButtonRelease &&
         static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&

@@ -14,7 +14,6 @@ class QLabel;
 namespace nubo::search {
 
 class CdromDrives;
-class ImageButton;
 
 // The CD-ROM chooser: a list of the CD-ROM drives and a button that searches the chosen one.
 class Form4 final : public QWidget, public ICdChooser
@@ -45,12 +44,13 @@ private:
     QComboBox* Combo1 = nullptr;
     QCheckBox* Check1 = nullptr;
     QLabel* Label2 = nullptr;
-    ImageButton* Command1 = nullptr;
+    QLabel* Command1 = nullptr;
 
     void createControls();
 
     const platform::AppFolder& m_app;
     QPixmap m_background;
+    QPixmap m_pressedFace;
     CdromDrives* m_cdrom = nullptr;
 };
 

@@ -11,7 +11,7 @@ SearchWindows::SearchWindows(const Services& services)
       cdrom(form3, form4, services.drives, services.dialogs, engine),
       controller(form3, services.dialogs, engine, cdrom)
 {
-    engine.walker().setEventInterval(kEventIntervalMs);
+    engine.walker().setEventInterval(core::EventPump::kWalkInterval);
     form3.setController(&controller);
     form4.setCdromDrives(&cdrom);
 }

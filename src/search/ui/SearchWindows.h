@@ -26,13 +26,9 @@ public:
         platform::IOpticalTray& tray;
     };
 
-    // Pending events run at most this often during a walk; stop requests arrive as fast.
-    static constexpr int kEventIntervalMs = 8;
-
     explicit SearchWindows(const Services& services);
 
     void showSearchWindow() { form3.showWindow(); }
-    void hideSearchWindow() { form3.hide(); }
 
     Form3 form3;
     Form4 form4;
