@@ -74,11 +74,10 @@ int main(int argc, char** argv)
         const SaveOutcome saved = saveCatalogue(path, {}, source);
         const double write = seconds(timer);
         timer.restart();
-        QString error;
-        const auto loaded = loadCatalogue(path, &error);
+        const auto loaded = loadCatalogue(path);
         const double read = seconds(timer);
         if (!saved.ok || !loaded || loaded->rows.size() != kRows) {
-            std::fprintf(stderr, "%s: %s\n", name, qPrintable(saved.error + error));
+            std::fprintf(stderr, "%s: %s\n", name, qPrintable(saved.reason + loaded.reason()));
             return 1;
         }
         std::printf("%s: write %.3f s, read %.3f s, %d rows, %lld bytes\n", name, write, read,

@@ -145,7 +145,9 @@ void benchCli()
                            .toUtf8());
         }
         const QString name = QStringLiteral("catalogues/c%1.%2").arg(c).arg(c % 2 ? "mdb" : "xls");
-        database::saveCatalogue(dir.filePath(name), {}, database::rowsOf(rows));
+        const auto saved = database::saveCatalogue(dir.filePath(name), {}, database::rowsOf(rows));
+        if (!saved.ok)
+            qFatal("%s", qPrintable(saved.reason));
     }
     text.close();
     const QString cli = QStringLiteral(NUBO_APP_DIR "/nubo-cli");

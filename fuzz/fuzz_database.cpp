@@ -11,8 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
     nubo::database::DatabaseReader reader;
     if (reader.read(bytes, QStringLiteral("fuzz"))) {
-        nubo::database::CatalogueRecord record;
-        while (reader.next(record)) {
+        while (reader.next()) {
         }
     }
     return 0;

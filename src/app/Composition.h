@@ -37,7 +37,7 @@ public:
     explicit Composition(const QString& appFolder, std::function<void()> prepareAppFolder = {});
 
     // Runs start-up; false when the program must end at once.
-    bool start();
+    [[nodiscard]] bool start();
     // The catalogue named on the command line, for the list to load as "&Desde Archivo" does.
     void openAtStart(const QString& path);
     // Where a later start of this executable finds the running one.

@@ -47,7 +47,7 @@ private:
     // The folder the program was started from, whose drive the CD-ROM refusal tests.
     QString startFolder() const;
     // The cursor, tray icon and skin box steps: an error ends the handler after a report.
-    bool runGuardedSteps(core::IStartupView& view);
+    [[nodiscard]] bool runGuardedSteps(core::IStartupView& view);
     void reportError(const core::RuntimeError& error);
 
     Deps m_deps;

@@ -13,12 +13,12 @@ public:
     virtual ~ICatalogueSaveFlow() = default;
 
     // Saves the list into the current catalogue file; reports its own failures.
-    virtual bool saveToCurrentFile(const QString& currentFile) = 0;
+    [[nodiscard]] virtual bool saveToCurrentFile(const QString& currentFile) = 0;
     // The "Guardar como" save dialog: the chosen file, or an empty text (and no message) when
     // none is given.
     virtual QString askSaveAsName() = 0;
     // Saves the list into a file the user has just chosen; reports its own failures.
-    virtual bool saveToPath(const QString& path) = 0;
+    [[nodiscard]] virtual bool saveToPath(const QString& path) = 0;
 };
 
 } // namespace nubo::catalogue

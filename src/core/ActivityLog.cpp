@@ -70,7 +70,8 @@ void ActivityLog::AnotarEnLog(const QString& texto)
     const QString previo = LeerArchivo(ruta);
     const QString nuevo =
         trimSpaces(previo) + formatLine(texto, QDateTime::currentDateTime(), QLocale::system());
-    EscribirArchivo(ruta, nuevo, false);
+    // The log never fails to its caller: a line that cannot be written is lost.
+    (void)EscribirArchivo(ruta, nuevo, false);
 }
 
 void ActivityLog::VaciarLog()

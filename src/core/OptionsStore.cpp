@@ -48,7 +48,8 @@ void OptionsStore::LeerOpciones()
 void OptionsStore::OpcionesPredeterminadas()
 {
     ProfileFile file = profile();
-    file.remove();
+    // A file that cannot be removed is rewritten key by key below all the same.
+    (void)file.remove();
     const QList<QPair<QString, QString>> defaults = {
         {Options::keyOf(Option::DblClkExecute), QStringLiteral("1")},
         {Options::keyOf(Option::PermitirAnims), QStringLiteral("1")},
@@ -57,14 +58,16 @@ void OptionsStore::OpcionesPredeterminadas()
         {kDefaultsShowPropertiesKey, QStringLiteral("1")},
         {Options::keyOf(Option::MInstances), QStringLiteral("0")},
     };
+    // Writing the defaults reports nothing: a read of a missing key falls back to them anyway.
     for (const auto& [key, value] : defaults)
-        file.writeString(kSectionName, key, value);
+        (void)file.writeString(kSectionName, key, value);
 }
 
 void OptionsStore::GuardarOpciones()
 {
     ProfileFile file = profile();
-    file.remove();
+    // A failed removal shows in the writes that follow, which are checked.
+    (void)file.remove();
     for (const Option option : Options::all) {
         if (!file.writeString(kSectionName, Options::keyOf(option),
                               QString::number(m_options.value(option)))) {

@@ -18,8 +18,9 @@ public:
 
     QString readString(const QString& section, const QString& key, const QString& defaultText,
                        int bufferSize = 255) const;
-    bool writeString(const QString& section, const QString& key, const QString& value);
-    bool remove();
+    [[nodiscard]] bool writeString(const QString& section, const QString& key,
+                                   const QString& value);
+    [[nodiscard]] bool remove();
 
 private:
     QString m_path;

@@ -13,7 +13,7 @@ QString LeerArchivo(const QString& ruta);
 
 // Writes text from the start of the file, opening it without truncation: bytes beyond the
 // new text keep their old contents. With noSobrescribir, an existing file is left alone.
-bool EscribirArchivo(const QString& ruta, const QString& texto, bool noSobrescribir);
+[[nodiscard]] bool EscribirArchivo(const QString& ruta, const QString& texto, bool noSobrescribir);
 
 // Bytes as text in the system code page, cut at the first zero character.
 QString BytesATexto(const QByteArray& bytes);

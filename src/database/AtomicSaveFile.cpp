@@ -43,10 +43,10 @@ AtomicSaveFile::~AtomicSaveFile()
     discard();
 }
 
-FileStep AtomicSaveFile::failed(const QString& what, int error)
+Failure AtomicSaveFile::failed(const QString& what, int error)
 {
     closeAll();
-    return {false, what.arg(m_path) + QLatin1Char(' ') + fileErrorCause(error)};
+    return {what.arg(m_path) + QLatin1Char(' ') + fileErrorCause(error)};
 }
 
 void AtomicSaveFile::closeAll()
@@ -69,7 +69,7 @@ void AtomicSaveFile::discard()
 
 // Refuses anything but a regular file (FIFOs, devices, folders, dangling symlinks), and
 // follows a symlink so that the file it leads to is replaced, not the link.
-FileStep AtomicSaveFile::resolveTarget()
+Outcome<> AtomicSaveFile::resolveTarget()
 {
     const QByteArray named = QFile::encodeName(m_path);
     struct stat st
@@ -82,13 +82,13 @@ FileStep AtomicSaveFile::resolveTarget()
     if (m_replaces && S_ISLNK(st.st_mode)) {
         char resolved[PATH_MAX];
         if (::realpath(named.constData(), resolved) == nullptr || ::stat(resolved, &st) != 0)
-            return {false, QStringLiteral("%1 es un enlace a un archivo que no existe: no se "
+            return Failure{QStringLiteral("%1 es un enlace a un archivo que no existe: no se "
                                           "escribe en él.")
                                .arg(m_path)};
         m_final = resolved;
     }
     if (m_replaces && !S_ISREG(st.st_mode))
-        return {false, QStringLiteral("%1 no es un archivo normal (es una carpeta, una tubería o "
+        return Failure{QStringLiteral("%1 no es un archivo normal (es una carpeta, una tubería o "
                                       "un dispositivo): no se escribe en él.")
                            .arg(m_path)};
     m_oldUid = st.st_uid;
@@ -116,7 +116,7 @@ void AtomicSaveFile::removeLeftovers() const
     }
 }
 
-FileStep AtomicSaveFile::createUnnamed()
+Outcome<> AtomicSaveFile::createUnnamed()
 {
     if (m_temporary == Temporary::Named)
         return createNamed();
@@ -128,7 +128,7 @@ FileStep AtomicSaveFile::createUnnamed()
     return failed(QStringLiteral("No se puede crear el archivo %1:"), errno);
 }
 
-FileStep AtomicSaveFile::createNamed()
+Outcome<> AtomicSaveFile::createNamed()
 {
     m_tempName = tempNameFor(m_base);
     m_fd = ::openat(m_dirFd, m_tempName.constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC,
@@ -140,25 +140,25 @@ FileStep AtomicSaveFile::createNamed()
     return failed(QStringLiteral("No se puede crear el archivo %1:"), error);
 }
 
-FileStep AtomicSaveFile::open()
+Outcome<> AtomicSaveFile::open()
 {
     discard();
-    if (FileStep step = resolveTarget(); !step)
+    if (Outcome<> step = resolveTarget(); !step)
         return step;
     m_dirFd = ::open(m_folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (m_dirFd < 0)
         return failed(QStringLiteral("No se puede abrir la carpeta de %1:"), errno);
     removeLeftovers();
-    if (FileStep step = createUnnamed(); !step)
+    if (Outcome<> step = createUnnamed(); !step)
         return step;
-    if (FileStep step = giveOwnerAndMode(); !step)
+    if (Outcome<> step = giveOwnerAndMode(); !step)
         return step;
     m_device = std::make_unique<DescriptorDevice>(m_fd);
     return {};
 }
 
 // The new file takes the replaced one's mode, and its owner where we may give it.
-FileStep AtomicSaveFile::giveOwnerAndMode()
+Outcome<> AtomicSaveFile::giveOwnerAndMode()
 {
     if (!m_replaces)
         return {};
@@ -174,7 +174,7 @@ FileStep AtomicSaveFile::giveOwnerAndMode()
     return {};
 }
 
-FileStep AtomicSaveFile::nameAndReplace()
+Outcome<> AtomicSaveFile::nameAndReplace()
 {
     if (m_tempName.isEmpty()) {
         const QByteArray self = "/proc/self/fd/" + QByteArray::number(m_fd);
@@ -193,14 +193,14 @@ FileStep AtomicSaveFile::nameAndReplace()
     return {};
 }
 
-FileStep AtomicSaveFile::commit()
+Outcome<> AtomicSaveFile::commit()
 {
     if (m_fd < 0)
-        return {false, QStringLiteral("%1 no está abierto.").arg(m_path)};
+        return Failure{QStringLiteral("%1 no está abierto.").arg(m_path)};
     m_device.reset();
     if (::fsync(m_fd) != 0)
         return failed(QStringLiteral("No se puede escribir en el archivo %1:"), errno);
-    if (FileStep step = nameAndReplace(); !step)
+    if (Outcome<> step = nameAndReplace(); !step)
         return step;
     if (::fsync(m_dirFd) != 0 && errno != EINVAL)
         return failed(QStringLiteral("No se puede asentar la carpeta de %1:"), errno);

@@ -2,20 +2,13 @@
 #pragma once
 
 #include "database/DescriptorDevice.h"
+#include "platform/Outcome.h"
 
 #include <QString>
 
 #include <memory>
 
 namespace nubo::database {
-
-// The result of one step on a file: ok, or the Spanish reason it failed.
-struct [[nodiscard]] FileStep
-{
-    bool ok = true;
-    QString error;
-    explicit operator bool() const { return ok; }
-};
 
 // The one way a catalogue file is written: into an unnamed file in the target's folder, which
 // commit() flushes, names and renames over the target, then flushes the folder. Until then the
@@ -35,22 +28,22 @@ public:
     AtomicSaveFile(const AtomicSaveFile&) = delete;
     AtomicSaveFile& operator=(const AtomicSaveFile&) = delete;
 
-    FileStep open();
+    [[nodiscard]] Outcome<> open();
     // Whether the target existed when open() ran.
     bool replacesFile() const { return m_replaces; }
     // Written from its start; valid between open() and commit() or discard().
     DescriptorDevice* device() { return m_device.get(); }
-    FileStep commit();
+    [[nodiscard]] Outcome<> commit();
     void discard();
 
 private:
-    FileStep resolveTarget();
-    FileStep createUnnamed();
-    FileStep createNamed();
-    FileStep giveOwnerAndMode();
-    FileStep nameAndReplace();
+    Outcome<> resolveTarget();
+    Outcome<> createUnnamed();
+    Outcome<> createNamed();
+    Outcome<> giveOwnerAndMode();
+    Outcome<> nameAndReplace();
     void removeLeftovers() const;
-    FileStep failed(const QString& what, int error);
+    Failure failed(const QString& what, int error);
     void closeAll();
 
     QString m_path;     // as the caller named it, for messages

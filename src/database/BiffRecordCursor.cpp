@@ -103,22 +103,23 @@ qsizetype BiffTextReader::nextBoundary() const
     return found == m_data.boundaries.end() ? m_data.bytes.size() : *found;
 }
 
-bool BiffTextReader::readChars(quint32 count, bool wide, QString& text)
+std::optional<QString> BiffTextReader::readChars(quint32 count, bool wide)
 {
+    QString text;
     text.reserve(count);
     while (count > 0) {
         // A run that starts on a boundary begins with the continuation's encoding byte.
         if (std::binary_search(m_data.boundaries.begin(), m_data.boundaries.end(), m_pos)) {
             const auto flags = u8();
             if (!flags)
-                return false;
+                return std::nullopt;
             wide = (*flags & kWideFlag) != 0;
         }
         const qsizetype width = wide ? 2 : 1;
         const qsizetype available = (nextBoundary() - m_pos) / width;
         const auto take = quint32(std::min<qsizetype>(count, available));
         if (take == 0 && nextBoundary() >= m_data.bytes.size())
-            return false;
+            return std::nullopt;
         for (quint32 i = 0; i < take; ++i) {
             const auto* at = m_data.bytes.constData() + m_pos;
             text.append(wide ? QChar(char16_t(quint8(at[0]) | (quint8(at[1]) << 8)))
@@ -129,7 +130,7 @@ bool BiffTextReader::readChars(quint32 count, bool wide, QString& text)
         if (count > 0 && take == 0)
             m_pos = nextBoundary(); // a stray odd byte before the boundary
     }
-    return true;
+    return text;
 }
 
 std::optional<QString> BiffTextReader::unicodeString(bool shortCount)
@@ -152,8 +153,8 @@ std::optional<QString> BiffTextReader::unicodeString(bool shortCount)
             return std::nullopt;
         extension = *e;
     }
-    QString text;
-    if (!readChars(*count, (*flags & kWideFlag) != 0, text))
+    std::optional<QString> text = readChars(*count, (*flags & kWideFlag) != 0);
+    if (!text)
         return std::nullopt;
     if (!skip(qint64(runs) * 4) || !skip(extension))
         return std::nullopt;

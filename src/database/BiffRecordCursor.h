@@ -67,7 +67,7 @@ public:
 
 private:
     qsizetype nextBoundary() const;
-    bool readChars(quint32 count, bool wide, QString& text);
+    std::optional<QString> readChars(quint32 count, bool wide);
 
     const BiffContinuedData& m_data;
     qsizetype m_pos = 0;

@@ -31,7 +31,8 @@ enum class BiffProblem { NotWorkbook, Excel2, Excel3, Excel4 };
 // cells read up to the damage and names it, or a problem when not even the sheet can be found.
 // What the file declares is checked against what is read: the shared-string count, both end
 // records, the row index's cell-block positions, the sheet's dimensions, the string indices.
-std::variant<BiffSheetContent, BiffProblem> parseWorkbookStream(QByteArrayView stream);
+[[nodiscard]] std::variant<BiffSheetContent, BiffProblem>
+parseWorkbookStream(QByteArrayView stream);
 
 // A number as the spreadsheet's General format shows it in a cell.
 QString generalNumberText(double value);

@@ -20,15 +20,15 @@ SaveOutcome saveFailed(SaveOutcome outcome, SaveStage stage, const QString& erro
 {
     outcome.ok = false;
     outcome.failedAt = stage;
-    outcome.error = error;
+    outcome.reason = error;
     return outcome;
 }
 
 // The one row loop of every save: feeds the rows to a writer until they run out or the
-// progress hook says stop. False when the writer refused a row.
+// progress hook says stop. Fails when the writer refused a row.
 template <typename Writer>
-bool feedRows(Writer& writer, const CatalogueRowSource& rows, const SaveHooks& hooks,
-              SaveOutcome& outcome)
+Outcome<> feedRows(Writer& writer, const CatalogueRowSource& rows, const SaveHooks& hooks,
+                   SaveOutcome& outcome)
 {
     if (hooks.begun)
         hooks.begun(rows.count);
@@ -36,19 +36,19 @@ bool feedRows(Writer& writer, const CatalogueRowSource& rows, const SaveHooks& h
         if (hooks.beforeRow && !hooks.beforeRow(i)) {
             outcome.stopped = true;
             outcome.discarded = outcome.replacing || (hooks.discardOnStop && hooks.discardOnStop());
-            return true;
+            return {};
         }
-        if (!writer.addRow(rows.row(i)))
-            return false;
+        if (auto added = writer.addRow(rows.row(i)); !added)
+            return added;
         ++outcome.written;
     }
-    return true;
+    return {};
 }
 
 LoadOutcome loadFailed(const QString& error)
 {
     LoadOutcome outcome;
-    outcome.error = error;
+    outcome.reason = error;
     return outcome;
 }
 
@@ -111,22 +111,24 @@ SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& option
 {
     SaveOutcome outcome;
     WorkbookWriter writer;
-    if (!writer.begin(path, {options.sheetName, options.header, options.style}, rows.count))
-        return saveFailed(outcome, SaveStage::Open, writer.errorString());
+    if (auto begun =
+            writer.begin(path, {options.sheetName, options.header, options.style}, rows.count);
+        !begun)
+        return saveFailed(outcome, SaveStage::Open, begun.reason());
     AtomicSaveFile file(path);
-    if (FileStep opened = file.open(); !opened)
-        return saveFailed(outcome, SaveStage::Open, opened.error);
+    if (auto opened = file.open(); !opened)
+        return saveFailed(outcome, SaveStage::Open, opened.reason());
     outcome.replacing = file.replacesFile();
-    if (!feedRows(writer, rows, hooks, outcome))
-        return saveFailed(outcome, SaveStage::Rows, writer.errorString());
+    if (auto fed = feedRows(writer, rows, hooks, outcome); !fed)
+        return saveFailed(outcome, SaveStage::Rows, fed.reason());
     if (outcome.discarded)
         return outcome;
     if (outcome.stopped)
         writer.dropStyle(); // a stopped save is still written, unstyled
-    if (!writer.finish(*file.device()))
-        return saveFailed(outcome, SaveStage::Finish, writer.errorString());
-    if (FileStep committed = file.commit(); !committed)
-        return saveFailed(outcome, SaveStage::Finish, committed.error);
+    if (auto finished = writer.finish(*file.device()); !finished)
+        return saveFailed(outcome, SaveStage::Finish, finished.reason());
+    if (auto committed = file.commit(); !committed)
+        return saveFailed(outcome, SaveStage::Finish, committed.reason());
     outcome.ok = true;
     return outcome;
 }
@@ -139,21 +141,23 @@ SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& option
     SaveOutcome outcome;
     AtomicSaveFile file(path);
     DatabaseWriter writer;
-    if (FileStep opened = file.open(); !opened)
-        return saveFailed(outcome, SaveStage::Open, opened.error);
+    if (auto opened = file.open(); !opened)
+        return saveFailed(outcome, SaveStage::Open, opened.reason());
     outcome.replacing = file.replacesFile();
-    if (!writer.begin(file.device(), options.header))
-        return saveFailed(outcome, SaveStage::Open, writer.errorString());
-    if (!feedRows(writer, rows, hooks, outcome))
-        return saveFailed(outcome, SaveStage::Rows, writer.errorString());
+    if (auto begun = writer.begin(file.device(), options.header); !begun)
+        return saveFailed(outcome, SaveStage::Open, begun.reason());
+    if (auto fed = feedRows(writer, rows, hooks, outcome); !fed)
+        return saveFailed(outcome, SaveStage::Rows, fed.reason());
     if (outcome.discarded)
         return outcome;
-    if (outcome.stopped && options.stopLeavesEmptyRecord && !writer.addRow({}))
-        return saveFailed(outcome, SaveStage::Rows, writer.errorString());
-    if (!writer.finish())
-        return saveFailed(outcome, SaveStage::Finish, writer.errorString());
-    if (FileStep committed = file.commit(); !committed)
-        return saveFailed(outcome, SaveStage::Finish, committed.error);
+    if (outcome.stopped && options.stopLeavesEmptyRecord) {
+        if (auto added = writer.addRow({}); !added)
+            return saveFailed(outcome, SaveStage::Rows, added.reason());
+    }
+    if (auto finished = writer.finish(); !finished)
+        return saveFailed(outcome, SaveStage::Finish, finished.reason());
+    if (auto committed = file.commit(); !committed)
+        return saveFailed(outcome, SaveStage::Finish, committed.reason());
     outcome.ok = true;
     return outcome;
 }
@@ -172,8 +176,8 @@ SaveOutcome saveCatalogue(const QString& path, const CatalogueSaveOptions& optio
 LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
 {
     WorkbookReader reader;
-    if (!reader.open(path))
-        return loadFailed(reader.errorString());
+    if (auto opened = reader.open(path); !opened)
+        return loadFailed(opened.reason());
     LoadOutcome outcome;
     outcome.ok = true;
     outcome.name = reader.sheetName();
@@ -197,8 +201,8 @@ LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
 LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
 {
     DatabaseReader reader;
-    if (!reader.open(path))
-        return loadFailed(reader.errorString());
+    if (auto opened = reader.open(path); !opened)
+        return loadFailed(opened.reason());
     QList<CatalogueRecord> records = reader.takeRecords();
     LoadOutcome outcome;
     outcome.ok = true;
@@ -225,10 +229,10 @@ LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks)
 
 LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks)
 {
-    const SourceBytes source = readSourceFile(path);
-    if (!source.bytes)
-        return loadFailed(source.error);
-    const QString text = QString::fromUtf8(*source.bytes);
+    const Outcome<QByteArray> source = readSourceFile(path);
+    if (!source)
+        return loadFailed(source.reason());
+    const QString text = QString::fromUtf8(*source);
     LoadOutcome outcome;
     outcome.ok = true;
     outcome.name = QFileInfo(path).completeBaseName();
@@ -257,15 +261,13 @@ LoadOutcome readAnyCatalogue(const QString& path, const LoadHooks& hooks)
     return catalogueFormatOf(path) ? readCatalogue(path, hooks) : readScanTsv(path, hooks);
 }
 
-std::optional<LoadedCatalogue> loadCatalogue(const QString& path, QString* error)
+Outcome<LoadedCatalogue> loadCatalogue(const QString& path)
 {
     LoadedCatalogue loaded;
     const LoadOutcome outcome = readCatalogue(
         path, {{}, {}, [&loaded](CatalogueRecord&& r) { loaded.rows.append(std::move(r)); }});
-    if (!outcome.ok) {
-        *error = outcome.error;
-        return std::nullopt;
-    }
+    if (!outcome.ok)
+        return Failure{outcome.reason};
     loaded.name = outcome.name;
     if (outcome.damaged) {
         loaded.damage = damageText(path, outcome);

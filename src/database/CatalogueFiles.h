@@ -3,6 +3,7 @@
 
 #include "database/CatalogueRecord.h"
 #include "database/SheetStyle.h"
+#include "platform/Outcome.h"
 
 #include <QList>
 #include <QString>
@@ -54,7 +55,7 @@ struct SaveHooks
 // completing the file.
 enum class SaveStage { Open, Rows, Finish };
 
-struct SaveOutcome
+struct [[nodiscard]] SaveOutcome
 {
     bool ok = false;
     bool stopped = false;
@@ -62,7 +63,7 @@ struct SaveOutcome
     bool replacing = false; // the target existed: a stop abandons the save and keeps that file
     qsizetype written = 0;  // list rows written (an empty record at a stop not counted)
     SaveStage failedAt = SaveStage::Open;
-    QString error; // the writer's or the file's own reason
+    QString reason; // the writer's or the file's own, when not ok
 };
 
 // Writes the rows to a new workbook or database chosen by the path's extension. A stopped
@@ -70,12 +71,13 @@ struct SaveOutcome
 // an existing file, and a failed or discarded one, leave the previous file byte for byte. Only
 // a regular file (or a symlink to one) is replaced; the file is flushed, renamed over the
 // target and the folder flushed, with the replaced file's owner and mode.
-SaveOutcome saveCatalogue(const QString& path, const CatalogueSaveOptions& options,
-                          const CatalogueRowSource& rows, const SaveHooks& hooks = {});
-SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& options,
-                         const CatalogueRowSource& rows, const SaveHooks& hooks = {});
-SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& options,
-                         const CatalogueRowSource& rows, const SaveHooks& hooks = {});
+[[nodiscard]] SaveOutcome saveCatalogue(const QString& path, const CatalogueSaveOptions& options,
+                                        const CatalogueRowSource& rows,
+                                        const SaveHooks& hooks = {});
+[[nodiscard]] SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& options,
+                                       const CatalogueRowSource& rows, const SaveHooks& hooks = {});
+[[nodiscard]] SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& options,
+                                       const CatalogueRowSource& rows, const SaveHooks& hooks = {});
 
 // What a load tells its caller while it runs; row must be set, the others may be empty.
 struct LoadHooks
@@ -87,13 +89,13 @@ struct LoadHooks
     std::function<void(CatalogueRecord&& record)> row; // each row the list takes, in order
 };
 
-struct LoadOutcome
+struct [[nodiscard]] LoadOutcome
 {
     bool ok = false;
     bool stopped = false;
     qsizetype added = 0;
     QString name;
-    QString error;
+    QString reason; // when not ok
     // The file read but is damaged: the rows before the damage were handed over (ok is true),
     // damage says what was found and declared how many rows the file states it holds.
     bool damaged = false;
@@ -105,14 +107,14 @@ struct LoadOutcome
 // order without those whose first cell is empty, a database's records last first. A stopped
 // load has handed over the rows read so far, and so has a damaged one. Only a regular file is
 // read, and none larger than any catalogue can be.
-LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks);
-LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks);
-LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks);
+[[nodiscard]] LoadOutcome readCatalogue(const QString& path, const LoadHooks& hooks);
+[[nodiscard]] LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks);
+[[nodiscard]] LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks);
 // The rows "nubo-cli scan" prints (NOMBRE, DIRECCION, ORIGEN, FORMATO and UNIDAD, tab-separated
 // and backslash-escaped), in file order; blank lines are skipped. The name is the file's.
-LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks);
+[[nodiscard]] LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks);
 // A workbook or a database by its extension, any other file as a scan TSV.
-LoadOutcome readAnyCatalogue(const QString& path, const LoadHooks& hooks);
+[[nodiscard]] LoadOutcome readAnyCatalogue(const QString& path, const LoadHooks& hooks);
 
 // A whole catalogue file read at once.
 struct LoadedCatalogue
@@ -123,7 +125,7 @@ struct LoadedCatalogue
     qint64 declared = 0; // with damage: the rows the file states it holds
 };
 
-std::optional<LoadedCatalogue> loadCatalogue(const QString& path, QString* error);
+[[nodiscard]] Outcome<LoadedCatalogue> loadCatalogue(const QString& path);
 
 // The damage of a load in one Spanish sentence with its counts ("El archivo X está dañado:
 // se leyeron 35.159 filas de 60.000 (…)."), for the window and the command line.

@@ -61,27 +61,24 @@ void DatabaseReader::close()
     m_damage.clear();
 }
 
-bool DatabaseReader::fail(const QString& message)
+Failure DatabaseReader::fail(const QString& message)
 {
     close();
-    m_error = message;
-    return false;
+    return {message};
 }
 
-bool DatabaseReader::open(const QString& path)
+Outcome<> DatabaseReader::open(const QString& path)
 {
     close();
-    m_error.clear();
-    SourceBytes source = readSourceFile(path);
-    if (!source.bytes)
-        return fail(source.error);
-    return read(*source.bytes, path);
+    Outcome<QByteArray> source = readSourceFile(path);
+    if (!source)
+        return fail(source.reason());
+    return read(source.value(), path);
 }
 
-bool DatabaseReader::read(const QByteArray& file, const QString& name)
+Outcome<> DatabaseReader::read(const QByteArray& file, const QString& name)
 {
     close();
-    m_error.clear();
     const jet::JetFileReader jet(file);
     if (jet.kind() == jet::JetFileReader::Kind::OlderJet)
         return fail(QStringLiteral("%1 es una base de datos de Access 97 o anterior: "
@@ -117,7 +114,7 @@ bool DatabaseReader::read(const QByteArray& file, const QString& name)
     checkWhole(file.size());
     if (m_damage.isEmpty())
         m_damage = jet.usageMapDamage(*table);
-    return true;
+    return {};
 }
 
 // The table states how many records it has, and the file is made of whole pages: anything else
@@ -132,12 +129,11 @@ void DatabaseReader::checkWhole(qsizetype fileSize)
         m_damage = QStringLiteral("el archivo está cortado a mitad de una página");
 }
 
-bool DatabaseReader::next(CatalogueRecord& record)
+std::optional<CatalogueRecord> DatabaseReader::next()
 {
     if (m_next >= m_rows.size())
-        return false;
-    record = m_rows.at(m_next++);
-    return true;
+        return std::nullopt;
+    return m_rows.at(m_next++);
 }
 
 QList<CatalogueRecord> DatabaseReader::takeRecords()

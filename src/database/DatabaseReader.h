@@ -2,9 +2,12 @@
 #pragma once
 
 #include "database/CatalogueRecord.h"
+#include "platform/Outcome.h"
 
 #include <QList>
 #include <QString>
+
+#include <optional>
 
 namespace nubo::database {
 
@@ -13,9 +16,9 @@ namespace nubo::database {
 class DatabaseReader final
 {
 public:
-    bool open(const QString& path);
+    [[nodiscard]] Outcome<> open(const QString& path);
     // Reads a whole file held in memory; the name only goes into error messages.
-    bool read(const QByteArray& file, const QString& name);
+    [[nodiscard]] Outcome<> read(const QByteArray& file, const QString& name);
     void close();
 
     QString tableName() const { return m_tableName; }
@@ -24,14 +27,13 @@ public:
     qsizetype recordCount() const { return m_recordCount; }
     // Empty when the table read whole; otherwise what is damaged (the records found still read).
     QString damage() const { return m_damage; }
-    // The next record in file order; false at the end.
-    bool next(CatalogueRecord& record);
+    // The next record in file order; none at the end.
+    std::optional<CatalogueRecord> next();
     // Every record not yet read, in file order, handed over without a copy.
     QList<CatalogueRecord> takeRecords();
-    QString errorString() const { return m_error; }
 
 private:
-    bool fail(const QString& message);
+    Failure fail(const QString& message);
     void checkWhole(qsizetype fileSize);
 
     QList<CatalogueRecord> m_rows;
@@ -39,7 +41,6 @@ private:
     qsizetype m_recordCount = 0;
     QString m_tableName;
     QStringList m_fieldNames;
-    QString m_error;
     QString m_damage;
 };
 

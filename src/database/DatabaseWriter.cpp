@@ -20,14 +20,14 @@ bool isValidFieldName(const QString& name)
     return true;
 }
 
-bool DatabaseWriter::fail(const QString& message)
+Failure DatabaseWriter::fail(const QString& message)
 {
     m_error = message;
     m_device = nullptr;
-    return false;
+    return {message};
 }
 
-bool DatabaseWriter::begin(QIODevice* device, const CatalogueHeader& header)
+Outcome<> DatabaseWriter::begin(QIODevice* device, const CatalogueHeader& header)
 {
     m_device = nullptr;
     m_rows = 0;
@@ -62,35 +62,35 @@ bool DatabaseWriter::begin(QIODevice* device, const CatalogueHeader& header)
     // Room for the catalogue pages, which finish() writes once the rows are known.
     const QByteArray blank(kPageSize, '\0');
     for (quint32 p = 0; p < page::kFirstUserData; ++p) {
-        if (!writePage(blank))
-            return false;
+        if (auto step = writePage(blank); !step)
+            return step;
     }
     m_page.emplace(page::kUserTable);
-    return true;
+    return {};
 }
 
-bool DatabaseWriter::writePage(const QByteArray& bytes)
+Outcome<> DatabaseWriter::writePage(const QByteArray& bytes)
 {
     if (m_device->write(bytes) != bytes.size())
         return fail(
             QStringLiteral("No se puede escribir en el archivo: %1").arg(m_device->errorString()));
     ++m_nextPage;
-    return true;
+    return {};
 }
 
-bool DatabaseWriter::flushDataPage()
+Outcome<> DatabaseWriter::flushDataPage()
 {
     if (m_page->rowCount() == 0)
-        return true;
-    const bool ok = writePage(m_page->bytes());
+        return {};
+    auto written = writePage(m_page->bytes());
     m_page.emplace(page::kUserTable);
-    return ok;
+    return written;
 }
 
-bool DatabaseWriter::addRow(const CatalogueRecord& record)
+Outcome<> DatabaseWriter::addRow(const CatalogueRecord& record)
 {
     if (m_device == nullptr)
-        return false;
+        return Failure{m_error};
     QList<Value> values(4);
     for (int i = 0; i < 4; ++i) {
         const QString& text = record.field(i);
@@ -105,20 +105,20 @@ bool DatabaseWriter::addRow(const CatalogueRecord& record)
     }
     const QByteArray row = encodeRow(m_layout, values);
     if (!m_page->add(row)) {
-        if (!flushDataPage())
-            return false;
+        if (auto step = flushDataPage(); !step)
+            return step;
         m_page->add(row);
     }
     ++m_rows;
-    return true;
+    return {};
 }
 
-bool DatabaseWriter::finish()
+Outcome<> DatabaseWriter::finish()
 {
     if (m_device == nullptr)
-        return false;
-    if (!flushDataPage())
-        return false;
+        return Failure{m_error};
+    if (auto step = flushDataPage(); !step)
+        return step;
     QList<quint32> dataPages;
     for (quint32 p = page::kFirstUserData; p < m_nextPage; ++p)
         dataPages.append(p);
@@ -128,8 +128,8 @@ bool DatabaseWriter::finish()
         dataPages.isEmpty() ? QList<quint32>{} : QList{dataPages.last()};
     const QByteArray free = usageMapRow(withRoom, m_nextPage, &mapPages);
     for (const QByteArray& map : std::as_const(mapPages)) {
-        if (!writePage(map))
-            return false;
+        if (auto step = writePage(map); !step)
+            return step;
     }
     const double created = oleDateNow();
     m_table.rowCount = quint32(m_rows);
@@ -144,7 +144,7 @@ bool DatabaseWriter::finish()
                             .arg(m_device->errorString()));
     }
     m_device = nullptr;
-    return true;
+    return {};
 }
 
 } // namespace nubo::database

@@ -4,6 +4,7 @@
 #include "database/CatalogueRecord.h"
 #include "database/JetPages.h"
 #include "database/JetSchema.h"
+#include "platform/Outcome.h"
 
 #include <QIODevice>
 
@@ -19,17 +20,17 @@ public:
     static QString tableName() { return QStringLiteral("Catalogo"); }
 
     // The device must be open for writing and seekable; it is written from its start.
-    bool begin(QIODevice* device, const CatalogueHeader& header);
-    bool addRow(const CatalogueRecord& record);
-    bool finish();
+    // After a failure, every later call fails with the same reason.
+    [[nodiscard]] Outcome<> begin(QIODevice* device, const CatalogueHeader& header);
+    [[nodiscard]] Outcome<> addRow(const CatalogueRecord& record);
+    [[nodiscard]] Outcome<> finish();
 
     qsizetype rowCount() const { return m_rows; }
-    QString errorString() const { return m_error; }
 
 private:
-    bool fail(const QString& message);
-    bool writePage(const QByteArray& page);
-    bool flushDataPage();
+    Failure fail(const QString& message);
+    Outcome<> writePage(const QByteArray& page);
+    Outcome<> flushDataPage();
 
     QIODevice* m_device = nullptr;
     jet::Table m_table;
@@ -37,7 +38,7 @@ private:
     std::optional<jet::DataPage> m_page;
     quint32 m_nextPage = 0;
     qsizetype m_rows = 0;
-    QString m_error;
+    QString m_error; // the first failure's reason
 };
 
 // A field name the database engine accepts.

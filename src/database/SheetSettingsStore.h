@@ -15,9 +15,9 @@ public:
 
     QString path() const;
     // The stored settings; a missing, unreadable or damaged file gives the initial ones.
-    SheetSettings load() const;
+    [[nodiscard]] SheetSettings load() const;
     // Replaces the file as a whole; false, with the old file kept, when that fails.
-    bool save(const SheetSettings& settings) const;
+    [[nodiscard]] bool save(const SheetSettings& settings) const;
 
 private:
     platform::AppFolder m_app;

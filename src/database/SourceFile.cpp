@@ -25,9 +25,9 @@ struct Descriptor
     }
 };
 
-SourceBytes refused(const QString& text)
+Failure refused(const QString& text)
 {
-    return {std::nullopt, text};
+    return {text};
 }
 
 QString megabytes(qint64 bytes)
@@ -37,7 +37,7 @@ QString megabytes(qint64 bytes)
 
 } // namespace
 
-SourceBytes readSourceFile(const QString& path, qint64 limit)
+Outcome<QByteArray> readSourceFile(const QString& path, qint64 limit)
 {
     const Descriptor file{
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
@@ -74,7 +74,7 @@ SourceBytes readSourceFile(const QString& path, qint64 limit)
         done += n;
     }
     bytes.truncate(done);
-    return {std::move(bytes), {}};
+    return bytes;
 }
 
 } // namespace nubo::database

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/Outcome.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 namespace nubo::database {
 
@@ -12,15 +12,11 @@ namespace nubo::database {
 // compound file's stream ([MS-CFB] 2.6.3, stream size), which is what a workbook is kept in.
 inline constexpr qint64 kMaxCatalogueFileSize = qint64(2) << 30;
 
-struct [[nodiscard]] SourceBytes
-{
-    std::optional<QByteArray> bytes;
-    QString error; // Spanish, naming the file, when bytes is empty
-};
-
 // Reads a whole catalogue file. Only a regular file is read (checked on the open descriptor,
 // which is opened without blocking, so a FIFO cannot hang the caller), never more bytes than
-// its size, and a file larger than the limit is refused before anything is allocated.
-SourceBytes readSourceFile(const QString& path, qint64 limit = kMaxCatalogueFileSize);
+// its size, and a file larger than the limit is refused before anything is allocated. A refusal
+// names the file, in Spanish.
+[[nodiscard]] Outcome<QByteArray> readSourceFile(const QString& path,
+                                                 qint64 limit = kMaxCatalogueFileSize);
 
 } // namespace nubo::database

@@ -11,21 +11,19 @@ void WorkbookReader::close()
     m_sheet = {};
 }
 
-bool WorkbookReader::fail(const QString& message)
+Failure WorkbookReader::fail(const QString& message)
 {
     close();
-    m_error = message;
-    return false;
+    return {message};
 }
 
-bool WorkbookReader::open(const QString& path)
+Outcome<> WorkbookReader::open(const QString& path)
 {
     close();
-    m_error.clear();
-    SourceBytes source = readSourceFile(path);
-    if (!source.bytes)
-        return fail(source.error);
-    return read(*source.bytes, path);
+    Outcome<QByteArray> source = readSourceFile(path);
+    if (!source)
+        return fail(source.reason());
+    return read(source.value(), path);
 }
 
 namespace {
@@ -69,10 +67,9 @@ bool holdsText(const CatalogueRecord& record)
 
 } // namespace
 
-bool WorkbookReader::read(const QByteArray& file, const QString& name)
+Outcome<> WorkbookReader::read(const QByteArray& file, const QString& name)
 {
     close();
-    m_error.clear();
     const std::optional<QByteArray> stream = workbookStream(file);
     if (!stream)
         return fail(problemText(BiffProblem::NotWorkbook, name));
@@ -88,7 +85,7 @@ bool WorkbookReader::read(const QByteArray& file, const QString& name)
         if (m_sheet.declaredLastRow > 0)
             ++m_sheet.declaredLastRow;
     }
-    return true;
+    return {};
 }
 
 CatalogueRecord WorkbookReader::record(quint32 row) const

@@ -3,6 +3,7 @@
 
 #include "database/BiffWorkbookParser.h"
 #include "database/CatalogueRecord.h"
+#include "platform/Outcome.h"
 
 #include <QByteArray>
 #include <QString>
@@ -16,9 +17,9 @@ namespace nubo::database {
 class WorkbookReader final
 {
 public:
-    bool open(const QString& path);
+    [[nodiscard]] Outcome<> open(const QString& path);
     // Reads a whole file held in memory; the name only goes into error messages.
-    bool read(const QByteArray& file, const QString& name);
+    [[nodiscard]] Outcome<> read(const QByteArray& file, const QString& name);
     void close();
 
     QString sheetName() const { return m_sheet.name; }
@@ -30,13 +31,11 @@ public:
     QString damage() const { return m_sheet.damage; }
     // One row as a record; row is counted from 1.
     CatalogueRecord record(quint32 row) const;
-    QString errorString() const { return m_error; }
 
 private:
-    bool fail(const QString& message);
+    Failure fail(const QString& message);
 
     BiffSheetContent m_sheet;
-    QString m_error;
 };
 
 } // namespace nubo::database

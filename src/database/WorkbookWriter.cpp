@@ -94,14 +94,14 @@ bool isValidSheetName(const QString& name)
     return true;
 }
 
-bool WorkbookWriter::fail(const QString& message)
+Failure WorkbookWriter::fail(const QString& message)
 {
     m_error = message;
     m_open = false;
-    return false;
+    return {message};
 }
 
-bool WorkbookWriter::begin(const QString& path, WorkbookLayout layout, qsizetype expectedRows)
+Outcome<> WorkbookWriter::begin(const QString& path, WorkbookLayout layout, qsizetype expectedRows)
 {
     m_path = path;
     m_layout = std::move(layout);
@@ -123,7 +123,7 @@ bool WorkbookWriter::begin(const QString& path, WorkbookLayout layout, qsizetype
     m_rows.append(cellsOf({&h[0], &h[1], &h[2], &h[3]}));
     m_rows.append({kNoText, kNoText, kNoText, kNoText}); // row 2 stays empty: data starts at row 3
     m_open = true;
-    return true;
+    return {};
 }
 
 BiffRowCells WorkbookWriter::cellsOf(const std::array<const QString*, 4>& texts)
@@ -148,10 +148,10 @@ BiffColumnWidths WorkbookWriter::columnWidths(quint16 rowHeight) const
     return widths;
 }
 
-bool WorkbookWriter::addRow(const CatalogueRecord& r)
+Outcome<> WorkbookWriter::addRow(const CatalogueRecord& r)
 {
     if (!m_open)
-        return false;
+        return Failure{m_error};
     if (m_rows.size() >= kSheetRows)
         return fail(
             QStringLiteral("La hoja admite %1 filas y la lista tiene más.").arg(kSheetRows));
@@ -163,7 +163,7 @@ bool WorkbookWriter::addRow(const CatalogueRecord& r)
         }
     }
     m_rows.append(cellsOf({&r.nombre, &r.direccion, &r.origen, &r.formato}));
-    return true;
+    return {};
 }
 
 QByteArray WorkbookWriter::buildGlobals(qsizetype& sheetOffsetAt) const
@@ -188,10 +188,10 @@ QByteArray WorkbookWriter::buildGlobals(qsizetype& sheetOffsetAt) const
     return out;
 }
 
-bool WorkbookWriter::finish(QIODevice& device)
+Outcome<> WorkbookWriter::finish(QIODevice& device)
 {
     if (!m_open)
-        return false;
+        return Failure{m_error};
     m_open = false;
     qsizetype sheetOffsetAt = 0;
     QByteArray globals = buildGlobals(sheetOffsetAt);
@@ -205,7 +205,7 @@ bool WorkbookWriter::finish(QIODevice& device)
     if (device.write(*file) != file->size())
         return fail(QStringLiteral("No se puede escribir en el archivo %1: %2")
                         .arg(m_path, device.errorString()));
-    return true;
+    return {};
 }
 
 // The container is built in memory: the file itself is written only through the device.

@@ -5,6 +5,7 @@
 #include "database/BiffStrings.h"
 #include "database/CatalogueRecord.h"
 #include "database/SheetStyle.h"
+#include "platform/Outcome.h"
 
 #include <QIODevice>
 
@@ -31,18 +32,19 @@ public:
     static constexpr qsizetype kMaxCellText = 32767;
 
     // Checks the layout and that expectedRows fit on one sheet; nothing is written yet.
-    bool begin(const QString& path, WorkbookLayout layout, qsizetype expectedRows);
-    bool addRow(const CatalogueRecord& record);
+    // After a failure, every later call fails with the same reason.
+    [[nodiscard]] Outcome<> begin(const QString& path, WorkbookLayout layout,
+                                  qsizetype expectedRows);
+    [[nodiscard]] Outcome<> addRow(const CatalogueRecord& record);
     // Leaves the sheet unstyled after all, as a cancelled save does.
     void dropStyle() { m_layout.style.reset(); }
     // Writes the whole workbook to the device; the path only names it in messages.
-    bool finish(QIODevice& device);
+    [[nodiscard]] Outcome<> finish(QIODevice& device);
 
     qsizetype rowCount() const { return m_rows.size() - 2; }
-    QString errorString() const { return m_error; }
 
 private:
-    bool fail(const QString& message);
+    Failure fail(const QString& message);
     BiffRowCells cellsOf(const std::array<const QString*, 4>& texts);
     QByteArray buildGlobals(qsizetype& sheetOffsetAt) const;
     BiffColumnWidths columnWidths(quint16 rowHeight) const;
@@ -54,7 +56,7 @@ private:
     BiffSharedStrings m_strings;
     QList<BiffRowCells> m_rows;
     std::array<qsizetype, 4> m_longest{}; // each column's longest text, header included
-    QString m_error;
+    QString m_error;                      // the first failure's reason
     bool m_open = false;
 };
 

@@ -12,7 +12,7 @@ public:
     virtual ~IOpticalTray() = default;
 
     // A device id for the door commands, or -1 when the device cannot be opened.
-    virtual int open(const QString& device) = 0;
+    [[nodiscard]] virtual int open(const QString& device) = 0;
     virtual void close(int id) = 0;
     // Result code of the door command: 0 when it succeeded.
     virtual int setDoor(int id, bool open) = 0;

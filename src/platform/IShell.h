@@ -19,7 +19,7 @@ public:
     // "Enqueue": the associated player's own enqueue option where it has one, else "open".
     virtual Result enqueue(const QString& path) = 0;
     // Lets the user pick a program, then starts it with the path as its only argument.
-    virtual bool openWith(const QString& path) = 0;
+    [[nodiscard]] virtual bool openWith(const QString& path) = 0;
 };
 
 } // namespace nubo::platform

@@ -15,7 +15,7 @@ class MountTable final
 {
 public:
     // Parses mountinfo text; pseudo file systems and malformed lines are left out.
-    static MountTable parse(const QByteArray& mountinfo);
+    [[nodiscard]] static MountTable parse(const QByteArray& mountinfo);
 
     const QList<MountEntry>& entries() const { return m_entries; }
 

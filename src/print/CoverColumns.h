@@ -23,7 +23,7 @@ struct ColumnCount
 
 // Converts the typed answer: blanks around it are ignored and a fraction rounds half to even;
 // an empty or non-numeric answer is a type mismatch (13), beyond 16 bits an overflow (6).
-ColumnCount parseColumnCount(const QString& answer);
+[[nodiscard]] ColumnCount parseColumnCount(const QString& answer);
 
 // R = rows / n rounded half to even, as a 16-bit integer: n = 0 is a division by zero (11),
 // an R beyond 16 bits an overflow (6).
@@ -36,7 +36,7 @@ NamesPerColumn namesPerColumn(int rows, qint16 n);
 
 // The error raised for an n that converts but cannot be laid out: negative, or more columns
 // than kMaxColumns.
-std::optional<core::RuntimeError> checkColumnsFit(qint16 n);
+[[nodiscard]] std::optional<core::RuntimeError> checkColumnsFit(qint16 n);
 
 // "COLUMNA1" .. "COLUMNAn".
 QStringList columnHeaders(int n);

@@ -18,8 +18,7 @@ QString errorText(const core::RuntimeError& error)
 
 } // namespace
 
-std::optional<CoverGrid> coverGridFor(const QString& answer, const QStringList& names,
-                                      QString* error)
+Outcome<CoverGrid> coverGridFor(const QString& answer, const QStringList& names)
 {
     const ColumnCount count = parseColumnCount(answer);
     std::optional<core::RuntimeError> failure = count.error;
@@ -31,11 +30,8 @@ std::optional<CoverGrid> coverGridFor(const QString& answer, const QStringList& 
     }
     if (!failure)
         failure = checkColumnsFit(count.n);
-    if (failure) {
-        if (error)
-            *error = errorText(*failure);
-        return std::nullopt;
-    }
+    if (failure)
+        return Failure{errorText(*failure)};
     return CoverGrid{count.n, perColumn.r, columnHeaders(count.n),
                      fillColumns(names, count.n, perColumn.r)};
 }
@@ -47,11 +43,12 @@ std::optional<CoverGrid> askCoverGrid(platform::IDialogs& dialogs, const QString
                          QStringLiteral("defina un numero entre 2 y 8"), QStringLiteral("6"));
     if (!answer)
         return std::nullopt;
-    QString error;
-    std::optional<CoverGrid> grid = coverGridFor(*answer, names, &error);
-    if (!grid)
-        dialogs.messageBox(error, QStringLiteral("Imprimir tapa"));
-    return grid;
+    Outcome<CoverGrid> grid = coverGridFor(*answer, names);
+    if (!grid) {
+        dialogs.messageBox(grid.reason(), QStringLiteral("Imprimir tapa"));
+        return std::nullopt;
+    }
+    return std::move(grid).value();
 }
 
 } // namespace nubo::print

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/Outcome.h"
+
 #include <QList>
 #include <QStringList>
 
@@ -27,7 +29,6 @@ struct CoverGrid
 std::optional<CoverGrid> askCoverGrid(platform::IDialogs& dialogs, const QStringList& names);
 
 // The grid for a known answer, or the error text the window would report.
-std::optional<CoverGrid> coverGridFor(const QString& answer, const QStringList& names,
-                                      QString* error);
+[[nodiscard]] Outcome<CoverGrid> coverGridFor(const QString& answer, const QStringList& names);
 
 } // namespace nubo::print

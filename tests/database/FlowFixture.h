@@ -137,9 +137,8 @@ private:
 // The file's rows in file order (a database loads them last first).
 inline QStringList storedNames(const QString& path)
 {
-    QString error;
     QStringList out;
-    const auto loaded = database::loadCatalogue(path, &error);
+    const auto loaded = database::loadCatalogue(path);
     for (const database::CatalogueRecord& record :
          loaded ? loaded->rows : QList<database::CatalogueRecord>())
         out.prepend(record.nombre);

@@ -339,8 +339,7 @@ private slots:
         QCOMPARE(f.catalogue.list().count(), 5);
         const QString workbook = f.path(QStringLiteral("nuevo.xls"));
         QCOMPARE(f.flow.SaveByExtension(workbook), database::TransferOutcome::Done);
-        QString error;
-        QCOMPARE(database::loadCatalogue(workbook, &error)->rows.at(1).direccion, deep);
+        QCOMPARE(database::loadCatalogue(workbook)->rows.at(1).direccion, deep);
     }
 
     // A file the readers refuse, or one that is no catalogue at all, never becomes the current

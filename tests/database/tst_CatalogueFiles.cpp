@@ -45,9 +45,8 @@ private slots:
         const QString path = dir.filePath(name);
         QList<CatalogueRecord> rows = sampleRows(count);
         QVERIFY(saveCatalogue(path, {}, rowsOf(rows)).ok);
-        QString error;
-        const auto loaded = loadCatalogue(path, &error);
-        QVERIFY2(loaded, qPrintable(error));
+        const auto loaded = loadCatalogue(path);
+        QVERIFY2(loaded, qPrintable(loaded.reason()));
         const bool database = name.endsWith(QLatin1String("mdb"));
         QCOMPARE(loaded->name, database ? QStringLiteral("Catalogo") : QStringLiteral("Colección"));
         if (database)
@@ -84,14 +83,13 @@ private slots:
         QVERIFY(saved.ok && saved.stopped && !saved.discarded);
         QCOMPARE(saved.written, 2);
         QCOMPARE(announced, 5);
-        QString error;
         QList<CatalogueRecord> expected = rows.mid(0, 2);
         if (emptyRecord)
             expected.append(CatalogueRecord{});
         if (name.endsWith("mdb"))
             std::reverse(expected.begin(), expected.end()); // a database loads last first
-        const auto loaded = loadCatalogue(path, &error);
-        QVERIFY2(loaded, qPrintable(error));
+        const auto loaded = loadCatalogue(path);
+        QVERIFY2(loaded, qPrintable(loaded.reason()));
         QCOMPARE(loaded->rows, expected);
 
         QList<CatalogueRecord> handed;
@@ -130,9 +128,9 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QByteArray, bytes);
         QTemporaryDir dir;
-        QString error;
-        QVERIFY(!loadCatalogue(nubo::test::writtenFile(dir.filePath(name), bytes), &error));
-        QVERIFY(!error.isEmpty());
+        const auto loaded = loadCatalogue(nubo::test::writtenFile(dir.filePath(name), bytes));
+        QVERIFY(!loaded);
+        QVERIFY(!loaded.reason().isEmpty());
     }
 
     // Seeds and every input the fuzzers found: each gives rows or an error.
@@ -144,11 +142,10 @@ private slots:
         int count = 0;
         while (files.hasNext()) {
             const QString path = files.next();
-            QString error;
             if (!catalogueFormatOf(path))
                 continue;
-            const auto loaded = loadCatalogue(path, &error);
-            QVERIFY2(loaded || !error.isEmpty(), qPrintable(path));
+            const auto loaded = loadCatalogue(path);
+            QVERIFY2(loaded || !loaded.reason().isEmpty(), qPrintable(path));
             ++count;
         }
         QVERIFY2(count > 0, "the corpus under tests/database/corpus holds no catalogue");

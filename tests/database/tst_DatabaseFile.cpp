@@ -11,6 +11,7 @@
 
 using namespace nubo::database;
 using namespace nubo::database::test;
+using nubo::Outcome;
 
 namespace {
 
@@ -46,7 +47,8 @@ private slots:
             r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
         QVERIFY(saveCatalogue(path, {}, rowsOf(rows)).ok);
         DatabaseReader reader;
-        QVERIFY2(reader.open(path), qPrintable(reader.errorString()));
+        const Outcome<> opened = reader.open(path);
+        QVERIFY2(opened, qPrintable(opened.reason()));
         QCOMPARE(reader.tableName(), QStringLiteral("Catalogo"));
         QCOMPARE(reader.fieldNames(), (QStringList{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}));
         QCOMPARE(reader.recordCount(), 2000);
@@ -80,13 +82,13 @@ private slots:
         NUBO_FIXTURES_DIR(fixtures);
         const QString path = fixtures.filePath(file);
         DatabaseReader reader;
-        QCOMPARE(reader.open(path), !table.isEmpty());
+        const Outcome<> opened = reader.open(path);
+        QCOMPARE(bool(opened), !table.isEmpty());
         if (table.isEmpty())
-            QVERIFY(reader.errorString().contains(QStringLiteral("ninguna tabla")));
+            QVERIFY(opened.reason().contains(QStringLiteral("ninguna tabla")));
         QCOMPARE(reader.tableName(), table);
-        QString error;
-        const QList<CatalogueRecord> rows =
-            loadCatalogue(path, &error).value_or(LoadedCatalogue{}).rows;
+        const auto loaded = loadCatalogue(path);
+        const QList<CatalogueRecord> rows = loaded ? loaded->rows : QList<CatalogueRecord>();
         QTEST(int(rows.size()), "records");
         QVERIFY(text.isEmpty() || std::any_of(rows.begin(), rows.end(),
                                               [&](const auto& r) { return r.direccion == text; }));

@@ -88,9 +88,8 @@ private slots:
         QVERIFY(f.dialogs.asked.isEmpty());
         if (name.endsWith(QLatin1String("xls")))
             QCOMPARE(test::fileBytes(path), previous);
-        QString error;
-        const auto stored = database::loadCatalogue(path, &error);
-        QVERIFY2(stored, qPrintable(error));
+        const auto stored = database::loadCatalogue(path);
+        QVERIFY2(stored, qPrintable(stored.reason()));
         QCOMPARE(stored->rows.size(), 20000);
         QVERIFY(
             std::all_of(stored->rows.begin(), stored->rows.end(),
@@ -134,9 +133,8 @@ private slots:
         QCOMPARE(f.view()->model()->rowCount(), 1);
         const QString saved = f.dir.filePath(QStringLiteral("d.xls"));
         QCOMPARE(f.flow.SaveByExtension(saved), database::TransferOutcome::Done);
-        QString error;
-        const auto stored = database::loadCatalogue(saved, &error);
-        QVERIFY2(stored, qPrintable(error));
+        const auto stored = database::loadCatalogue(saved);
+        QVERIFY2(stored, qPrintable(stored.reason()));
         QCOMPARE(stored->rows, rows);
     }
 };

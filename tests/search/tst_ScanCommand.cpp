@@ -97,9 +97,8 @@ private slots:
         const Result result = scan({dir.path() + "/musica", "--output", output});
         QCOMPARE(result.status, 0);
         QVERIFY(result.lines.isEmpty());
-        QString error;
-        const auto loaded = database::loadCatalogue(output, &error);
-        QVERIFY2(loaded, qPrintable(error));
+        const auto loaded = database::loadCatalogue(output);
+        QVERIFY2(loaded, qPrintable(loaded.reason()));
         QCOMPARE(loaded->rows.size(), 2);
         QStringList names{loaded->rows[0].nombre, loaded->rows[1].nombre};
         names.sort();

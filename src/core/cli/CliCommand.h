@@ -5,11 +5,16 @@
 #include <QTextStream>
 
 #include <functional>
+#include <variant>
 
 namespace nubo::cli {
 
 // Exit statuses shared by every command.
 enum ExitStatus : int { kOk = 0, kUsageError = 1, kFileError = 2 };
+
+// What every command's parser gives: the arguments, or the status the command ends with at
+// once, its message (if any) already written.
+template <typename Arguments> using Parsed = std::variant<Arguments, ExitStatus>;
 
 // The streams a command writes to: data alone on out (UTF-8), messages on err.
 struct CliIo

@@ -18,11 +18,12 @@ std::optional<LoadedCatalogue> load(const QString& path, CliIo& io)
         io.err << "nubo-cli: extensión desconocida (se espera .xls o .mdb): " << path << '\n';
         return std::nullopt;
     }
-    QString error;
-    auto loaded = loadCatalogue(path, &error);
-    if (!loaded)
-        io.err << "nubo-cli: " << error << '\n';
-    return loaded;
+    auto loaded = loadCatalogue(path);
+    if (!loaded) {
+        io.err << "nubo-cli: " << loaded.reason() << '\n';
+        return std::nullopt;
+    }
+    return std::move(loaded).value();
 }
 
 int show(const QStringList& args, CliIo& io)
@@ -82,7 +83,7 @@ int convert(const QStringList& args, CliIo& io)
         options.sheetName = loaded->name;
     const SaveOutcome outcome = saveCatalogue(args.at(1), options, rowsOf(loaded->rows));
     if (!outcome.ok) {
-        io.err << "nubo-cli: no se puede guardar " << args.at(1) << ": " << outcome.error << '\n';
+        io.err << "nubo-cli: no se puede guardar " << args.at(1) << ": " << outcome.reason << '\n';
         return nubo::cli::kFileError;
     }
     return damaged ? nubo::cli::kFileError : nubo::cli::kOk;

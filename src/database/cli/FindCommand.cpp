@@ -24,7 +24,7 @@ struct FindArguments
     bool countOnly = false;
 };
 
-std::optional<FindArguments> parse(const QStringList& args)
+nubo::cli::Parsed<FindArguments> parse(const QStringList& args, CliIo& io)
 {
     FindArguments parsed;
     QStringList plain;
@@ -34,8 +34,10 @@ std::optional<FindArguments> parse(const QStringList& args)
         else
             plain.append(arg);
     }
-    if (plain.size() < 2)
-        return std::nullopt;
+    if (plain.size() < 2) {
+        io.err << kUsage;
+        return nubo::cli::kUsageError;
+    }
     parsed.text = plain.takeFirst();
     parsed.catalogues = plain;
     return parsed;
@@ -70,15 +72,14 @@ QStringList cataloguesIn(const QStringList& named)
 
 int find(const QStringList& args, CliIo& io)
 {
-    const auto parsed = parse(args);
-    if (!parsed) {
-        io.err << kUsage;
-        return nubo::cli::kUsageError;
-    }
-    const catalogue::FindWords words(parsed->text);
+    const auto parsedOrStatus = parse(args, io);
+    if (const auto* status = std::get_if<nubo::cli::ExitStatus>(&parsedOrStatus))
+        return *status;
+    const FindArguments& parsed = std::get<FindArguments>(parsedOrStatus);
+    const catalogue::FindWords words(parsed.text);
     qint64 matches = 0;
     bool unreadable = false;
-    for (const QString& path : cataloguesIn(parsed->catalogues)) {
+    for (const QString& path : cataloguesIn(parsed.catalogues)) {
         qint64 found = 0;
         const QString shownPath = flat(path);
         const LoadOutcome outcome = readAnyCatalogue(
@@ -87,16 +88,16 @@ int find(const QStringList& args, CliIo& io)
                  if (!words.matches(catalogue::FindWords::keyOf(r.nombre, r.direccion, r.origen)))
                      return;
                  ++found;
-                 if (!parsed->countOnly)
+                 if (!parsed.countOnly)
                      io.out << shownPath << '\t' << flat(r.nombre) << '\t' << flat(r.direccion)
                             << '\t' << flat(r.origen) << '\t' << flat(r.formato) << '\n';
              }});
         if (!outcome.ok) {
-            io.err << "nubo-cli find: no se puede leer " << path << ": " << outcome.error << '\n';
+            io.err << "nubo-cli find: no se puede leer " << path << ": " << outcome.reason << '\n';
             unreadable = true;
             continue;
         }
-        if (parsed->countOnly)
+        if (parsed.countOnly)
             io.out << shownPath << '\t' << found << '\n';
         matches += found;
         if (outcome.damaged) {

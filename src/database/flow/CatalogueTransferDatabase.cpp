@@ -59,7 +59,7 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
     if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // the temporary file goes, the previous file stays
     if (!saved.ok && !saved.discarded)
-        return fileFailed(path, saved.error);
+        return fileFailed(path, saved.reason);
     run.hideProgress();
     if (saved.discarded)
         return cancelledOverExisting(path, saved.written + 1);
@@ -79,7 +79,7 @@ TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
     if (!loaded.ok) {
         showStatus(
             QStringLiteral("Imposible Acceder a ") + path +
-                (loaded.error.isEmpty() ? QString() : QStringLiteral("\nCausa: ") + loaded.error),
+                (loaded.reason.isEmpty() ? QString() : QStringLiteral("\nCausa: ") + loaded.reason),
             7000, kRed);
         return TransferOutcome::Failed;
     }

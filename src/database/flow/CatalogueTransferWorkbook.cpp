@@ -33,9 +33,9 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
     if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // nothing was written: the previous file stays
     if (!saved.ok && !saved.discarded && saved.failedAt == SaveStage::Finish)
-        return fileFailed(path, saved.error);
+        return fileFailed(path, saved.reason);
     if (!saved.ok && !saved.discarded)
-        return workbookSaveFailed(path, saved.error);
+        return workbookSaveFailed(path, saved.reason);
     run.hideProgress();
     if (saved.discarded)
         return cancelledOverExisting(path, saved.written);
@@ -98,7 +98,7 @@ TransferOutcome CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
     };
     const LoadOutcome loaded = readWorkbook(path, hooks);
     if (!loaded.ok)
-        return workbookLoadFailed(path, loaded.error);
+        return workbookLoadFailed(path, loaded.reason);
     run.hideProgress();
     if (loaded.damaged && !loaded.stopped)
         return loadedDamaged(path, loaded);

@@ -22,7 +22,7 @@ struct DesktopEntry
     bool hidden = false;
 
     // Reads an application entry; nothing for other types or a file without an Exec line.
-    static std::optional<DesktopEntry> read(const QString& path, const QString& id);
+    [[nodiscard]] static std::optional<DesktopEntry> read(const QString& path, const QString& id);
 };
 
 } // namespace nubo::platform

@@ -14,7 +14,7 @@ namespace nubo::platform::exec {
 // Splits an Exec value (string escapes already resolved) into arguments: blanks separate,
 // "..." quotes, and inside quotes \" \` \$ \\ stand for the character. Field codes stay as
 // they are. Nothing when a quote is left open.
-std::optional<QStringList> split(const QString& exec);
+[[nodiscard]] std::optional<QStringList> split(const QString& exec);
 
 // The program and arguments that open one file with the entry: %f %F give the path, %u %U its
 // file URL, %i the icon option, %c the name, %k the .desktop file, %% a percent sign; other

@@ -14,8 +14,8 @@ class KeyFile final
 public:
     using Group = QHash<QString, QString>;
 
-    static KeyFile read(const QString& path);
-    static KeyFile parse(const QByteArray& bytes);
+    [[nodiscard]] static KeyFile read(const QString& path);
+    [[nodiscard]] static KeyFile parse(const QByteArray& bytes);
 
     Group group(const QString& name) const { return m_groups.value(name); }
 

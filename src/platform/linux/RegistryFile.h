@@ -35,8 +35,8 @@ private:
         QList<QPair<QString, QString>> values; // name, rendered data
     };
 
-    QList<Section> load() const;
-    bool save(const QList<Section>& sections) const;
+    [[nodiscard]] QList<Section> load() const;
+    [[nodiscard]] bool save(const QList<Section>& sections) const;
     bool setValue(const QString& key, const QString& name, const QString& rendered);
     static qsizetype find(const QList<Section>& sections, const QString& key);
 

@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 
 #include <cstring>
-#include <variant>
 
 namespace nubo::print::cli {
 
@@ -25,7 +24,7 @@ struct CoverArguments
     QString output;
 };
 
-std::variant<CoverArguments, int> parse(const QStringList& args, CliIo& io)
+nubo::cli::Parsed<CoverArguments> parse(const QStringList& args, CliIo& io)
 {
     CoverArguments parsed;
     for (qsizetype i = 0; i < args.size(); ++i) {
@@ -50,43 +49,40 @@ std::variant<CoverArguments, int> parse(const QStringList& args, CliIo& io)
     return parsed;
 }
 
-std::optional<QList<CoverRow>> readRows(const QString& path, QString* error)
+Outcome<QList<CoverRow>> readRows(const QString& path)
 {
     QList<CoverRow> rows;
     const database::LoadOutcome outcome =
         database::readAnyCatalogue(path, {{}, {}, [&rows](database::CatalogueRecord&& r) {
                                               rows.append({r.nombre, r.origen});
                                           }});
-    if (!outcome.ok) {
-        *error = outcome.error;
-        return std::nullopt;
-    }
+    if (!outcome.ok)
+        return Failure{outcome.reason};
     return rows;
 }
 
 int cover(const QStringList& args, CliIo& io)
 {
     const auto parsed = parse(args, io);
-    if (const int* status = std::get_if<int>(&parsed))
+    if (const auto* status = std::get_if<nubo::cli::ExitStatus>(&parsed))
         return *status;
     const CoverArguments& a = std::get<CoverArguments>(parsed);
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         io.err << "nubo-cli cover: dibujar la tapa necesita QGuiApplication\n";
         return nubo::cli::kUsageError;
     }
-    QString error;
-    const auto rows = readRows(a.catalogue, &error);
+    const auto rows = readRows(a.catalogue);
     if (!rows) {
-        io.err << "nubo-cli: " << error << '\n';
+        io.err << "nubo-cli: " << rows.reason() << '\n';
         return nubo::cli::kFileError;
     }
     QStringList names;
     for (const CoverRow& row : *rows)
         names << row.name;
-    const auto grid = coverGridFor(a.columns, names, &error);
+    const auto grid = coverGridFor(a.columns, names);
     if (!grid) {
-        io.err << "nubo-cli cover: " << error.replace(QLatin1String("\n\n"), QLatin1String(" "))
-               << '\n';
+        io.err << "nubo-cli cover: "
+               << QString(grid.reason()).replace(QLatin1String("\n\n"), QLatin1String(" ")) << '\n';
         return nubo::cli::kUsageError;
     }
     if (!writeCoverPdf(a.output, *rows, grid->columns)) {

@@ -27,10 +27,10 @@ private:
 
 // Draws laid-out covers, one to a page, each at its real size centred on the page with a
 // thin cut frame; a page smaller than a cover scales it down. False when painting fails.
-bool paintCovers(QPagedPaintDevice& device, const QList<CoverPage>& pages);
+[[nodiscard]] bool paintCovers(QPagedPaintDevice& device, const QList<CoverPage>& pages);
 
 // Lays out and writes the covers as a PDF file on A4 pages.
-bool writeCoverPdf(const QString& path, const QList<CoverRow>& rows,
-                   const QList<QStringList>& columns);
+[[nodiscard]] bool writeCoverPdf(const QString& path, const QList<CoverRow>& rows,
+                                 const QList<QStringList>& columns);
 
 } // namespace nubo::print

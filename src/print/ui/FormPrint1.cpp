@@ -171,7 +171,8 @@ bool FormPrint1::saveAsPdf(const QString& path) const
 void FormPrint1::paintOn(QPrinter& printer) const
 {
     const FontMeasure measure(&printer);
-    paintCovers(printer, layoutCover(m_rows, m_columns, measure));
+    // The print dialog and the printer report their own failures; nothing is shown here.
+    (void)paintCovers(printer, layoutCover(m_rows, m_columns, measure));
 }
 
 void FormPrint1::preview()

@@ -34,12 +34,12 @@ public:
 
     // Loading the window starts everything: the column question, the headers and the names.
     // False, with the window left as it was, when the answer is refused or cancelled.
-    bool Form_Load();
+    [[nodiscard]] bool Form_Load();
     // Form_Load, then shows the window when it succeeded.
     void showCover();
 
     // Writes the laid-out cover as a PDF; false when the file cannot be written.
-    bool saveAsPdf(const QString& path) const;
+    [[nodiscard]] bool saveAsPdf(const QString& path) const;
     // "&Imprimir" on a system without printers: asks for a PDF file name (".pdf" added when
     // the name has no extension) and saves the cover there, reporting a failure.
     void savePdfAsked();

@@ -52,7 +52,7 @@ bool isTsvName(const QString& path)
 }
 
 // The arguments, or the status to end with.
-std::variant<ScanArguments, int> parse(const QStringList& args, CliIo& io)
+nubo::cli::Parsed<ScanArguments> parse(const QStringList& args, CliIo& io)
 {
     ScanArguments parsed;
     for (qsizetype i = 0; i < args.size(); ++i) {
@@ -215,7 +215,7 @@ int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& i
         }};
     const database::SaveOutcome outcome = database::saveCatalogue(path, {}, rows);
     if (!outcome.ok) {
-        io.err << "nubo-cli scan: no se puede guardar " << path << ": " << outcome.error << '\n';
+        io.err << "nubo-cli scan: no se puede guardar " << path << ": " << outcome.reason << '\n';
         return nubo::cli::kFileError;
     }
     io.err << "nubo-cli scan: " << outcome.written << " filas guardadas en " << path << '\n';
@@ -258,8 +258,8 @@ int saveTsv(const catalogue::CatalogueList& list, const ScanHost& host, bool tag
 int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& directories,
             const QStringList& args, CliIo& io)
 {
-    const std::variant<ScanArguments, int> parsed = parse(args, io);
-    if (const int* status = std::get_if<int>(&parsed))
+    const nubo::cli::Parsed<ScanArguments> parsed = parse(args, io);
+    if (const auto* status = std::get_if<nubo::cli::ExitStatus>(&parsed))
         return *status;
     const ScanArguments& scan = std::get<ScanArguments>(parsed);
 
