@@ -61,12 +61,26 @@ bool FolderWalker::takeUndecodable(const QString& path)
     return true;
 }
 
+FolderWalker::WalkEnd FolderWalker::WalkFolder(const QString& path)
+{
+    m_counterFull = false;
+    walk(path, QFile::encodeName(path));
+    return m_counterFull ? WalkEnd::CounterFull : WalkEnd::Finished;
+}
+
+bool FolderWalker::count(SearchCounter& counter)
+{
+    if (!counter.increment())
+        m_counterFull = true;
+    return !m_counterFull;
+}
+
 void FolderWalker::walk(const QString& path, const QByteArray& native)
 {
     m_currentFolder = path;
     m_stripPending = true;
     letEventsRun();
-    if (!Searching)
+    if (!Searching || m_counterFull)
         return;
 
     // One listing serves both the folder's own matches and the folders to enter.
@@ -81,11 +95,12 @@ void FolderWalker::walk(const QString& path, const QByteArray& native)
                 (entry.name.startsWith(QLatin1Char('.')) || entry.otherFileSystem))
                 continue;
             if (entry.isFolder) {
-                FoldersSeen.increment();
+                if (!count(FoldersSeen))
+                    return;
                 if (!entry.undecodable || takeUndecodable(path + entry.name + QLatin1Char('/')))
                     subFolders.append(&entry);
-            } else if (!CollectFiles) {
-                FilesSeen.increment();
+            } else if (!CollectFiles && !count(FilesSeen)) {
+                return;
             }
         }
     }
@@ -94,6 +109,8 @@ void FolderWalker::walk(const QString& path, const QByteArray& native)
         matchFiles(path, *entries);
     }
     for (const platform::DirEntry* entry : std::as_const(subFolders)) {
+        if (m_counterFull)
+            return;
         const QByteArray name =
             entry->undecodable ? entry->nativeName : QFile::encodeName(entry->name);
         walk(path + entry->name + QLatin1Char('/'), native + name + '/');
@@ -119,7 +136,8 @@ void FolderWalker::matchFiles(const QString& path, const QList<platform::DirEntr
         else
             m_host.addFileToList(path + entry.name);
         // Counted whatever the list did with the name.
-        MatchCount.increment();
+        if (!count(MatchCount))
+            return;
     }
 }
 

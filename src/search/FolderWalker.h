@@ -26,8 +26,11 @@ public:
     // The list window counts in 16 bits; the command line does not.
     void setSixteenBitCounters(bool on);
 
+    enum class WalkEnd { Finished, CounterFull };
     // path ends in '/'. Folders whose names begin with '.' and links to folders are not entered.
-    void WalkFolder(const QString& path) { walk(path, QFile::encodeName(path)); }
+    // A full 16-bit counter abandons the walk where it is (CounterFull); a stop request ends it
+    // as Finished, Searching telling the two apart.
+    [[nodiscard]] WalkEnd WalkFolder(const QString& path);
     // The folder the walk entered last: where an overflow stopped it.
     const QString& currentFolder() const { return m_currentFolder; }
 
@@ -44,6 +47,8 @@ private:
     // native: the same folder as the file system names it, which may not be UTF-8.
     void walk(const QString& path, const QByteArray& native);
     bool takeUndecodable(const QString& path);
+    // Counts one more; false, with the walk abandoned, when the counter is full.
+    bool count(SearchCounter& counter);
     void letEventsRun();
     void matchFiles(const QString& path, const QList<platform::DirEntry>& entries);
 
@@ -51,6 +56,7 @@ private:
     const platform::IDirectoryReader& m_directories;
     QString m_currentFolder;
     bool m_stripPending = false; // m_currentFolder is not on the strip yet
+    bool m_counterFull = false;  // the walk in progress is abandoned
     // SearchMask read once, again whenever it changes.
     std::optional<platform::MaskList> m_mask;
     core::EventPump m_events;

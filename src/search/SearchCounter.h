@@ -5,13 +5,9 @@
 
 namespace nubo::search {
 
-// Raised when a 16-bit counter of the walk passes 32767; it abandons the walk in progress.
-struct SearchOverflow
-{
-};
-
 // A counter of the walk. In the list window it is 16-bit signed: the increment past 32767
-// raises SearchOverflow, as 16-bit counters do. The command line counts freely.
+// fails, and the walk in progress is abandoned, as with 16-bit counters. The command line
+// counts freely.
 class SearchCounter final
 {
 public:
@@ -21,11 +17,13 @@ public:
 
     void setSixteenBit(bool sixteenBit) { m_sixteenBit = sixteenBit; }
     void reset() { m_value = 0; }
-    void increment()
+    // False, and the count unchanged, when a 16-bit counter is full.
+    [[nodiscard]] bool increment()
     {
         if (m_sixteenBit && m_value >= kSixteenBitLimit)
-            throw SearchOverflow{};
+            return false;
         ++m_value;
+        return true;
     }
     qint64 value() const { return m_value; }
 

@@ -238,12 +238,9 @@ void SearchEngine::walkOncePerFloppy()
     for (const bool present : {floppies.a, floppies.b}) {
         if (!m_walker.Searching || !present)
             continue;
-        try {
-            m_walker.WalkFolder(StartPath);
-        } catch (const SearchOverflow&) {
-            // The overflow abandons this walk; the driver goes on with its next statement.
+        // A full counter abandons this walk; the driver goes on with its next statement.
+        if (m_walker.WalkFolder(StartPath) == FolderWalker::WalkEnd::CounterFull)
             m_overflowFolder = m_walker.currentFolder();
-        }
     }
 }
 

@@ -276,7 +276,8 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
     walker.CollectFiles = true;
     for (const QString& folder : scan.folders) {
         walker.Searching = true;
-        walker.WalkFolder(
+        // The command line's counters are never full.
+        (void)walker.WalkFolder(
             DriveList::withSlash(QDir::cleanPath(QFileInfo(folder).absoluteFilePath())));
     }
     host.finish();
