@@ -29,7 +29,7 @@ struct WorkbookExtras
 };
 
 // A light read of the workbook at path (Excel 97 or Excel 5/95 records, as laid out in
-// Microsoft's "[MS-XLS]" specification): nothing when it is no workbook it can read.
+// the [MS-XLS] format documentation): nothing when it is no workbook it can read.
 std::optional<WorkbookExtras> surveyWorkbook(const QString& path);
 std::optional<WorkbookExtras> surveyWorkbookBytes(const QByteArray& file);
 
