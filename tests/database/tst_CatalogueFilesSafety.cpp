@@ -4,7 +4,6 @@
 #include "database/AtomicSaveFile.h"
 #include "database/CatalogueFiles.h"
 #include "database/DescriptorDevice.h"
-#include "database/FileCause.h"
 
 #include <QDir>
 #include <QFile>
@@ -51,6 +50,14 @@ SaveOutcome save(const QString& path, const QList<CatalogueRecord>& rows, qsizet
     SaveHooks hooks;
     hooks.beforeRow = [stopAt](qsizetype i) { return i != stopAt; };
     return saveCatalogue(path, {}, rowsOf(rows), hooks);
+}
+
+// The rows as a load hands them over: a database gives its last record first.
+QList<CatalogueRecord> inFileOrder(const QString& name, QList<CatalogueRecord> rows)
+{
+    if (name.endsWith(QLatin1String("mdb")))
+        std::reverse(rows.begin(), rows.end());
+    return rows;
 }
 
 QStringList entries(const QString& folder)
@@ -108,11 +115,7 @@ private slots:
         QVERIFY2(saved.reason.contains(QStringLiteral("no se escribe en él")),
                  qPrintable(saved.reason));
         QCOMPARE(entries(dir.path()), before);
-        struct stat st
-        {
-        };
-        QCOMPARE(::stat("/dev/null", &st), 0);
-        QVERIFY(S_ISCHR(st.st_mode));
+        QVERIFY(!QFileInfo(QStringLiteral("/dev/null")).isFile()); // still the device
     }
 
     // A symlink to a regular file is written through: the link stays, its file takes the rows.
@@ -198,22 +201,7 @@ private slots:
             if (existing)
                 QCOMPARE(nubo::test::fileBytes(path), before);
             else
-                QCOMPARE(load(path).rows.size(), stop);
-        }
-    }
-
-    // Escape at twenty points of a load hands over exactly the rows before it, undamaged.
-    void escapeAtTwentyPointsOfALoad_data() { addFormats(); }
-    void escapeAtTwentyPointsOfALoad()
-    {
-        QFETCH(QString, name);
-        QTemporaryDir dir;
-        const QString path = dir.filePath(name);
-        QVERIFY(save(path, rows5000().mid(0, 1000)).ok);
-        for (qsizetype stop = 0; stop < 1000; stop += 50) {
-            const Loaded loaded = load(path, stop);
-            QVERIFY(loaded.outcome.ok && loaded.outcome.stopped && !loaded.outcome.damaged);
-            QCOMPARE(loaded.rows.size(), stop);
+                QCOMPARE(load(path).rows, inFileOrder(name, rows.mid(0, stop)));
         }
     }
 
@@ -244,53 +232,6 @@ private slots:
         QVERIFY(damaged > 0);
     }
 
-    // A cut file names its counts in Spanish numbers.
-    void damageTextGivesTheCounts()
-    {
-        LoadOutcome outcome;
-        outcome.added = 35159;
-        outcome.declared = 60000;
-        outcome.damage = QStringLiteral("la hoja está cortada");
-        QCOMPARE(damageText(QStringLiteral("c.xls"), outcome),
-                 QStringLiteral("El archivo c.xls está dañado: se leyeron 35.159 filas de 60.000 "
-                                "(la hoja está cortada)."));
-        outcome.added = 5264;
-        QVERIFY(damageText(QStringLiteral("c.mdb"), outcome).contains(QStringLiteral("5.264")));
-    }
-
-    // A database cut to a tenth reads as damaged with the rows it holds.
-    void cutDatabaseIsReported()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("c.mdb"));
-        QVERIFY(save(path, rows5000()).ok);
-        const QByteArray whole = nubo::test::fileBytes(path);
-        nubo::test::writtenFile(path, whole.left(whole.size() / 2));
-        const Loaded loaded = load(path);
-        QVERIFY(loaded.outcome.damaged);
-        QCOMPARE(loaded.outcome.declared, 5000);
-        QVERIFY(loaded.rows.size() < 5000);
-    }
-
-    void errnoCausesAreNamed_data()
-    {
-        QTest::addColumn<int>("error");
-        QTest::addColumn<QString>("cause");
-        QTest::newRow("full disk") << ENOSPC << "No queda espacio libre en el disco.";
-        QTest::newRow("quota") << EDQUOT << "Se ha agotado la cuota de disco del usuario.";
-        QTest::newRow("read-only") << EROFS << "El disco o la carpeta es de solo lectura.";
-        QTest::newRow("access") << EACCES
-                                << "Permiso denegado: no tiene acceso a ese archivo o carpeta.";
-        QTest::newRow("permission")
-            << EPERM << "Permiso denegado: no tiene acceso a ese archivo o carpeta.";
-    }
-    void errnoCausesAreNamed()
-    {
-        QFETCH(int, error);
-        QFETCH(QString, cause);
-        QCOMPARE(fileErrorCause(error), cause);
-    }
-
     // A real full device: the write fails with the full-disk cause, not an unknown error.
     void aFullDeviceSaysSo()
     {
@@ -300,7 +241,7 @@ private slots:
         DescriptorDevice device(fd);
         QCOMPARE(device.write(QByteArray(4096, 'x')), qint64(-1));
         QCOMPARE(device.lastErrno(), ENOSPC);
-        QCOMPARE(device.errorString(), fileErrorCause(ENOSPC));
+        QCOMPARE(device.errorString(), QStringLiteral("No queda espacio libre en el disco."));
         ::close(fd);
     }
 
