@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QList>
+#include <QTest>
 
 namespace nubo::database::test {
 
@@ -23,6 +24,14 @@ inline QList<CatalogueRecord> sampleRows(int count)
                      i % 7 == 0 ? QString() : QStringLiteral("=grupo"), QStringLiteral("MP3")});
     }
     return rows;
+}
+
+// One row a format, as the data of a test that runs for both.
+inline void addFormats()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("workbook") << "lista.xls";
+    QTest::newRow("database") << "lista.mdb";
 }
 
 // A catalogue of count sample rows with one 4 KiB block three fifths in zeroed, as a bad

@@ -116,12 +116,7 @@ private slots:
 
     // A damaged catalogue: show and find print the rows read and exit 2 naming the damage;
     // convert saves them only to a new file.
-    void damagedCataloguesExitTwo_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("workbook") << "d.xls";
-        QTest::newRow("database") << "d.mdb";
-    }
+    void damagedCataloguesExitTwo_data() { test::addFormats(); }
     void damagedCataloguesExitTwo()
     {
         QFETCH(QString, name);
