@@ -147,11 +147,9 @@ private slots:
             f.flow.openFile(how == QLatin1String("twice") ? a : b);
         }
         QTEST(int(f.catalogue.list().count()), "rows");
-        if (current) {
-            QCOMPARE(f.catalogue.currentFile(), b);
+        QCOMPARE(f.catalogue.currentFile(), current ? b : QString());
+        if (current)
             return;
-        }
-        QCOMPARE(f.catalogue.currentFile(), QString());
         f.dialogs.messageAnswers.enqueue(platform::MessageAnswer::Cancel);
         QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Kept);
         QCOMPARE(f.dialogs.asked.last().text, QStringLiteral("¿ Desea guardar la lista ?"));
