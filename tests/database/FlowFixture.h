@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "CatalogueSamples.h"
+
 #include "catalogue/Catalogue.h"
 #include "core/ActivityLog.h"
 #include "core/Options.h"
@@ -105,13 +107,7 @@ struct Flow
     }
 };
 
-// One row a format, as the data of a test that runs for both.
-inline void addFormats()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("workbook") << "lista.xls";
-    QTest::newRow("database") << "lista.mdb";
-}
+using database::test::addFormats;
 
 // While it lives, files cannot grow beyond the limit, as on a full disk: writes past it fail
 // (with the signal that would end the process ignored).

@@ -1,27 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the list window's saves and opens do to the user's files when a load stops short, when
-// catalogues are merged, when a typed name gets its extension and when a workbook holds more
-// than a catalogue.
+// What the list window's saves and opens do to the user's files when a load stops short or
+// meets a damaged or foreign file, when catalogues are merged, when a typed name gets its
+// extension and when a workbook holds more than a catalogue.
+#include "CatalogueSamples.h"
 #include "FlowFixture.h"
+#include "Oracle.h"
 #include "TestFiles.h"
 
+#include <QDirIterator>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace nubo;
 using database::TransferOutcome;
+using test::addFormats;
 using test::Flow;
 using test::storedNames;
 
 namespace {
 
 constexpr int kRows = 2000;
-
-void addFormats()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("workbook") << "lista.xls";
-    QTest::newRow("database") << "lista.mdb";
-}
 
 // A catalogue of n rows named prefix0 .. written through the flow; the list is left empty.
 QString writeCatalogue(Flow& f, const QString& name, int n)
@@ -82,36 +80,43 @@ private slots:
         }
     }
 
-    // "&Desde Archivo" with three files and Escape during the second: the first file's rows and
-    // the second's rows read so far stay, the third is not read, and there is no current file.
-    void escapeDuringTheSecondOfThreeFiles()
+    // A block of zeros in a file: the rows read stay in the list, the damage is named with its
+    // counts, and the file does not become current.
+    void damagedFileIsReportedAndNotCurrent_data() { addFormats(); }
+    void damagedFileIsReportedAndNotCurrent()
     {
+        QFETCH(QString, name);
         Flow f;
-        const QString first = writeCatalogue(f, QStringLiteral("a.mdb"), 10);
-        const QString second = writeCatalogue(f, QStringLiteral("b.mdb"), 500);
-        const QString third = writeCatalogue(f, QStringLiteral("c.xls"), 10);
-        const QByteArray bytes = test::fileBytes(second);
-        f.dialogs.fileAnswers.enqueue(first + '\n' + second + '\n' + third);
-        f.atTurn(10 + 101, [&f] { f.flow.transfer().raiseCancelFlag(); });
-        f.flow.loadFromFile();
-        QCOMPARE(f.catalogue.list().count(), 10 + 100);
+        const QString path = f.path(name);
+        QVERIFY(database::test::writeZeroedBlockCatalogue(path, 3000));
+        f.flow.openFile(path);
+        const int kept = f.catalogue.list().count();
+        QVERIFY(kept > 0 && kept < 3000);
+        const QString count = QString::number(kept / 1000) + '.' +
+                              QString::number(kept % 1000).rightJustified(3, QLatin1Char('0'));
+        QVERIFY2(f.status().startsWith(QStringLiteral("El archivo %1 está dañado: se leyeron %2 "
+                                                      "filas de 3.000 (")
+                                           .arg(path, count)),
+                 qPrintable(f.status()));
+        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Error al leer archivo"));
         QCOMPARE(f.catalogue.currentFile(), QString());
-        saveAsksForAName(f);
-        QCOMPARE(test::fileBytes(second), bytes);
     }
 
     // A catalogue opened into a list that holds another catalogue's rows, or several at once,
-    // leaves no current file: emptying asks without a name and "&Guardar" asks for one. Search
-    // rows, which hold no catalogue's rows, let the opened file become current.
+    // leaves no current file: emptying asks without a name and "&Guardar" asks for one. Escape
+    // in the second of three files keeps the rows read and never reads the third. Search rows,
+    // which hold no catalogue's rows, let the opened file become current.
     void mergedOpensLeaveNoCurrentFile_data()
     {
         QTest::addColumn<QString>("how");
+        QTest::addColumn<int>("rows");
         QTest::addColumn<bool>("current");
-        QTest::newRow("two files at once") << "at once" << false;
-        QTest::newRow("open into a loaded list") << "loaded" << false;
-        QTest::newRow("open into a saved list") << "saved" << false;
-        QTest::newRow("the same file twice") << "twice" << false;
-        QTest::newRow("search rows, then a catalogue") << "search" << true;
+        QTest::newRow("two files at once") << "at once" << 10 << false;
+        QTest::newRow("Escape in the second of three") << "escape" << 4 + 2 << false;
+        QTest::newRow("open into a loaded list") << "loaded" << 10 << false;
+        QTest::newRow("open into a saved list") << "saved" << 8 << false;
+        QTest::newRow("the same file twice") << "twice" << 8 << false;
+        QTest::newRow("search rows, then a catalogue") << "search" << 8 << true;
     }
     void mergedOpensLeaveNoCurrentFile()
     {
@@ -120,10 +125,14 @@ private slots:
         Flow f;
         const QString a = writeCatalogue(f, QStringLiteral("a.xls"), 4);
         const QString b = writeCatalogue(f, QStringLiteral("b.mdb"), 6);
+        const QString c = writeCatalogue(f, QStringLiteral("c.xls"), 5);
         const QByteArray bytesA = test::fileBytes(a);
         const QByteArray bytesB = test::fileBytes(b);
-        if (how == QLatin1String("at once")) {
-            f.dialogs.fileAnswers.enqueue(a + '\n' + b);
+        if (how == QLatin1String("at once") || how == QLatin1String("escape")) {
+            const bool escape = how == QLatin1String("escape");
+            f.dialogs.fileAnswers.enqueue(a + '\n' + b + (escape ? '\n' + c : QString()));
+            if (escape)
+                f.atTurn(4 + 3, [&f] { f.flow.transfer().raiseCancelFlag(); });
             f.flow.loadFromFile();
         } else {
             if (how == QLatin1String("loaded") || how == QLatin1String("twice"))
@@ -137,11 +146,10 @@ private slots:
             }
             f.flow.openFile(how == QLatin1String("twice") ? a : b);
         }
-        if (current) {
-            QCOMPARE(f.catalogue.currentFile(), b);
+        QTEST(int(f.catalogue.list().count()), "rows");
+        QCOMPARE(f.catalogue.currentFile(), current ? b : QString());
+        if (current)
             return;
-        }
-        QCOMPARE(f.catalogue.currentFile(), QString());
         f.dialogs.messageAnswers.enqueue(platform::MessageAnswer::Cancel);
         QCOMPARE(f.catalogue.EmptyList(), catalogue::EmptyOutcome::Kept);
         QCOMPARE(f.dialogs.asked.last().text, QStringLiteral("¿ Desea guardar la lista ?"));
@@ -251,6 +259,84 @@ private slots:
         // "Sí" replaces it with the list.
         QCOMPARE(f.flow.SaveByExtension(path), TransferOutcome::Done);
         QCOMPARE(storedNames(path), (QStringList{"r0", "r1", "r2"}));
+    }
+
+    // A file the readers refuse, or one that is no catalogue at all, never becomes the current
+    // file: "&Guardar" afterwards writes the old current file and leaves the other untouched.
+    void refusedFilesDoNotBecomeCurrent_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("damaged workbook") << "viejo.xls"
+                                          << "Version de Office Incompatible";
+        QTest::newRow("damaged database") << "viejo.mdb"
+                                          << "Imposible Acceder a ";
+        QTest::newRow("text file") << "notas.txt"
+                                   << "no es un archivo .xls ni .mdb";
+    }
+    void refusedFilesDoNotBecomeCurrent()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, message);
+        Flow f;
+        f.fill(2);
+        const QString good = f.path(QStringLiteral("buena.xls"));
+        QCOMPARE(f.flow.SaveByExtension(good), database::TransferOutcome::Done);
+        f.catalogue.setCurrentFile(good);
+        const QString other = test::writtenFile(f.path(name), "no soy una lista");
+        f.flow.openFile(other);
+        QVERIFY2(f.status().contains(message), qPrintable(f.status()));
+        QCOMPARE(f.catalogue.currentFile(), good);
+        QCOMPARE(f.names(), (QStringList{"r0", "r1"}));
+        if (name.endsWith(QLatin1String("txt"))) {
+            QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Error al leer archivo"));
+            QVERIFY(f.dialogs.asked.last().text.contains(QLatin1String("(.xls)")));
+        }
+        f.flow.save();
+        QCOMPARE(test::fileBytes(other), QByteArray("no soy una lista"));
+        QCOMPARE(storedNames(good), (QStringList{"r0", "r1"}));
+    }
+
+    // Every fixture and a file of ours, truncated and bit-flipped: rows or the failure texts.
+    void hostileFilesGiveOnlyTheStatusTexts()
+    {
+        Flow f;
+        f.fill(40);
+        QStringList sources{f.path(QStringLiteral("own.xls")), f.path(QStringLiteral("own.mdb"))};
+        for (const QString& own : sources)
+            f.flow.SaveByExtension(own);
+        // Outside CI, a missing fixtures folder leaves our own files to damage.
+        const QString fixturesDir = nubo::test::fixturesDir();
+        QVERIFY2(!fixturesDir.isEmpty() || !nubo::test::underCi(),
+                 "the fixtures folder (NUBO_FIXTURES) is missing, and CI needs it");
+        QDirIterator fixtures(fixturesDir, {"*.xls", "*.mdb"});
+        while (!fixturesDir.isEmpty() && fixtures.hasNext())
+            sources.append(fixtures.next());
+        const QRegularExpression allowed(
+            QStringLiteral("^(Se han agregado \\d+ archivos desde |Imposible Acceder a |No se "
+                           "puede acceder al archivo .*\\. Version de Office Incompatible(\n"
+                           "Causa: .*)?$|El archivo .* está dañado: se leyeron [\\d.]+ filas)"));
+        int round = 0;
+        for (const QString& source : std::as_const(sources)) {
+            const QByteArray bytes = test::fileBytes(source);
+            for (const double cut : {0.0, 0.1, 0.5, 0.9, 1.0}) {
+                for (const bool flip : {false, true}) {
+                    QByteArray damaged = bytes.left(qsizetype(bytes.size() * cut));
+                    if (flip)
+                        for (qsizetype i = 7; i < damaged.size(); i += 97)
+                            damaged[i] = char(damaged[i] ^ (1 << (i % 8)));
+                    const QString path = test::writtenFile(
+                        f.path(QStringLiteral("h%1.").arg(++round) + source.right(3)), damaged);
+                    f.catalogue.list().clear();
+                    f.flow.LoadByExtension(path);
+                    QVERIFY2(allowed.match(f.status()).hasMatch(), qPrintable(f.status()));
+                    const bool damagedRead = f.status().contains(QStringLiteral("dañado"));
+                    if (!f.status().startsWith(QLatin1String("Se han agregado")) && !damagedRead)
+                        QVERIFY(f.catalogue.list().isEmpty()); // a failed load adds nothing
+                    QCOMPARE(f.view.begun, f.view.ended);
+                }
+            }
+        }
     }
 };
 

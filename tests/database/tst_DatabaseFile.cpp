@@ -36,8 +36,8 @@ class DatabaseFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    // The written table as the reader and mdbtools see it; the reader's own round trip is
-    // tested with the other format's in tst_CatalogueFiles.
+    // The written table as mdbtools sees it: its version, table, fields and every row; the
+    // reader's own round trip is tested with the other format's in tst_CatalogueFiles.
     void writtenTableReadsElsewhere()
     {
         QTemporaryDir dir;
@@ -46,12 +46,6 @@ private slots:
         for (CatalogueRecord& r : rows)
             r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
         QVERIFY(saveCatalogue(path, {}, rowsOf(rows)).ok);
-        DatabaseReader reader;
-        const Outcome<> opened = reader.open(path);
-        QVERIFY2(opened, qPrintable(opened.reason()));
-        QCOMPARE(reader.tableName(), QStringLiteral("Catalogo"));
-        QCOMPARE(reader.fieldNames(), (QStringList{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}));
-        QCOMPARE(reader.recordCount(), 2000);
         const nubo::test::OracleRun version =
             nubo::test::runOracle(QStringLiteral("mdb-ver"), {path});
         NUBO_READ(version);
