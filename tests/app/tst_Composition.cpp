@@ -27,8 +27,6 @@
 #include "TestFiles.h"
 #include "WindowControl.h"
 
-using nubo::test::control;
-
 using namespace nubo;
 using test::control;
 
