@@ -201,8 +201,8 @@ private slots:
 
     void folderOverflowAbandonsTheWalk()
     {
-        platform::FakeDirectoryReader reader;
-        reader.generator = [](const QString& folder) -> std::optional<QList<platform::DirEntry>> {
+        FakeWalk w;
+        w.reader.generator = [](const QString& folder) -> std::optional<QList<platform::DirEntry>> {
             QList<platform::DirEntry> entries;
             if (folder == QLatin1String("/r/")) {
                 for (int i = 0; i < 40000; ++i)
@@ -210,8 +210,7 @@ private slots:
             }
             return entries;
         };
-        test::FakeSearchHost host;
-        search::FolderWalker walker(host, reader);
+        search::FolderWalker& walker = w.walker;
         QCOMPARE(walk(walker, "/r/"), search::FolderWalker::WalkEnd::CounterFull);
         QCOMPARE(walker.FoldersSeen.value(), 32767);
         walker.setSixteenBitCounters(false);
