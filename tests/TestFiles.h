@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
+
 // Small file helpers shared by the tests.
 namespace nubo::test {
 
@@ -28,6 +30,14 @@ inline QString writtenFile(const QString& path, const QByteArray& bytes)
     if (!writeFile(path, bytes))
         qFatal("cannot write %s", qPrintable(path));
     return path;
+}
+
+// Makes an empty file under a name given as bytes, which need not be UTF-8 (QFile cannot name
+// such a file).
+inline bool writeRawName(const QByteArray& path)
+{
+    FILE* file = std::fopen(path.constData(), "w");
+    return file && std::fclose(file) == 0;
 }
 
 } // namespace nubo::test

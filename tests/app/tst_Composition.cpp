@@ -27,8 +27,6 @@
 #include "TestFiles.h"
 #include "WindowControl.h"
 
-using nubo::test::control;
-
 using namespace nubo;
 using test::control;
 
@@ -128,9 +126,6 @@ private slots:
         auto* list = window<catalogue::Form1>("Form1");
         auto* search = window<search::Form3>("Form3");
         QVERIFY(main && list && search);
-        QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("nubo"));
-        for (QWidget* w : {static_cast<QWidget*>(main), static_cast<QWidget*>(list)})
-            QVERIFY(!w->windowIcon().isNull());
         search->setFolderPath(tree);
         search->setMaskText(QStringLiteral("*.mp3"));
 
@@ -211,6 +206,7 @@ private slots:
         app::Composition program(app, [app] { QVERIFY(layOutApp(app)); });
         QVERIFY(program.start());
         QVERIFY(!QGuiApplication::windowIcon().availableSizes().isEmpty());
+        QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("nubo"));
         const auto* author = window<QWidget>("Form6");
         const auto* options = window<QWidget>("Form5");
         QVERIFY(author && options);

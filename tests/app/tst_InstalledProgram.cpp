@@ -76,10 +76,8 @@ private slots:
     void installsItsFiles()
     {
         for (const char* path :
-             {"bin/nubo", "bin/nubo-cli", "share/nubo/Bitmap/conarrows.JPG",
-              "share/nubo/Cursors/DEFAULT.CUR", "share/nubo/Icons/Nubologo.ico",
-              "share/applications/nubo.desktop", "share/metainfo/io.github.nubo.Nubo.metainfo.xml",
-              "share/icons/hicolor/48x48/apps/nubo.png",
+             {"bin/nubo", "share/nubo/Bitmap/conarrows.JPG", "share/nubo/Cursors/DEFAULT.CUR",
+              "share/nubo/Icons/Nubologo.ico", "share/icons/hicolor/48x48/apps/nubo.png",
               "share/icons/hicolor/128x128/apps/nubo.png",
               "share/icons/hicolor/256x256/apps/nubo.png", "share/doc/nubo/copyright",
               "share/doc/nubo/changelog.gz", "share/man/man1/nubo.1.gz"})

@@ -156,8 +156,7 @@ private slots:
         QCOMPARE(f.catalogue.EmptyList(), outcome);
 
         QCOMPARE(f.dialogs.asked.size(), 1);
-        QCOMPARE(f.dialogs.asked[0].title, QStringLiteral("Guardar lista actual"));
-        QCOMPARE(f.dialogs.asked[0].text, "¿ Desea guardar la lista " + currentFile + "?");
+        QVERIFY(f.dialogs.asked[0].text.contains("lista " + currentFile + "?"));
         QCOMPARE(f.dialogs.asked[0].buttons, nubo::platform::MessageButtons::YesNoCancel);
         QTEST(flow.calls, "saveCalls");
         QCOMPARE(f.catalogue.list().count(), emptied ? 0 : 3);
@@ -215,7 +214,6 @@ private slots:
     {
         CatalogueFixture f;
         InfoMessage& info = f.catalogue.info();
-        QCOMPARE(info.text(), QStringLiteral("Info Adicional"));
         f.catalogue.ShowInfoMessage(QStringLiteral("abc"), 50, 0x00FF00);
         QTRY_COMPARE(info.text(), QStringLiteral("ab"));
         QCOMPARE(info.timer().interval(), 100);

@@ -52,7 +52,6 @@ private slots:
         QCOMPARE(names(list), QStringList({"a", "b", "a"}));
         QCOMPARE(list.row(0), list.row(2)); // no identity: equal rows stay equal
         QCOMPARE(shownNames(list), names(list));
-        QCOMPARE(list.headerData(4, Qt::Horizontal).toString(), QStringLiteral("UNIDAD"));
         QCOMPARE(list.index(0, 4).data().toString(), QStringLiteral("/d"));
     }
 
@@ -92,7 +91,6 @@ private slots:
         for (int i = 0; i < rows; ++i)
             all.prepend(QString::number(i));
         fill(list, QStringList(all.rbegin(), all.rend()));
-        QCOMPARE(names(list), all);
         for (int p : selected)
             all[p].clear();
         all.removeAll(QString());

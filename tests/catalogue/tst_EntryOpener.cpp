@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QTest>
 
-#include <cstdio>
 #include <functional>
 
 #include "CatalogueFixture.h"
@@ -132,10 +131,7 @@ private slots:
     {
         OpenerFixture f;
         QDir().mkpath(f.drive + "/m");
-        FILE* file =
-            std::fopen((QFile::encodeName(f.drive) + "/m/Canci\xf3n.mp3").constData(), "w");
-        QVERIFY(file);
-        std::fclose(file);
+        QVERIFY(nubo::test::writeRawName(QFile::encodeName(f.drive) + "/m/Canci\xf3n.mp3"));
         f.catalogue.list().insertAtTop(row("Canción", "/m/", "mp3", f.drive));
         f.opener.PlaySelectedEntry(0);
         QCOMPARE(f.catalogue.info().text(),

@@ -38,7 +38,6 @@ private slots:
         f.view()->selectAll();
         QTest::keyClick(f.view(), Qt::Key_Delete);
         QCOMPARE(list.count(), 2);
-        QCOMPARE(list.row(0).nombre, QStringLiteral("dos"));
         QCOMPARE(list.row(1).nombre, QStringLiteral("uno"));
         QCOMPARE(f.label("lblBuscarCuenta")->text(), QStringLiteral("0 de 2 archivos"));
 
@@ -65,8 +64,7 @@ private slots:
         QCOMPARE(f.view()->model()->rowCount(), 4);
         QCOMPARE(f.view()->selectionModel()->selectedRows().size(), 2);
         f.action("Eli")->trigger();
-        QCOMPARE(f.label("LblInfo")->text(),
-                 QStringLiteral("Han sido eliminados 2 archivos de la lista"));
+        QCOMPARE(list.count(), 2);
         QCOMPARE(list.row(0).nombre, QStringLiteral("c uno"));
         QCOMPARE(list.row(1).nombre, QStringLiteral("b uno"));
 

@@ -120,8 +120,7 @@ private slots:
         QVERIFY(f.form.detailsText().startsWith(QStringLiteral("Titulo: Hola")));
 
         f.view()->setCurrentIndex(f.viewIndex(0));
-        QTest::keyClick(f.view(),
-                        Qt::Key_Down); // shows the focused b.mp3
+        QTest::keyClick(f.view(), Qt::Key_Down); // shows the focused b.mp3
         QVERIFY(f.form.detailsText().contains(QStringLiteral("Artista: Luis")));
         pointAt(0);
         QVERIFY(!f.form.detailsText().contains(QStringLiteral("Luis")));

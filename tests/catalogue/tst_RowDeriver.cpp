@@ -62,10 +62,6 @@ private slots:
         CatalogueRow row = deriver.derive(path);
         QCOMPARE(row.unidad, QString());
         QCOMPARE(row.direccion, QStringLiteral("/home/ana/"));
-        path = QStringLiteral("/tema.mp3");
-        row = deriver.derive(path);
-        QCOMPARE(row.direccion, QStringLiteral("DIRECTORIO PRINCIPAL"));
-        QCOMPARE(path, QStringLiteral("/"));
         // A bare name takes the previous row's name and folder.
         QString first = QStringLiteral("/Musica/Rock/uno.mp3");
         deriver.derive(first);

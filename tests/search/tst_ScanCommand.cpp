@@ -10,8 +10,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <cstdio>
-
 using namespace nubo;
 
 class TestScanCommand final : public QObject
@@ -136,9 +134,7 @@ private slots:
         QCOMPARE(names, (QStringList{"a\\tb\\\\c", "linea\\nrota"}));
 
         const QByteArray bad = QFile::encodeName(dir.path()) + "/mal\xff.mp3";
-        FILE* raw = std::fopen(bad.constData(), "w");
-        QVERIFY(raw);
-        std::fclose(raw);
+        QVERIFY(test::writeRawName(bad));
         const Result mixed = scan({dir.path(), "--tags"});
         std::remove(bad.constData());
         QCOMPARE(mixed.status, 2);
