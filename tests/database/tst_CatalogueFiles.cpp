@@ -4,6 +4,7 @@
 #include "database/AtomicSaveFile.h"
 #include "database/CatalogueFiles.h"
 #include "database/DescriptorDevice.h"
+#include "database/FileCause.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -262,6 +263,26 @@ private slots:
             damaged += o.damaged || !o.ok ? 1 : 0;
         }
         QVERIFY(damaged > 0);
+    }
+
+    // Each way a write can be refused says so in Spanish, not as an unknown error.
+    void errnoCausesAreNamed_data()
+    {
+        QTest::addColumn<int>("error");
+        QTest::addColumn<QString>("cause");
+        QTest::newRow("full disk") << ENOSPC << "No queda espacio libre en el disco.";
+        QTest::newRow("quota") << EDQUOT << "Se ha agotado la cuota de disco del usuario.";
+        QTest::newRow("read-only") << EROFS << "El disco o la carpeta es de solo lectura.";
+        QTest::newRow("access") << EACCES
+                                << "Permiso denegado: no tiene acceso a ese archivo o carpeta.";
+        QTest::newRow("permission")
+            << EPERM << "Permiso denegado: no tiene acceso a ese archivo o carpeta.";
+    }
+    void errnoCausesAreNamed()
+    {
+        QFETCH(int, error);
+        QFETCH(QString, cause);
+        QCOMPARE(fileErrorCause(error), cause);
     }
 
     // A real full device: the write fails with the full-disk cause, not an unknown error.
