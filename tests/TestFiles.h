@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <filesystem>
 
 // Small file helpers shared by the tests.
 namespace nubo::test {
@@ -39,5 +40,23 @@ inline bool writeRawName(const QByteArray& path)
     FILE* file = std::fopen(path.constData(), "w");
     return file && std::fclose(file) == 0;
 }
+
+// Removes a file or folder named in bytes when the test leaves its scope, however it leaves:
+// QTemporaryDir cannot remove names that are not UTF-8 and would leave its folder behind.
+class RemovedAtEnd final
+{
+public:
+    explicit RemovedAtEnd(QByteArray path) : m_path(std::move(path)) {}
+    ~RemovedAtEnd()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path.toStdString(), ignored);
+    }
+    RemovedAtEnd(const RemovedAtEnd&) = delete;
+    RemovedAtEnd& operator=(const RemovedAtEnd&) = delete;
+
+private:
+    QByteArray m_path;
+};
 
 } // namespace nubo::test
