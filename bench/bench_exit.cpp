@@ -8,6 +8,8 @@
 #include "database/CatalogueFiles.h"
 #include "frame/ui/Form12.h"
 
+#include "ProgramFolder.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QDirIterator>
@@ -37,33 +39,6 @@ qint64 nowNs()
     return qint64(t.tv_sec) * 1000000000 + t.tv_nsec;
 }
 
-template <typename Window> Window* window(const char* name)
-{
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (w->objectName() == QLatin1String(name))
-            return qobject_cast<Window*>(w);
-    return nullptr;
-}
-
-// The shipped pictures and options without animations or log, as a fresh install has them.
-bool layOutApp(const QString& app)
-{
-    const QString shipped = QStringLiteral(NUBO_SOURCE_DIR "/resources");
-    QDirIterator it(shipped, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString source = it.next();
-        const QString target = app + source.mid(shipped.size());
-        QDir().mkpath(QFileInfo(target).path());
-        if (!QFile::copy(source, target))
-            return false;
-    }
-    QDir().mkpath(app + QStringLiteral("/Ini"));
-    QFile options(app + QStringLiteral("/Ini/Config.nbo"));
-    return options.open(QIODevice::WriteOnly) &&
-           options.write("[OPCIONES]\r\nDBLCLKEXECUTE=1\r\nPERMITIRANIMS=0\r\nESCRIBIRLOG=0\r\n"
-                         "CONFIGEXCEL=0\r\nMOSTRARPRO=0\r\nMINSTANCES=1\r\n") > 0;
-}
-
 // The child: loads the catalogue, then ends the program idle or 300 ms into a save.
 int child(int argc, char** argv)
 {
@@ -76,8 +51,8 @@ int child(int argc, char** argv)
     app::Composition program(folder + QStringLiteral("/app"));
     if (!program.start())
         return 3;
-    auto* main = window<frame::Form12>("Form12");
-    auto* list = window<catalogue::Form1>("Form1");
+    auto* main = test::topLevelWindow<frame::Form12>("Form12");
+    auto* list = test::topLevelWindow<catalogue::Form1>("Form1");
     program.openAtStart(folder + QStringLiteral("/millon.mdb"));
     QTimer poll;
     poll.setInterval(0);
@@ -142,7 +117,8 @@ int main(int argc, char** argv)
                 QStringLiteral("tema %1").arg(i), QStringLiteral("/Disco%1/").arg(i / 500),
                 QStringLiteral("Discos de prueba"), QStringLiteral("MP3")};
         }};
-    if (!layOutApp(dir.filePath(QStringLiteral("app"))) ||
+    if (!test::layOutProgramFolder(dir.filePath(QStringLiteral("app")),
+                                   QStringLiteral(NUBO_SOURCE_DIR)) ||
         !database::saveCatalogue(dir.filePath(QStringLiteral("millon.mdb")), {}, rows).ok)
         return 2;
     QTextStream out(stdout);

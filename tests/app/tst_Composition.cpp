@@ -24,6 +24,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "ProgramFolder.h"
 #include "TestFiles.h"
 #include "WindowControl.h"
 
@@ -31,29 +32,6 @@ using namespace nubo;
 using test::control;
 
 namespace {
-
-template <typename Window> Window* window(const char* name)
-{
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (w->objectName() == QLatin1String(name))
-            return qobject_cast<Window*>(w);
-    return nullptr;
-}
-
-// The application folder: the shipped pictures, and options without animations or log.
-bool layOutApp(const QString& app)
-{
-    const QString shipped = qEnvironmentVariable("NUBO_SOURCE_DIR") + QStringLiteral("/resources");
-    QDirIterator it(shipped, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString source = it.next();
-        if (!test::writeFile(app + source.mid(shipped.size()), test::fileBytes(source)))
-            return false;
-    }
-    return test::writeFile(app + QStringLiteral("/Ini/Config.nbo"),
-                           "[OPCIONES]\r\nDBLCLKEXECUTE=1\r\nPERMITIRANIMS=0\r\nESCRIBIRLOG=0\r\n"
-                           "CONFIGEXCEL=0\r\nMOSTRARPRO=0\r\nMINSTANCES=1\r\n");
-}
 
 // 20,000 matching names in 100 folders: hard links to one empty file, which a disk makes
 // far faster than 20,000 new files.
@@ -95,7 +73,8 @@ class TestComposition final : public QObject
     {
         qputenv("XDG_CONFIG_HOME", dir.filePath(QStringLiteral("config")).toUtf8());
         QGuiApplication::setQuitOnLastWindowClosed(false); // as nubo's main sets it
-        if (!layOutApp(dir.filePath(QStringLiteral("app"))))
+        if (!test::layOutProgramFolder(dir.filePath(QStringLiteral("app")),
+                                       qEnvironmentVariable("NUBO_SOURCE_DIR")))
             return {};
         auto program = std::make_unique<app::Composition>(dir.filePath(QStringLiteral("app")));
         return program->start() ? std::move(program) : nullptr;
@@ -122,9 +101,9 @@ private slots:
         QVERIFY(layOutTree(tree));
         const auto program = started(dir);
         QVERIFY(program);
-        auto* main = window<frame::Form12>("Form12");
-        auto* list = window<catalogue::Form1>("Form1");
-        auto* search = window<search::Form3>("Form3");
+        auto* main = test::topLevelWindow<frame::Form12>("Form12");
+        auto* list = test::topLevelWindow<catalogue::Form1>("Form1");
+        auto* search = test::topLevelWindow<search::Form3>("Form3");
         QVERIFY(main && list && search);
         search->setFolderPath(tree);
         search->setMaskText(QStringLiteral("*.mp3"));
@@ -166,7 +145,7 @@ private slots:
         const QString catalogue = dir.filePath(QStringLiteral("discos.mdb"));
         QVERIFY(saveRows(catalogue, 30000));
         const QByteArray previous = test::fileBytes(catalogue);
-        auto* list = window<catalogue::Form1>("Form1");
+        auto* list = test::topLevelWindow<catalogue::Form1>("Form1");
         QVERIFY(list);
         program->openAtStart(catalogue);
         QTRY_COMPARE_WITH_TIMEOUT(
@@ -203,12 +182,14 @@ private slots:
         QTemporaryDir dir;
         qputenv("XDG_CONFIG_HOME", dir.filePath(QStringLiteral("config")).toUtf8());
         const QString app = dir.filePath(QStringLiteral("app"));
-        app::Composition program(app, [app] { QVERIFY(layOutApp(app)); });
+        app::Composition program(app, [app] {
+            QVERIFY(test::layOutProgramFolder(app, qEnvironmentVariable("NUBO_SOURCE_DIR")));
+        });
         QVERIFY(program.start());
         QVERIFY(!QGuiApplication::windowIcon().availableSizes().isEmpty());
         QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("nubo"));
-        const auto* author = window<QWidget>("Form6");
-        const auto* options = window<QWidget>("Form5");
+        const auto* author = test::topLevelWindow<QWidget>("Form6");
+        const auto* options = test::topLevelWindow<QWidget>("Form5");
         QVERIFY(author && options);
         QVERIFY(!author->windowIcon().availableSizes().isEmpty());
         QVERIFY(!control<QLabel>(*author, "Image1")->pixmap().isNull());
@@ -221,13 +202,13 @@ private slots:
         QTemporaryDir dir;
         const auto program = started(dir);
         QVERIFY(program);
-        auto* main = window<frame::Form12>("Form12");
-        auto* list = window<catalogue::Form1>("Form1");
+        auto* main = test::topLevelWindow<frame::Form12>("Form12");
+        auto* list = test::topLevelWindow<catalogue::Form1>("Form1");
         QVERIFY(main && list);
         list->show();
         list->move(40, 30);
         QTest::mouseClick(control<QLabel>(*list, "PicExcelConf"), Qt::LeftButton);
-        const QWidget* sheet = window<QWidget>("Form7");
+        const QWidget* sheet = test::topLevelWindow<QWidget>("Form7");
         QVERIFY(sheet && sheet->isVisible());
         QVERIFY(
             (sheet->frameGeometry().center() - list->frameGeometry().center()).manhattanLength() <=
