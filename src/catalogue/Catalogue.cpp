@@ -126,6 +126,7 @@ EmptyOutcome Catalogue::EmptyList()
         return answer;
     setCurrentFile(QString());
     m_list.clear();
+    m_discs.clear();
     // Kept: the count line shows its last number until the next addition or deletion.
     ShowInfoMessage(QStringLiteral("La lista ha sido vaciada"), 10000, colours::kBlue);
     return EmptyOutcome::Emptied;

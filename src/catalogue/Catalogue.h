@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/CatalogueList.h"
+#include "catalogue/DiscList.h"
 #include "catalogue/InfoMessage.h"
 #include "catalogue/RowDeriver.h"
 
@@ -33,6 +34,9 @@ public:
 
     CatalogueList& list() { return m_list; }
     const CatalogueList& list() const { return m_list; }
+    // The disc record of each group of the list.
+    DiscList& discs() { return m_discs; }
+    const DiscList& discs() const { return m_discs; }
     InfoMessage& info() { return m_info; }
     const QString& countLine() const { return m_countLine; }
 
@@ -75,6 +79,7 @@ private:
     platform::IDialogs& m_dialogs;
     ICatalogueSaveFlow* m_saveFlow = nullptr;
     CatalogueList m_list;
+    DiscList m_discs;
     RowDeriver m_deriver;
     InfoMessage m_info;
     QString m_countLine = QStringLiteral("La lista esta vacia");

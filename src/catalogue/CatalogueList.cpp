@@ -17,13 +17,15 @@ constexpr int kMaxRemovalRuns = 32;
 // equal texts share the neighbour's copy, so a million rows do not hold a million copies.
 void shareRepeatedTexts(CatalogueRow& row, const CatalogueRow& neighbour)
 {
-    for (const Column column :
-         {Column::Direccion, Column::Origen, Column::Formato, Column::Unidad}) {
-        QString& text = row.text(column);
-        const QString& other = neighbour.text(column);
+    const auto share = [](QString& text, const QString& other) {
         if (text.constData() != other.constData() && text == other)
             text = other;
-    }
+    };
+    for (const Column column : {Column::Direccion, Column::Origen, Column::Formato, Column::Unidad})
+        share(row.text(column), neighbour.text(column));
+    share(row.details.artist, neighbour.details.artist);
+    share(row.details.album, neighbour.details.album);
+    share(row.details.genre, neighbour.details.genre);
 }
 
 } // namespace
@@ -165,8 +167,17 @@ void CatalogueList::removeByReset(const std::vector<int>& positions)
 std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder order) const
 {
     std::vector<const QString*> texts(m_rows.size());
-    for (int p = 0; p < count(); ++p)
-        texts[std::size_t(p)] = &row(p).text(column);
+    std::vector<QString> detailTexts;
+    if (isDetailColumn(column)) {
+        detailTexts.resize(m_rows.size());
+        for (int p = 0; p < count(); ++p) {
+            detailTexts[std::size_t(p)] = row(p).displayText(column);
+            texts[std::size_t(p)] = &detailTexts[std::size_t(p)];
+        }
+    } else {
+        for (int p = 0; p < count(); ++p)
+            texts[std::size_t(p)] = &row(p).text(column);
+    }
     // File names seldom repeat: looking for repeats would only cost.
     return ColumnOrder::sorted(texts, column != Column::Nombre, order);
 }
@@ -226,7 +237,7 @@ QVariant CatalogueList::data(const QModelIndex& index, int role) const
         (role != Qt::DisplayRole && role != Qt::EditRole))
         return {};
     const CatalogueRow& r = m_rows[shownIndex(index.row())];
-    return r.text(static_cast<Column>(index.column()));
+    return r.displayText(static_cast<Column>(index.column()));
 }
 
 bool CatalogueList::setData(const QModelIndex& index, const QVariant& value, int role)

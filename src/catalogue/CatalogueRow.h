@@ -1,21 +1,52 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/FileDetails.h"
+
 #include <QString>
 #include <QStringList>
 
 namespace nubo::catalogue {
 
-// The five columns of a catalogue row, in display and storage order (0-based).
-enum class Column : int { Nombre = 0, Direccion = 1, Origen = 2, Formato = 3, Unidad = 4 };
+// The columns of a catalogue row, in display order (0-based): the five texts, then the file's
+// details in the order core::DetailField gives them.
+enum class Column : int {
+    Nombre = 0,
+    Direccion = 1,
+    Origen = 2,
+    Formato = 3,
+    Unidad = 4,
+    Tamano = 5,
+    Fecha,
+    Titulo,
+    Artista,
+    Album,
+    Ano,
+    Pista,
+    Genero,
+    Duracion
+};
 
-inline constexpr int kColumnCount = 5;
+// The five text columns, the ones text(Column) returns by reference.
+inline constexpr int kTextColumnCount = 5;
+inline constexpr int kColumnCount = kTextColumnCount + core::kDetailFieldCount;
+
+inline bool isDetailColumn(Column column)
+{
+    return static_cast<int>(column) >= kTextColumnCount;
+}
+inline core::DetailField detailFieldOf(Column column)
+{
+    return static_cast<core::DetailField>(static_cast<int>(column) - kTextColumnCount);
+}
 
 // The column captions as the list shows them.
 inline QStringList columnCaptions()
 {
-    return {QStringLiteral("NOMBRE"), QStringLiteral("DIRECCION"), QStringLiteral("ORIGEN"),
-            QStringLiteral("FORMATO"), QStringLiteral("UNIDAD")};
+    return QStringList{QStringLiteral("NOMBRE"), QStringLiteral("DIRECCION"),
+                       QStringLiteral("ORIGEN"), QStringLiteral("FORMATO"),
+                       QStringLiteral("UNIDAD")} +
+           core::detailCaptions();
 }
 
 // The folder text of a file that lies in the root of its drive.
@@ -34,7 +65,7 @@ inline QString unknownDriveText()
     return QStringLiteral("NN");
 }
 
-// One catalogued file: its five texts.
+// One catalogued file: its five texts and what is known of its file.
 struct CatalogueRow
 {
     QString nombre;    // file name without extension
@@ -42,9 +73,16 @@ struct CatalogueRow
     QString origen;    // the group name at the time of adding
     QString formato;   // extension in capitals, or "ARCHIVO"
     QString unidad;    // drive prefix, or "NN"
+    core::FileDetails details = {};
 
+    // One of the five text columns; a detail column gives the drive's text.
     const QString& text(Column column) const;
     QString& text(Column column);
+    // Any column as the list shows it.
+    QString displayText(Column column) const
+    {
+        return isDetailColumn(column) ? details.text(detailFieldOf(column)) : text(column);
+    }
 
     bool operator==(const CatalogueRow&) const = default;
 };
@@ -60,7 +98,7 @@ inline const QString& CatalogueRow::text(Column column) const
         return origen;
     case Column::Formato:
         return formato;
-    case Column::Unidad:
+    default:
         break;
     }
     return unidad;

@@ -265,7 +265,10 @@ Outcome<LoadedCatalogue> loadCatalogue(const QString& path)
 {
     LoadedCatalogue loaded;
     const LoadOutcome outcome = readCatalogue(
-        path, {{}, {}, [&loaded](CatalogueRecord&& r) { loaded.rows.append(std::move(r)); }});
+        path, {{},
+               {},
+               [&loaded](CatalogueRecord&& r) { loaded.rows.append(std::move(r)); },
+               [&loaded](QList<core::DiscRecord>&& d) { loaded.discs = std::move(d); }});
     if (!outcome.ok)
         return Failure{outcome.reason};
     loaded.name = outcome.name;

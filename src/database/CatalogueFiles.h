@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/DiscRecord.h"
 #include "database/CatalogueRecord.h"
 #include "database/SheetStyle.h"
 #include "platform/Outcome.h"
@@ -27,6 +28,8 @@ struct CatalogueSaveOptions
     // Databases only: a stopped save ends with the record begun at the stop, stored empty, as
     // the list window's saves always have.
     bool stopLeavesEmptyRecord = false;
+    // One record per disc, written to the "Discos" sheet or table.
+    QList<core::DiscRecord> discs = {};
 };
 
 // The rows to save, read one at a time by index.
@@ -87,6 +90,8 @@ struct LoadHooks
     std::function<void(const QString& name, qint64 rows)> opened;
     RowProgress beforeRow;
     std::function<void(CatalogueRecord&& record)> row; // each row the list takes, in order
+    // The file's disc records, once, after its rows; not called for a file without them.
+    std::function<void(QList<core::DiscRecord>&& discs)> discs = {};
 };
 
 struct [[nodiscard]] LoadOutcome
@@ -121,6 +126,7 @@ struct LoadedCatalogue
 {
     QString name; // the workbook's first sheet or the database's table
     QList<CatalogueRecord> rows;
+    QList<core::DiscRecord> discs = {};
     QString damage;      // empty unless the file is damaged: rows are then those read
     qint64 declared = 0; // with damage: the rows the file states it holds
 };

@@ -1,19 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/FileDetails.h"
+
 #include <QString>
 
 #include <array>
 
 namespace nubo::database {
 
-// One catalogue row as the catalogue files store it: the four stored columns.
+// One catalogue row as the catalogue files store it: the four stored columns, then the file's
+// details (all unknown in a file written before they were kept).
 struct CatalogueRecord
 {
     QString nombre;
     QString direccion;
     QString origen;
     QString formato;
+    core::FileDetails details = {};
 
     const QString& field(int index) const
     {

@@ -268,6 +268,8 @@ void Form1::restoreColumns()
         ListView1->header()->resizeSection(c, quarter);
     // The drive column stays in every row but is not shown.
     ListView1->header()->resizeSection(4, 0);
+    for (int c = kTextColumnCount; c < kColumnCount; ++c)
+        ListView1->header()->setSectionHidden(c, true);
 }
 
 int Form1::focusedPosition() const

@@ -52,15 +52,15 @@ QList<CatalogueRecord> CatalogueTransfer::records() const
     rows.reserve(list.count());
     for (int p = 0; p < list.count(); ++p) {
         const catalogue::CatalogueRow& row = list.row(p);
-        rows.append({row.nombre, row.direccion, row.origen, row.formato});
+        rows.append({row.nombre, row.direccion, row.origen, row.formato, row.details});
     }
     return rows;
 }
 
 void CatalogueTransfer::appendRow(const CatalogueRecord& record)
 {
-    m_s.catalogue.list().appendAtBottom(
-        {record.nombre, record.direccion, record.origen, record.formato, loadedRowDrive()});
+    m_s.catalogue.list().appendAtBottom({record.nombre, record.direccion, record.origen,
+                                         record.formato, loadedRowDrive(), record.details});
 }
 
 // Lets pending events run, then reads the cancel and exit flags: once per row.

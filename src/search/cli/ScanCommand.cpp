@@ -211,7 +211,8 @@ int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& i
     const database::CatalogueRowSource rows{
         list.count(), [&list](qsizetype p) {
             const catalogue::CatalogueRow& row = list.row(int(p));
-            return database::CatalogueRecord{row.nombre, row.direccion, row.origen, row.formato};
+            return database::CatalogueRecord{row.nombre, row.direccion, row.origen, row.formato,
+                                             row.details};
         }};
     const database::SaveOutcome outcome = database::saveCatalogue(path, {}, rows);
     if (!outcome.ok) {
