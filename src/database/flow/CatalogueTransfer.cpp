@@ -92,7 +92,8 @@ LoadHooks CatalogueTransfer::loadHooks()
 {
     return {{},
             [this](qsizetype i) { return nextRow(i); },
-            [this](CatalogueRecord&& record) { appendRow(record); }};
+            [this](CatalogueRecord&& record) { appendRow(record); },
+            [this](QList<core::DiscRecord>&& discs) { m_s.catalogue.discs().merge(discs); }};
 }
 
 void CatalogueTransfer::showStatus(const QString& text, qint16 delayMs, quint32 colour)

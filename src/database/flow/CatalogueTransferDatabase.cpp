@@ -55,6 +55,7 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
     options.header = header();
     // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
     options.stopLeavesEmptyRecord = true;
+    options.discs = m_s.catalogue.discs().records();
     const SaveOutcome saved = saveDatabase(path, options, rowsOf(rows), saveHooks(run));
     if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // the temporary file goes, the previous file stays

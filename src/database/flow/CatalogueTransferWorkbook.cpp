@@ -27,6 +27,7 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
         return TransferOutcome::Failed;
     const QList<CatalogueRecord> rows = records();
     CatalogueSaveOptions options{header(), m_s.sheet.sheetName, std::nullopt};
+    options.discs = m_s.catalogue.discs().records();
     if (m_s.options.isOn(core::Option::ConfigExcel))
         options.style = m_s.sheet.style;
     const SaveOutcome saved = saveWorkbook(path, options, rowsOf(rows), saveHooks(run));
