@@ -52,11 +52,14 @@ class FakeProperties final : public nubo::catalogue::IPropertiesViewer
 {
 public:
     QStringList shown, followed;
+    QList<nubo::catalogue::RowFacts> facts;
     bool open = false;
 
     void showProperties(const QString& path) override { shown.append(path); }
     bool isOpen() const override { return open; }
     void followSelection(const QString& path) override { followed.append(path); }
+    void showRowFacts(const nubo::catalogue::RowFacts& f) override { facts.append(f); }
+    void followRowFacts(const nubo::catalogue::RowFacts& f) override { facts.append(f); }
 };
 
 class TestForm1 final : public QObject

@@ -92,6 +92,34 @@ QWidget* PropertiesWindow::buildFields(const FileProperties& p)
     return fields;
 }
 
+void PropertiesWindow::showKnownFields(const QString& fileName, const Fields& columns,
+                                       const Fields& disc)
+{
+    setWindowTitle(QStringLiteral("Propiedades de ") + fileName);
+    auto* fields = new QWidget;
+    fields->setObjectName(QStringLiteral("fields"));
+    auto* form = new QFormLayout(fields);
+    QLabel* message =
+        valueLabel(QStringLiteral("El archivo no está al alcance (su disco no está en la unidad); "
+                                  "esto es lo que guarda el catálogo."));
+    message->setObjectName(QStringLiteral("message"));
+    form->addRow(message);
+    for (const auto& [caption, value] : columns)
+        form->addRow(caption + QLatin1Char(':'), valueLabel(value));
+    auto* heading = new QLabel(QStringLiteral("Disco"));
+    heading->setObjectName(QStringLiteral("discHeading"));
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    form->addRow(heading);
+    if (disc.isEmpty())
+        form->addRow(valueLabel(QStringLiteral("El catálogo no guarda datos de este disco.")));
+    for (const auto& [caption, value] : disc)
+        form->addRow(caption + QLatin1Char(':'), valueLabel(value));
+    m_fields->setWidget(fields);
+    showPicture({});
+}
+
 // A picture that is not an image shows nothing.
 void PropertiesWindow::showPicture(const QByteArray& bytes)
 {
