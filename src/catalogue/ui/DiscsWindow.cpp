@@ -8,8 +8,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace nubo::catalogue {
 
@@ -79,12 +83,21 @@ void DiscsWindow::connectCatalogue()
     connect(discs, &QAbstractItemModel::rowsInserted, this, &DiscsWindow::showTotalsLine);
     connect(discs, &QAbstractItemModel::rowsRemoved, this, &DiscsWindow::showTotalsLine);
     connect(discs, &QAbstractItemModel::modelReset, this, &DiscsWindow::showTotalsLine);
-    // A successful edit ends what an earlier refusal said.
-    connect(discs, &QAbstractItemModel::dataChanged, m_message, &QLabel::clear);
+    // A successful edit ends what an earlier refusal said, and its text is shown whole.
+    connect(discs, &QAbstractItemModel::dataChanged, this, [this] {
+        m_message->clear();
+        m_table->resizeColumnsToContents();
+    });
 }
 
 void DiscsWindow::open()
 {
+    // The first time over the list window, as wide as the fields need and the screen allows.
+    if (!isVisible() && !testAttribute(Qt::WA_Moved) && parentWidget()) {
+        refreshTotals();
+        fitToFields();
+        move(parentWidget()->frameGeometry().center() - rect().center());
+    }
     show();
     raise();
     activateWindow();
@@ -92,6 +105,17 @@ void DiscsWindow::open()
     if (first.isValid() && !m_table->currentIndex().isValid())
         m_table->setCurrentIndex(first);
     m_table->setFocus();
+}
+
+void DiscsWindow::fitToFields()
+{
+    const QScreen* shown = parentWidget() ? parentWidget()->screen() : screen();
+    const int room = shown ? shown->availableGeometry().width() - 40 : width();
+    const QMargins margins = layout()->contentsMargins();
+    const int needed = m_table->horizontalHeader()->length() + 2 * m_table->frameWidth() +
+                       m_table->verticalScrollBar()->sizeHint().width() + margins.left() +
+                       margins.right();
+    resize(std::clamp(needed, width(), std::max(width(), room)), height());
 }
 
 void DiscsWindow::showEvent(QShowEvent* event)

@@ -33,6 +33,7 @@ private:
     void createControls();
     void connectCatalogue();
     void refreshTotals();
+    void fitToFields();
     void showTotalsLine();
     void showRefusal(const QString& reason);
 
