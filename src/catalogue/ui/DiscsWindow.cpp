@@ -93,8 +93,9 @@ void DiscsWindow::connectCatalogue()
 void DiscsWindow::open()
 {
     // The first time over the list window, as wide as the fields need and the screen allows.
-    if (!isVisible() && !testAttribute(Qt::WA_Moved) && parentWidget()) {
+    if (!isVisible())
         refreshTotals();
+    if (!isVisible() && !testAttribute(Qt::WA_Moved) && parentWidget()) {
         fitToFields();
         move(parentWidget()->frameGeometry().center() - rect().center());
     }
@@ -116,12 +117,6 @@ void DiscsWindow::fitToFields()
                        m_table->verticalScrollBar()->sizeHint().width() + margins.left() +
                        margins.right();
     resize(std::clamp(needed, width(), std::max(width(), room)), height());
-}
-
-void DiscsWindow::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    refreshTotals();
 }
 
 void DiscsWindow::refreshTotals()
