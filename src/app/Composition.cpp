@@ -61,25 +61,43 @@ public:
 
     void showProperties(const QString& path) override
     {
-        if (!m_window) {
-            m_window = std::make_unique<tags::ui::PropertiesWindow>();
-            // The list keeps the keyboard, so its arrow keys move the window along the rows.
-            m_window->setAttribute(Qt::WA_ShowWithoutActivating);
-            stackAbove(*m_window, m_list);
-        }
-        m_window->showProperties(tags::readFileProperties(path));
-        if (!m_window->isVisible())
-            placeBeside(*m_window, m_list);
-        m_window->show();
-        m_window->raise();
+        window().showProperties(tags::readFileProperties(path));
+        bringForward();
     }
     bool isOpen() const override { return m_window && m_window->isVisible(); }
     void followSelection(const QString& path) override
     {
         m_window->showProperties(tags::readFileProperties(path));
     }
+    void showRowFacts(const catalogue::RowFacts& facts) override
+    {
+        window().showKnownFields(facts.fileName, facts.columns, facts.disc);
+        bringForward();
+    }
+    void followRowFacts(const catalogue::RowFacts& facts) override
+    {
+        m_window->showKnownFields(facts.fileName, facts.columns, facts.disc);
+    }
 
 private:
+    tags::ui::PropertiesWindow& window()
+    {
+        if (!m_window) {
+            m_window = std::make_unique<tags::ui::PropertiesWindow>();
+            // The list keeps the keyboard, so its arrow keys move the window along the rows.
+            m_window->setAttribute(Qt::WA_ShowWithoutActivating);
+            stackAbove(*m_window, m_list);
+        }
+        return *m_window;
+    }
+    void bringForward()
+    {
+        if (!m_window->isVisible())
+            placeBeside(*m_window, m_list);
+        m_window->show();
+        m_window->raise();
+    }
+
     QWidget& m_list;
     std::unique_ptr<tags::ui::PropertiesWindow> m_window;
 };

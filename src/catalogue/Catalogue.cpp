@@ -23,6 +23,26 @@ QString emptyCountLine()
 Catalogue::Catalogue(const platform::IDrives& drives, platform::IDialogs& dialogs, QObject* parent)
     : QObject(parent), m_dialogs(dialogs), m_list(this), m_deriver(drives), m_info(this)
 {
+    m_discs.setGroupRenamer(
+        [this](const QString& from, const QString& to) { return renameGroupRows(from, to); });
+}
+
+void Catalogue::refreshDiscTotals()
+{
+    m_discs.setTotals(DiscTotals::of(m_list));
+}
+
+// Renaming a group changes the rows, so it waits, as every change of the rows does, while a
+// save or load has the list.
+QString Catalogue::renameGroupRows(const QString& from, const QString& to)
+{
+    if (refuseWhileBusy())
+        return m_info.text();
+    if (m_list.hasGroup(to))
+        return QStringLiteral("Ya hay archivos del grupo \"%1\" en la lista: elija otro nombre.")
+            .arg(to);
+    m_list.renameGroup(from, to);
+    return {};
 }
 
 void Catalogue::setGroupName(const QString& name)

@@ -37,6 +37,8 @@ public:
     // The disc record of each group of the list.
     DiscList& discs() { return m_discs; }
     const DiscList& discs() const { return m_discs; }
+    // Counts each group's files, bytes and length afresh for the disc records' view.
+    void refreshDiscTotals();
     InfoMessage& info() { return m_info; }
     const QString& countLine() const { return m_countLine; }
 
@@ -73,6 +75,7 @@ signals:
 
 private:
     void setCountLine(const QString& text);
+    QString renameGroupRows(const QString& from, const QString& to);
     // The user's answer to the save question, and the save it asked for.
     EmptyOutcome offerToSave();
 

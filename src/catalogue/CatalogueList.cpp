@@ -206,6 +206,35 @@ void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
+int CatalogueList::renameGroup(const QString& from, const QString& to)
+{
+    flush();
+    int renamed = 0;
+    int firstRow = count();
+    int lastRow = -1;
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (m_rows[i].origen != from)
+            continue;
+        m_rows[i].origen = to;
+        ++renamed;
+        const int viewRow = m_shown - 1 - int(i);
+        firstRow = std::min(firstRow, viewRow);
+        lastRow = std::max(lastRow, viewRow);
+    }
+    if (renamed > 0) {
+        const int column = static_cast<int>(Column::Origen);
+        emit dataChanged(index(firstRow, column), index(lastRow, column),
+                         {Qt::DisplayRole, Qt::EditRole});
+    }
+    return renamed;
+}
+
+bool CatalogueList::hasGroup(const QString& origen) const
+{
+    return std::any_of(m_rows.begin(), m_rows.end(),
+                       [&origen](const CatalogueRow& r) { return r.origen == origen; });
+}
+
 int CatalogueList::positionOf(const QModelIndex& index) const
 {
     if (!index.isValid() || index.row() >= m_shown)

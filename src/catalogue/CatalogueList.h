@@ -44,6 +44,9 @@ public:
     int removePositions(std::vector<int> positions); // how many went
     // Stable, in the locale's collation, blind to case.
     void sortByColumn(Column column, Qt::SortOrder order);
+    // Every row of group from takes the name to, all sharing one copy of it; returns how many.
+    int renameGroup(const QString& from, const QString& to);
+    bool hasGroup(const QString& origen) const;
 
     // Announces pending rows to the views now.
     void flush();

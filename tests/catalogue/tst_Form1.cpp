@@ -52,11 +52,14 @@ class FakeProperties final : public nubo::catalogue::IPropertiesViewer
 {
 public:
     QStringList shown, followed;
+    QList<nubo::catalogue::RowFacts> facts;
     bool open = false;
 
     void showProperties(const QString& path) override { shown.append(path); }
     bool isOpen() const override { return open; }
     void followSelection(const QString& path) override { followed.append(path); }
+    void showRowFacts(const nubo::catalogue::RowFacts& f) override { facts.append(f); }
+    void followRowFacts(const nubo::catalogue::RowFacts& f) override { facts.append(f); }
 };
 
 class TestForm1 final : public QObject
@@ -318,6 +321,47 @@ private slots:
         entry->trigger();
         menu->hide();
         QCOMPARE(properties.shown.last(), first);
+    }
+
+    // "&Discos..." opens the disc window by its key; "&Propiedades..." on a row whose disc is in
+    // no drive shows every column of the row and its disc's record.
+    void discsWindowAndPropertiesOfAnAbsentDisc()
+    {
+        Form1Fixture f;
+        FakeProperties properties;
+        f.form.setPropertiesViewer(&properties);
+        CatalogueRow row{"tema", "\\Musica\\", "Disco 1", "MP3", "NN"};
+        row.details.artist = QStringLiteral("Mercedes Quiroga");
+        row.details.duration = 185;
+        f.catalogue.list().appendAtBottom(row);
+        nubo::core::DiscRecord disc;
+        disc.origen = QStringLiteral("Disco 1");
+        disc.ubicacion = QStringLiteral("Estante 3");
+        f.catalogue.discs().merge({disc});
+        QCOMPARE(f.action("mnuDiscos")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_D));
+        QTest::keyClick(f.view(), Qt::Key_D, Qt::ControlModifier);
+        auto* discs = f.form.findChild<QWidget*>(QStringLiteral("DiscsWindow"));
+        QVERIFY(discs && discs->isVisible());
+        discs->close();
+
+        QTest::mouseClick(f.view()->viewport(), Qt::LeftButton, {}, f.rowPoint(0));
+        QTest::mouseClick(f.view()->viewport(), Qt::RightButton, {}, f.rowPoint(0));
+        QAction* entry = f.action("mnuPropiedades");
+        QVERIFY(entry->isEnabled());
+        entry->trigger();
+        f.control<QMenu>("mnuOpcionesLista")->hide();
+        QVERIFY(properties.shown.isEmpty());
+        QCOMPARE(properties.facts.size(), 1);
+        const RowFacts& facts = properties.facts.first();
+        QCOMPARE(facts.fileName, QStringLiteral("tema.MP3"));
+        QCOMPARE(facts.columns.size(), kColumnCount);
+        QCOMPARE(facts.columns.at(int(Column::Origen)),
+                 std::pair(QStringLiteral("ORIGEN"), row.origen));
+        QCOMPARE(facts.columns.at(int(Column::Artista)).second, row.details.artist);
+        QCOMPARE(facts.columns.last(),
+                 std::pair(QStringLiteral("DURACION"), QStringLiteral("3:05")));
+        QCOMPARE(facts.disc.at(int(nubo::core::DiscField::Ubicacion)),
+                 std::pair(QStringLiteral("UBICACION"), disc.ubicacion));
     }
 
     // The scrollbar and the details box narrow the list; FORMATO stays in sight.

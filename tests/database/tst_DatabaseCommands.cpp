@@ -2,6 +2,7 @@
 #include "CatalogueSamples.h"
 
 #include "database/CatalogueFiles.h"
+#include "database/cli/CatalogueListing.h"
 #include "database/cli/DatabaseCommands.h"
 
 #include "core/cli/Cli.h"
@@ -63,6 +64,73 @@ private slots:
         const Run missing = run({"show", "/nonexistent/a.xls"});
         QCOMPARE(missing.status, 2);
         QVERIFY(missing.out.isEmpty() && !missing.err.isEmpty());
+    }
+
+    // --todo adds the nine detail columns to each row; --discos prints the disc records in
+    // their place; both flatten tabs and line breaks as the rows' texts are.
+    void listsEveryColumnOrTheDiscs_data()
+    {
+        QTest::addColumn<int>("listing");
+        QTest::addColumn<QString>("out");
+        QTest::newRow("rows") << int(cli::Listing::Rows)
+                              << "Tema\t\\M\\\tDisco 1\tMP3\tNN\nOtro\t\\\tDisco 1\tWAV\tNN\n";
+        QTest::newRow("every column")
+            << int(cli::Listing::EveryColumn)
+            << "Tema\t\\M\\\tDisco 1\tMP3\tNN\t5000000000\t\tCorazón partío\tMercedes "
+               "Quiroga\t\t1979\t7\t\t1:02:05\n"
+               "Otro\t\\\tDisco 1\tWAV\tNN\t\t\t\t\t\t\t\t\t\n";
+        QTest::newRow("discs") << int(cli::Listing::Discs)
+                               << "Disco 1\tMUSICA\t1A2B-3C4D\t\t700000000\t\t\t\\\t*.mp3\t"
+                                  "Estante 3, caja azul\tprestado a Luis\n";
+    }
+    void listsEveryColumnOrTheDiscs()
+    {
+        QFETCH(int, listing);
+        QFETCH(QString, out);
+        LoadedCatalogue loaded;
+        CatalogueRecord tagged{"Tema", "\\M\\", "Disco 1", "MP3"};
+        tagged.details.size = 5'000'000'000;
+        tagged.details.title = QStringLiteral("Corazón\tpartío");
+        tagged.details.artist = QStringLiteral("Mercedes Quiroga");
+        tagged.details.year = 1979;
+        tagged.details.track = 7;
+        tagged.details.duration = 3725;
+        loaded.rows = {tagged, {"Otro", "\\", "Disco 1", "WAV"}};
+        nubo::core::DiscRecord disc;
+        disc.origen = QStringLiteral("Disco 1");
+        disc.etiqueta = QStringLiteral("MUSICA");
+        disc.serie = nubo::core::serialText(0x1A2B3C4D);
+        disc.capacidad = 700'000'000;
+        disc.carpeta = QStringLiteral("\\");
+        disc.mascara = QStringLiteral("*.mp3");
+        disc.ubicacion = QStringLiteral("Estante 3, caja azul");
+        disc.notas = QStringLiteral("prestado a\nLuis");
+        loaded.discs = {disc};
+        QString printed;
+        QTextStream stream(&printed);
+        cli::printCatalogue(loaded, cli::Listing(listing), stream);
+        stream.flush();
+        QCOMPARE(printed, out);
+    }
+
+    // The options reach "show" from the command line and are named in its help; an unknown
+    // one is a usage error.
+    void showTakesItsOptions()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("a.xls"));
+        QVERIFY(saveCatalogue(path, {}, rowsOf(test::sampleRows(3))).ok);
+        const Run every = run({"show", "--todo", path});
+        QCOMPARE(every.status, 0);
+        const QStringList lines = every.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 3);
+        for (const QString& line : lines)
+            QCOMPARE(line.count(QLatin1Char('\t')), 13);
+        QCOMPARE(run({"show", path, "--discos"}).status, 0);
+        QCOMPARE(run({"show", "--todos", path}).status, 1);
+        const QString help = run({"--help"}).out;
+        QVERIFY(help.contains(QStringLiteral("--todo")) &&
+                help.contains(QStringLiteral("--discos")));
     }
 
     // "find" over files and a folder: the rows every word matches, without regard to case or

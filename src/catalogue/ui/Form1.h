@@ -3,6 +3,7 @@
 
 #include "catalogue/IListWindow.h"
 #include "catalogue/ListMode.h"
+#include "catalogue/RowFacts.h"
 #include "catalogue/ui/CatalogueView.h"
 #include "platform/AppFolder.h"
 #include "platform/ui/HoverPictures.h"
@@ -33,6 +34,7 @@ class Options;
 namespace nubo::catalogue {
 
 class Catalogue;
+class DiscsWindow;
 class DropHandler;
 class EntryOpener;
 class FindBar;
@@ -157,6 +159,7 @@ private:
     QAction* Mover = nullptr;
     ListFilter* m_filter = nullptr; // the rows the list shows
     FindBar* m_findBar = nullptr;
+    DiscsWindow* m_discsWindow = nullptr; // made when first asked for
     QAction* mnuPropiedades = nullptr;
 
     void fitBackground();
@@ -174,6 +177,7 @@ private:
     void loadPictures();
     void installKeyPreview();
     void createFindBar();
+    void showDiscs();
 
     bool handleWindowKey(int key, Qt::KeyboardModifiers modifiers);
     bool handleControlKey(int key);
@@ -187,7 +191,8 @@ private:
     void emergencyExit();
     void refreshCommands();
     void showRightClickMenu(const QPoint& globalPos);
-    QString selectedEntryPath() const;
+    int selectedPosition() const;
+    RowFacts factsOf(int position) const;
     void openOnDoubleClick();
     void showDetailsOf(int position);
     void showDetailsIfOn(int position);

@@ -218,13 +218,17 @@ void Form1::showRightClickMenu(const QPoint& globalPos)
     mnuOpcionesLista->popup(globalPos);
 }
 
-// The path of the one selected row; empty when none or several are selected.
-QString Form1::selectedEntryPath() const
+// The position of the one selected row; -1 when none or several are selected.
+int Form1::selectedPosition() const
 {
     const QModelIndexList rows = ListView1->selectionModel()->selectedRows();
-    if (rows.size() != 1)
-        return {};
-    return m_details.entryPath(m_catalogue.list(), m_filter->positionOf(rows.first()));
+    return rows.size() == 1 ? m_filter->positionOf(rows.first()) : -1;
+}
+
+RowFacts Form1::factsOf(int position) const
+{
+    const CatalogueRow& row = m_catalogue.list().row(position);
+    return RowFacts::of(row, m_catalogue.discs().find(row.origen));
 }
 
 void Form1::openOnDoubleClick()

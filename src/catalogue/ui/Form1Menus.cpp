@@ -6,6 +6,8 @@
 #include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/ListFilter.h"
+#include "catalogue/RowDetails.h"
+#include "catalogue/ui/DiscsWindow.h"
 #include "catalogue/ui/FindBar.h"
 #include "catalogue/ui/Form1.h"
 
@@ -77,6 +79,9 @@ void Form1::createListMenu()
     item(list, "mnuBuscarLista", QStringLiteral("&Buscar en la lista..."), this, [this] {
         m_findBar->open();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
+    // Our own entry: the disc record of each group, where the user says where each disc is.
+    item(list, "mnuDiscos", QStringLiteral("&Discos..."), this, &Form1::showDiscs)
+        ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
     m_listCommands.append(
         item(list, "vaciarl", QStringLiteral("&Vaciar"), &m_catalogue, &Catalogue::EmptyList));
     list->addSeparator();
@@ -113,15 +118,21 @@ void Form1::createFileOptionsMenu()
     });
     options->addMenu(modes);
     // Our own entry: every tag and the audio properties of the one selected file.
+    // A row whose file cannot be found shows what the catalogue keeps of it and of its disc.
     mnuPropiedades =
         item(options, "mnuPropiedades", QStringLiteral("&Propiedades..."), this, [this] {
-            const QString path = selectedEntryPath();
-            if (m_properties && !path.isEmpty() && !m_opener.refuseNotUtf8Name(path))
+            const int position = selectedPosition();
+            if (!m_properties || position < 0)
+                return;
+            const QString path = m_details.entryPath(m_catalogue.list(), position);
+            if (path.isEmpty())
+                m_properties->showRowFacts(factsOf(position));
+            else if (!m_opener.refuseNotUtf8Name(path))
                 m_properties->showProperties(path);
         });
     menuBar->addMenu(options);
     connect(options, &QMenu::aboutToShow, this, [this] {
-        mnuPropiedades->setEnabled(rulesOf(m_mode).popupEnabled && !selectedEntryPath().isEmpty());
+        mnuPropiedades->setEnabled(rulesOf(m_mode).popupEnabled && selectedPosition() >= 0);
     });
 
     m_modes = new QActionGroup(this);
@@ -131,6 +142,13 @@ void Form1::createFileOptionsMenu()
         m_modes->addAction(mode);
     }
     Funcional->setChecked(true);
+}
+
+void Form1::showDiscs()
+{
+    if (!m_discsWindow)
+        m_discsWindow = new DiscsWindow(m_catalogue, m_app, this);
+    m_discsWindow->open();
 }
 
 void Form1::connectCatalogue()
@@ -209,8 +227,13 @@ void Form1::connectList()
     connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_properties || !m_properties->isOpen())
             return;
-        if (const QString path = selectedEntryPath(); !path.isEmpty())
+        const int position = selectedPosition();
+        if (position < 0)
+            return;
+        if (const QString path = m_details.entryPath(m_catalogue.list(), position); !path.isEmpty())
             m_properties->followSelection(path);
+        else
+            m_properties->followRowFacts(factsOf(position));
     });
     // Once rows move or go, the row under the pointer is another one.
     const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };

@@ -2,8 +2,8 @@
 #include "database/cli/DatabaseCommands.h"
 
 #include "database/CatalogueFiles.h"
+#include "database/cli/CatalogueListing.h"
 #include "database/cli/FindCommand.h"
-#include "database/cli/FlatField.h"
 
 #include <QFileInfo>
 
@@ -26,10 +26,22 @@ std::optional<LoadedCatalogue> load(const QString& path, CliIo& io)
     return std::move(loaded).value();
 }
 
-int show(const QStringList& args, CliIo& io)
+// "--discos" wins over "--todo": the disc records have no row columns.
+std::optional<Listing> listingOf(QStringList& args)
 {
-    if (args.size() != 1) {
-        io.err << "uso: nubo-cli show ARCHIVO\n";
+    const bool discs = args.removeAll(QStringLiteral("--discos")) > 0;
+    const bool everyColumn = args.removeAll(QStringLiteral("--todo")) > 0;
+    if (args.size() != 1 || args.first().startsWith(QLatin1String("--")))
+        return std::nullopt;
+    return discs ? Listing::Discs : everyColumn ? Listing::EveryColumn : Listing::Rows;
+}
+
+int show(const QStringList& arguments, CliIo& io)
+{
+    QStringList args = arguments;
+    const std::optional<Listing> listing = listingOf(args);
+    if (!listing) {
+        io.err << "uso: nubo-cli show [--todo | --discos] ARCHIVO\n";
         return nubo::cli::kUsageError;
     }
     if (!catalogueFormatOf(args.first())) {
@@ -40,10 +52,7 @@ int show(const QStringList& args, CliIo& io)
     const auto loaded = load(args.first(), io);
     if (!loaded)
         return nubo::cli::kFileError;
-    for (const CatalogueRecord& r : loaded->rows) {
-        io.out << flat(r.nombre) << '\t' << flat(r.direccion) << '\t' << flat(r.origen) << '\t'
-               << flat(r.formato) << '\t' << loadedRowDrive() << '\n';
-    }
+    printCatalogue(*loaded, *listing, io.out);
     if (!loaded->damage.isEmpty()) {
         io.err << "nubo-cli: " << loaded->damage << '\n';
         return nubo::cli::kFileError;
@@ -81,6 +90,7 @@ int convert(const QStringList& args, CliIo& io)
     // Opening a workbook names the sheet of the next one saved.
     if (catalogueFormatOf(args.at(0)) == CatalogueFormat::Workbook)
         options.sheetName = loaded->name;
+    options.discs = loaded->discs;
     const SaveOutcome outcome = saveCatalogue(args.at(1), options, rowsOf(loaded->rows));
     if (!outcome.ok) {
         io.err << "nubo-cli: no se puede guardar " << args.at(1) << ": " << outcome.reason << '\n';
@@ -94,11 +104,16 @@ int convert(const QStringList& args, CliIo& io)
 QList<nubo::cli::CliCommand> databaseCommands()
 {
     return {
-        {QStringLiteral("show"), QStringLiteral("show ARCHIVO"),
-         QStringLiteral("Muestra las filas de un catálogo .xls o .mdb como las cargaría la lista"),
+        {QStringLiteral("show"), QStringLiteral("show [--todo | --discos] ARCHIVO"),
+         QStringLiteral("Muestra las filas de un catálogo .xls o .mdb como las cargaría la lista "
+                        "(NOMBRE, DIRECCION, ORIGEN, FORMATO, UNIDAD); --todo añade TAMAÑO, "
+                        "FECHA, TITULO, ARTISTA, ALBUM, AÑO, PISTA, GENERO y DURACION; --discos "
+                        "muestra en su lugar los discos (ORIGEN, ETIQUETA, SERIE, SISTEMA, "
+                        "CAPACIDAD, LIBRE, FECHA, CARPETA, MASCARA, UBICACION, NOTAS)"),
          show},
         {QStringLiteral("convert"), QStringLiteral("convert ENTRADA SALIDA"),
-         QStringLiteral("Carga un catálogo y lo guarda en el formato de la extensión de SALIDA"),
+         QStringLiteral("Carga un catálogo y lo guarda, con todas sus columnas y sus discos, en "
+                        "el formato de la extensión de SALIDA"),
          convert},
         findCommand(),
     };

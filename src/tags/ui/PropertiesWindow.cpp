@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 namespace nubo::tags::ui {
 
@@ -90,6 +91,42 @@ QWidget* PropertiesWindow::buildFields(const FileProperties& p)
                  valueLabel(QStringLiteral("%1 Hz").arg(p.sampleRate)));
     form->addRow(QStringLiteral("Canales:"), valueLabel(QString::number(p.channels)));
     return fields;
+}
+
+// The row's columns on the left, its disc's record on the right, so both fit in sight.
+void PropertiesWindow::showKnownFields(const QString& fileName, const Fields& columns,
+                                       const Fields& disc)
+{
+    setWindowTitle(QStringLiteral("Propiedades de ") + fileName);
+    auto* fields = new QWidget;
+    fields->setObjectName(QStringLiteral("fields"));
+    auto* layout = new QVBoxLayout(fields);
+    QLabel* message =
+        valueLabel(QStringLiteral("El archivo no está al alcance (su disco no está en la unidad); "
+                                  "esto es lo que guarda el catálogo."));
+    message->setObjectName(QStringLiteral("message"));
+    layout->addWidget(message);
+    auto* sides = new QHBoxLayout;
+    layout->addLayout(sides);
+    layout->addStretch(1);
+    auto* row = new QFormLayout;
+    for (const auto& [caption, value] : columns)
+        row->addRow(caption + QLatin1Char(':'), valueLabel(value));
+    sides->addLayout(row, 1);
+    auto* discForm = new QFormLayout;
+    auto* heading = new QLabel(QStringLiteral("Disco"));
+    heading->setObjectName(QStringLiteral("discHeading"));
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    discForm->addRow(heading);
+    if (disc.isEmpty())
+        discForm->addRow(valueLabel(QStringLiteral("El catálogo no guarda datos de este disco.")));
+    for (const auto& [caption, value] : disc)
+        discForm->addRow(caption + QLatin1Char(':'), valueLabel(value));
+    sides->addLayout(discForm, 1);
+    m_fields->setWidget(fields);
+    showPicture({});
 }
 
 // A picture that is not an image shows nothing.

@@ -3,7 +3,10 @@
 
 #include "tags/FileProperties.h"
 
+#include <QList>
 #include <QWidget>
+
+#include <utility>
 
 class QLabel;
 class QScrollArea;
@@ -18,8 +21,13 @@ class PropertiesWindow final : public QWidget
 public:
     explicit PropertiesWindow(QWidget* parent = nullptr);
 
+    using Fields = QList<std::pair<QString, QString>>; // caption, value
+
     // Shows these properties in place of the previous ones.
     void showProperties(const FileProperties& properties);
+    // For a file out of reach: what a catalogue keeps of it (columns) and of its disc (disc,
+    // empty when it keeps no record of the disc).
+    void showKnownFields(const QString& fileName, const Fields& columns, const Fields& disc);
 
 private:
     QWidget* buildFields(const FileProperties& properties);

@@ -78,6 +78,29 @@ private slots:
         if (pictureWidth > 0)
             QCOMPARE(shown->pixmap().size(), QSize(220, 110));
     }
+
+    // A file out of reach: what the catalogue keeps of it and of its disc, or that it keeps
+    // nothing of the disc; no picture.
+    void showsWhatACatalogueKeeps()
+    {
+        nubo::tags::ui::PropertiesWindow window;
+        FileProperties found;
+        found.readable = true;
+        found.picture = pngBytes(10, 10);
+        window.showProperties(found);
+        window.showKnownFields(QStringLiteral("tema.MP3"),
+                               {{QStringLiteral("ARTISTA"), QStringLiteral("Mercedes Quiroga")}},
+                               {{QStringLiteral("UBICACION"), QStringLiteral("Estante 3")}});
+        QCOMPARE(window.windowTitle(), QStringLiteral("Propiedades de tema.MP3"));
+        const QStringList texts = labelTexts(window);
+        for (const char* text :
+             {"ARTISTA:", "Mercedes Quiroga", "Disco", "UBICACION:", "Estante 3"})
+            QVERIFY2(texts.contains(QLatin1String(text)), text);
+        QVERIFY(window.findChild<QLabel*>(QStringLiteral("picture"))->isHidden());
+        window.showKnownFields(QStringLiteral("tema.MP3"), {}, {});
+        QVERIFY(labelTexts(window).contains(
+            QStringLiteral("El catálogo no guarda datos de este disco.")));
+    }
 };
 
 QTEST_MAIN(TestPropertiesWindow)
