@@ -300,11 +300,16 @@ int CatalogueList::columnCount(const QModelIndex& parent) const
 
 QVariant CatalogueList::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) ||
-        (role != Qt::DisplayRole && role != Qt::EditRole))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const auto column = static_cast<Column>(index.column());
+    // Numbers line up on their last digit, as a spreadsheet shows them.
+    if (role == Qt::TextAlignmentRole && isNumericColumn(column) && column != Column::Fecha)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const CatalogueRow& r = m_rows[shownIndex(index.row())];
-    return r.displayText(static_cast<Column>(index.column()));
+    return r.displayText(column);
 }
 
 bool CatalogueList::setData(const QModelIndex& index, const QVariant& value, int role)

@@ -33,6 +33,7 @@ class Options;
 namespace nubo::catalogue {
 
 class Catalogue;
+class ColumnChooser;
 class DropHandler;
 class EntryOpener;
 class FindBar;
@@ -157,6 +158,7 @@ private:
     QAction* Mover = nullptr;
     ListFilter* m_filter = nullptr; // the rows the list shows
     FindBar* m_findBar = nullptr;
+    ColumnChooser* m_columns = nullptr; // the detail columns shown
     QAction* mnuPropiedades = nullptr;
 
     void fitBackground();

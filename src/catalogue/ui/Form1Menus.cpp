@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The list window's menus and its connections to the catalogue.
 #include "catalogue/Catalogue.h"
+#include "catalogue/Colours.h"
 #include "catalogue/DropHandler.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/IPropertiesViewer.h"
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/ListFilter.h"
+#include "catalogue/ui/ColumnChooser.h"
 #include "catalogue/ui/FindBar.h"
 #include "catalogue/ui/Form1.h"
 
@@ -77,6 +79,8 @@ void Form1::createListMenu()
     item(list, "mnuBuscarLista", QStringLiteral("&Buscar en la lista..."), this, [this] {
         m_findBar->open();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
+    // Our own entry: the header's right-click menu, for the keyboard.
+    list->addMenu(m_columns->menu());
     m_listCommands.append(
         item(list, "vaciarl", QStringLiteral("&Vaciar"), &m_catalogue, &Catalogue::EmptyList));
     list->addSeparator();
@@ -150,6 +154,10 @@ void Form1::connectCatalogue()
     connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, showWaitingCountLine);
     connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
     connect(&m_catalogue, &Catalogue::busyChanged, this, &Form1::refreshCommands);
+    connect(m_columns, &ColumnChooser::choiceNotKept, this, [this] {
+        m_catalogue.ShowInfoMessage(QStringLiteral("No se pudo guardar que columnas se muestran"),
+                                    5000, colours::kRed);
+    });
     connect(&m_catalogue.info(), &InfoMessage::changed, this,
             [this](const QString& text, quint32 colour) {
                 LblInfo->setText(text);
