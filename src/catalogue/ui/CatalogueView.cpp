@@ -20,6 +20,8 @@ namespace {
 
 // Room around a cell's text: the style's margins on both sides.
 constexpr int kCellPadding = 16;
+// What NOMBRE to FORMATO keep in sight beside detail columns.
+constexpr int kReadableLetters = 14;
 
 } // namespace
 
@@ -81,9 +83,16 @@ void CatalogueView::fitColumns()
         return;
     const std::vector<int> shown = shownColumns();
     const int count = int(shown.size());
-    // With the four alone they always fit, however narrow, as they always did.
-    const bool keepCaptions = count > kShownColumns;
-    const auto least = [&](int c) { return keepCaptions ? captionWidth(c) : 0; };
+    // With the four alone they always fit, however narrow, as they always did. Beside detail
+    // columns the four keep about fourteen letters and the others their captions, and the list
+    // scrolls sideways past that.
+    const bool keepReadable = count > kShownColumns;
+    const int tenLetters = fontMetrics().averageCharWidth() * kReadableLetters + kCellPadding;
+    const auto least = [&](int c) {
+        if (!keepReadable)
+            return 0;
+        return c < kShownColumns ? std::max(tenLetters, captionWidth(c)) : captionWidth(c);
+    };
     qint64 total = 0;
     for (const int c : shown)
         total += columns->sectionSize(c);

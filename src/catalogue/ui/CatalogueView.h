@@ -22,8 +22,8 @@ public:
     using QTreeView::edit;
 
     // Shares the visible width among the shown columns, each keeping its proportion. While
-    // detail columns are shown no column narrows below its caption; past that the columns
-    // overflow and the horizontal scrollbar appears.
+    // detail columns are shown no column narrows below a readable width (about fourteen letters,
+    // a detail column its caption); past that they overflow and the list scrolls sideways.
     void fitColumns();
     // A width that holds a column's caption and a typical value of it.
     int naturalWidth(int column) const;
