@@ -87,11 +87,11 @@ void CatalogueView::fitColumns()
     // columns the four keep about fourteen letters and the others their captions, and the list
     // scrolls sideways past that.
     const bool keepReadable = count > kShownColumns;
-    const int tenLetters = fontMetrics().averageCharWidth() * kReadableLetters + kCellPadding;
+    const int readableText = fontMetrics().averageCharWidth() * kReadableLetters + kCellPadding;
     const auto least = [&](int c) {
         if (!keepReadable)
             return 0;
-        return c < kShownColumns ? std::max(tenLetters, captionWidth(c)) : captionWidth(c);
+        return c < kShownColumns ? std::max(readableText, captionWidth(c)) : captionWidth(c);
     };
     qint64 total = 0;
     for (const int c : shown)
