@@ -22,6 +22,29 @@
 using namespace nubo::catalogue;
 using nubo::platform::MessageAnswer;
 
+namespace {
+
+// The header's sections that take room, left to right.
+QList<int> sectionsInSight(const QHeaderView* header)
+{
+    QList<int> shown;
+    for (int c = 0; c < header->count(); ++c) {
+        if (!header->isSectionHidden(c) && header->sectionSize(c) > 0)
+            shown.append(c);
+    }
+    return shown;
+}
+
+bool fillsTheWidth(const CatalogueView* view)
+{
+    int sum = 0;
+    for (const int c : sectionsInSight(view->header()))
+        sum += view->header()->sectionSize(c);
+    return sum == view->viewport()->width();
+}
+
+} // namespace
+
 class TestForm1View final : public QObject
 {
     Q_OBJECT
@@ -169,27 +192,14 @@ private slots:
     }
 
     // The header's right click offers the detail columns; checked ones appear beside the four
-    // and share the width down to their captions, past which the list scrolls sideways. The
-    // choice comes back in a new window, and a header click sorts sizes as numbers.
-    void columnChooserShowsHidesAndKeepsTheChoice()
+    // and share the width down to a readable one, past which the list scrolls sideways.
+    void columnChooserShowsAndHidesColumns()
     {
         Form1Fixture f;
         QHeaderView* header = f.view()->header();
         const int width = f.view()->viewport()->width();
-        const auto shownSections = [header] {
-            QList<int> shown;
-            for (int c = 0; c < header->count(); ++c) {
-                if (!header->isSectionHidden(c) && header->sectionSize(c) > 0)
-                    shown.append(c);
-            }
-            return shown;
-        };
-        const auto fitsExactly = [&] {
-            int sum = 0;
-            for (const int c : shownSections())
-                sum += header->sectionSize(c);
-            return sum == f.view()->viewport()->width();
-        };
+        const auto shownSections = [header] { return sectionsInSight(header); };
+        const auto fitsExactly = [&] { return fillsTheWidth(f.view()); };
         QCOMPARE(shownSections(), QList<int>({0, 1, 2, 3}));
         QVERIFY(fitsExactly());
 
@@ -226,7 +236,17 @@ private slots:
 
         // Keyboard users reach the same entries from "&Lista".
         QVERIFY(f.control<QMenu>("Arch1")->actions().contains(menu->menuAction()));
+    }
 
+    // A new window shows the columns chosen in the last one; a click on a detail column's
+    // header sorts it as numbers, the first click descending.
+    void columnChoiceIsKeptAndItsColumnsSort()
+    {
+        Form1Fixture f;
+        QVERIFY(QDir(f.appDir.path()).mkdir(QStringLiteral("ini")));
+        f.action("mnuColumnaTAMANO")->trigger();
+        f.action("mnuColumnaARTISTA")->trigger();
+        QHeaderView* header = f.view()->header();
         nubo::catalogue::Form1 second{
             {f.app, f.catalogue, f.opener, f.details, f.drops, f.options}};
         second.show();
