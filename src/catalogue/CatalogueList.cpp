@@ -28,7 +28,55 @@ void shareRepeatedTexts(CatalogueRow& row, const CatalogueRow& neighbour)
     share(row.details.genre, neighbour.details.genre);
 }
 
+// The detail columns kept as text; the others are numbers.
+const QString& detailTextOf(const core::FileDetails& details, Column column)
+{
+    switch (column) {
+    case Column::Titulo:
+        return details.title;
+    case Column::Artista:
+        return details.artist;
+    case Column::Album:
+        return details.album;
+    default:
+        break;
+    }
+    return details.genre;
+}
+
+// A numeric field as a sort key; an unknown value is below every known one.
+qint64 numberOf(const core::FileDetails& details, core::DetailField field)
+{
+    switch (field) {
+    case core::DetailField::Tamano:
+        return details.size; // kNoSize is -1
+    case core::DetailField::Fecha:
+        return details.modified; // kNoDate is the least number
+    case core::DetailField::Ano:
+        return details.year; // 0: none
+    case core::DetailField::Pista:
+        return details.track; // 0: none
+    default:
+        break;
+    }
+    return details.duration; // kNoDuration is -1
+}
+
 } // namespace
+
+bool isNumericColumn(Column column)
+{
+    switch (column) {
+    case Column::Tamano:
+    case Column::Fecha:
+    case Column::Ano:
+    case Column::Pista:
+    case Column::Duracion:
+        return true;
+    default:
+        return false;
+    }
+}
 
 CatalogueList::CatalogueList(QObject* parent) : QAbstractTableModel(parent)
 {
@@ -162,24 +210,43 @@ void CatalogueList::removeByReset(const std::vector<int>& positions)
     endResetModel();
 }
 
-// The order of the rows by column, as old positions in their new order; equal texts keep
+// The order of the rows by column, as old positions in their new order; equal values keep
 // their relative order.
 std::vector<int> CatalogueList::sortedPositions(Column column, Qt::SortOrder order) const
 {
+    if (isNumericColumn(column))
+        return sortedByNumber(column, order);
     std::vector<const QString*> texts(m_rows.size());
-    std::vector<QString> detailTexts;
-    if (isDetailColumn(column)) {
-        detailTexts.resize(m_rows.size());
-        for (int p = 0; p < count(); ++p) {
-            detailTexts[std::size_t(p)] = row(p).displayText(column);
-            texts[std::size_t(p)] = &detailTexts[std::size_t(p)];
-        }
-    } else {
-        for (int p = 0; p < count(); ++p)
-            texts[std::size_t(p)] = &row(p).text(column);
+    for (int p = 0; p < count(); ++p) {
+        const CatalogueRow& r = row(p);
+        texts[std::size_t(p)] =
+            isDetailColumn(column) ? &detailTextOf(r.details, column) : &r.text(column);
     }
-    // File names seldom repeat: looking for repeats would only cost.
-    return ColumnOrder::sorted(texts, column != Column::Nombre, order);
+    // File names and titles seldom repeat: looking for repeats would only cost.
+    const bool textsRepeat = column != Column::Nombre && column != Column::Titulo;
+    return ColumnOrder::sorted(texts, textsRepeat, order);
+}
+
+// Unknown values are the smallest, as empty texts are in the text columns: first in ascending
+// order, last in descending. Ties break on the old position either way, so the sort is stable.
+std::vector<int> CatalogueList::sortedByNumber(Column column, Qt::SortOrder order) const
+{
+    const std::size_t rows = m_rows.size();
+    std::vector<std::pair<qint64, int>> keyed(rows);
+    const core::DetailField field = detailFieldOf(column);
+    for (int p = 0; p < count(); ++p)
+        keyed[std::size_t(p)] = {numberOf(row(p).details, field), p};
+    if (order == Qt::AscendingOrder) {
+        std::sort(keyed.begin(), keyed.end());
+    } else {
+        std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
+            return a.first != b.first ? a.first > b.first : a.second < b.second;
+        });
+    }
+    std::vector<int> positions(rows);
+    for (std::size_t i = 0; i < rows; ++i)
+        positions[i] = keyed[i].second;
+    return positions;
 }
 
 void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
@@ -262,11 +329,16 @@ int CatalogueList::columnCount(const QModelIndex& parent) const
 
 QVariant CatalogueList::data(const QModelIndex& index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) ||
-        (role != Qt::DisplayRole && role != Qt::EditRole))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const auto column = static_cast<Column>(index.column());
+    // Numbers line up on their last digit, as a spreadsheet shows them.
+    if (role == Qt::TextAlignmentRole && isNumericColumn(column) && column != Column::Fecha)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const CatalogueRow& r = m_rows[shownIndex(index.row())];
-    return r.displayText(static_cast<Column>(index.column()));
+    return r.displayText(column);
 }
 
 bool CatalogueList::setData(const QModelIndex& index, const QVariant& value, int role)

@@ -11,13 +11,16 @@
 
 namespace nubo::catalogue {
 
+// Whether a column sorts as numbers (sizes, dates, years, tracks, durations).
+bool isNumericColumn(Column column);
+
 // The catalogue list: the ordered rows the list window shows, newest first. Positions are
 // 0-based over all rows, 0 being the top row (the most recently added). Rows come from paths
 // through Catalogue::AddFileToList, the one way a found or dropped file becomes a row.
 //
-// As a Qt model it is a five-column table. Rows added at the top or the bottom are announced
-// to views in batches (at most every kFlushIntervalMs, and before any other change), so a long
-// search or load costs one view update per batch rather than one per row: rowCount() may lag
+// As a Qt model it has a column for each of Column. Rows added at the top or the bottom are
+// announced to views in batches (at most every kFlushIntervalMs, and before any other change), so a
+// long search or load costs one view update per batch rather than one per row: rowCount() may lag
 // count().
 class CatalogueList final : public QAbstractTableModel
 {
@@ -42,7 +45,8 @@ public:
     void clearForExit();
     // Positions in any order; repeated or out-of-range ones count once or not at all.
     int removePositions(std::vector<int> positions); // how many went
-    // Stable, in the locale's collation, blind to case.
+    // Stable. Text columns in the locale's collation, blind to case; TAMAÑO, FECHA, AÑO, PISTA
+    // and DURACION as numbers, unknown values below every known one.
     void sortByColumn(Column column, Qt::SortOrder order);
     // Every row of group from takes the name to, all sharing one copy of it; returns how many.
     int renameGroup(const QString& from, const QString& to);
@@ -76,6 +80,7 @@ private:
     void removeStorageRange(std::size_t first, std::size_t last);
     void removeByReset(const std::vector<int>& positions);
     std::vector<int> sortedPositions(Column column, Qt::SortOrder order) const;
+    std::vector<int> sortedByNumber(Column column, Qt::SortOrder order) const;
     void scheduleFlush();
 
     std::deque<CatalogueRow> m_rows;

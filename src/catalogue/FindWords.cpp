@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/FindWords.h"
 
+#include "catalogue/DetailKeyText.h"
+
 #include <QStringList>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -17,8 +20,19 @@ namespace {
 
 // Beyond this many words, checking which words hold others costs more than it saves.
 constexpr std::size_t kMaxComparedWords = 64;
-// Separates the three texts of a key; no folded word holds it.
+// Separate the texts of a key; folding turns control characters into blanks, so no folded text
+// or word holds either. The second one ends the texts a plain word is looked for in.
 constexpr char kFieldSeparator = '\n';
+constexpr char kPlainEnd = '\x01';
+constexpr int kAnywhere = -1;
+
+// The columns in the order a key holds them: first those a plain word is looked for in, then
+// those only a field name reaches.
+constexpr std::array<Column, kColumnCount> kKeyOrder = {
+    Column::Nombre, Column::Direccion, Column::Origen, Column::Titulo,  Column::Artista,
+    Column::Album,  Column::Ano,       Column::Genero, Column::Formato, Column::Unidad,
+    Column::Tamano, Column::Fecha,     Column::Pista,  Column::Duracion};
+constexpr int kPlainColumns = 8;
 
 bool isCombiningMark(char32_t c)
 {
@@ -118,7 +132,7 @@ void FindWords::appendFolded(QStringView text, std::string& key)
     for (qsizetype i = 0; i < size; ++i) {
         char32_t c = text[i].unicode();
         if (c < 0x80) {
-            key.push_back(char(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c));
+            key.push_back(c < 0x20 ? ' ' : char(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c));
             continue;
         }
         if (QChar::isHighSurrogate(c) && i + 1 < size && text[i + 1].isLowSurrogate())
@@ -137,49 +151,123 @@ std::string FindWords::folded(QStringView text)
     return key;
 }
 
-std::string FindWords::keyOf(const QString& nombre, const QString& direccion, const QString& origen)
+std::string FindWords::keyOf(const CatalogueRow& row, DetailKeyText& numbers)
 {
+    const core::FileDetails& d = row.details;
     std::string key;
-    key.reserve(std::size_t(nombre.size() + direccion.size() + origen.size() + 2));
-    appendFolded(nombre, key);
-    key.push_back(kFieldSeparator);
-    appendFolded(direccion, key);
-    key.push_back(kFieldSeparator);
-    appendFolded(origen, key);
+    key.reserve(std::size_t(row.nombre.size() + row.direccion.size() + row.origen.size() +
+                            d.title.size() + d.artist.size() + d.album.size() + d.genre.size() +
+                            row.formato.size() + row.unidad.size() + 48));
+    for (int slot = 0; slot < kColumnCount; ++slot) {
+        if (slot > 0)
+            key.push_back(slot == kPlainColumns ? kPlainEnd : kFieldSeparator);
+        const Column column = kKeyOrder[std::size_t(slot)];
+        if (!isDetailColumn(column))
+            appendFolded(row.text(column), key);
+        else if (!numbers.appendNumber(d, detailFieldOf(column), key))
+            appendFolded(d.text(detailFieldOf(column)), key);
+    }
     return key;
+}
+
+std::optional<Column> FindWords::columnNamed(QStringView name)
+{
+    static const std::vector<std::string> names = [] {
+        std::vector<std::string> folds;
+        for (const QString& caption : columnCaptions())
+            folds.push_back(folded(caption));
+        return folds;
+    }();
+    const auto found = std::find(names.begin(), names.end(), folded(name));
+    if (found == names.end())
+        return std::nullopt;
+    return Column(int(found - names.begin()));
+}
+
+FindWords::Word FindWords::parsed(QStringView typed)
+{
+    const qsizetype colon = typed.indexOf(QLatin1Char(':'));
+    if (colon > 0) {
+        if (const std::optional<Column> column = columnNamed(typed.left(colon))) {
+            const auto slot = std::find(kKeyOrder.begin(), kKeyOrder.end(), *column);
+            return {int(slot - kKeyOrder.begin()), folded(typed.mid(colon + 1))};
+        }
+    }
+    return {kAnywhere, folded(typed)};
+}
+
+bool FindWords::implies(const Word& word, const Word& other)
+{
+    const bool sameTexts =
+        word.slot == other.slot || (other.slot == kAnywhere && word.slot < kPlainColumns);
+    return sameTexts && word.text.find(other.text) != std::string::npos;
 }
 
 FindWords::FindWords(const QString& text)
 {
-    const QStringList words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (const QString& word : words) {
-        std::string f = folded(word);
-        std::erase(f, kFieldSeparator);
-        if (!f.empty())
-            m_words.push_back(std::move(f));
+    const QStringList typed = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString& word : typed) {
+        Word w = parsed(word);
+        if (!w.text.empty())
+            m_words.push_back(std::move(w));
     }
     // Longest first: the rarest words turn most rows away soonest.
-    std::sort(m_words.begin(), m_words.end(), [](const std::string& a, const std::string& b) {
-        return a.size() != b.size() ? a.size() > b.size() : a < b;
+    std::sort(m_words.begin(), m_words.end(), [](const Word& a, const Word& b) {
+        if (a.text.size() != b.text.size())
+            return a.text.size() > b.text.size();
+        return a.slot != b.slot ? a.slot < b.slot : a.text < b.text;
     });
     m_words.erase(std::unique(m_words.begin(), m_words.end()), m_words.end());
     if (m_words.size() > kMaxComparedWords)
         return;
-    // A word inside a longer one adds nothing.
-    std::vector<std::string> kept;
-    for (std::string& word : m_words) {
-        if (std::none_of(kept.begin(), kept.end(), [&](const std::string& longer) {
-                return longer.find(word) != std::string::npos;
-            }))
+    // A word that a longer one implies adds nothing.
+    std::vector<Word> kept;
+    for (Word& word : m_words) {
+        if (std::none_of(kept.begin(), kept.end(),
+                         [&](const Word& longer) { return implies(longer, word); }))
             kept.push_back(std::move(word));
     }
     m_words = std::move(kept);
 }
 
+namespace {
+
+// The texts of a key a plain word is looked for in.
+std::string_view plainTexts(std::string_view key)
+{
+    return key.substr(0, key.find(kPlainEnd));
+}
+
+// The folded text of the column at slot.
+std::string_view slotText(std::string_view key, int slot)
+{
+    std::size_t begin = 0;
+    int at = 0;
+    if (slot >= kPlainColumns) {
+        begin = std::min(key.size(), key.find(kPlainEnd) + 1);
+        at = kPlainColumns;
+    }
+    for (; at < slot && begin < key.size(); ++at)
+        begin = std::min(key.size(), key.find(kFieldSeparator, begin) + 1);
+    const char end = slot == kPlainColumns - 1 ? kPlainEnd : kFieldSeparator;
+    return key.substr(begin, key.find(end, begin) - begin);
+}
+
+} // namespace
+
 bool FindWords::matches(std::string_view key) const
 {
-    for (const std::string& word : m_words) {
-        if (!contains(key, word))
+    std::string_view plain;
+    bool plainFound = false;
+    for (const Word& word : m_words) {
+        if (word.slot != kAnywhere) {
+            if (!contains(slotText(key, word.slot), word.text))
+                return false;
+            continue;
+        }
+        if (!std::exchange(plainFound, true))
+            plain = plainTexts(key);
+        if (!contains(plain, word.text))
             return false;
     }
     return true;
@@ -189,12 +277,10 @@ bool FindWords::narrows(const FindWords& previous) const
 {
     if (m_words.size() > kMaxComparedWords || previous.m_words.size() > kMaxComparedWords)
         return false;
-    return std::all_of(
-        previous.m_words.begin(), previous.m_words.end(), [this](const std::string& old) {
-            return std::any_of(m_words.begin(), m_words.end(), [&](const std::string& word) {
-                return word.find(old) != std::string::npos;
-            });
-        });
+    return std::all_of(previous.m_words.begin(), previous.m_words.end(), [this](const Word& old) {
+        return std::any_of(m_words.begin(), m_words.end(),
+                           [&](const Word& word) { return implies(word, old); });
+    });
 }
 
 } // namespace nubo::catalogue

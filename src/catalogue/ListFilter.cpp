@@ -43,8 +43,7 @@ const CatalogueRow& ListFilter::sourceRow(int row) const
 
 std::string ListFilter::keyOfSourceRow(int row) const
 {
-    const CatalogueRow& r = sourceRow(row);
-    return FindWords::keyOf(r.nombre, r.direccion, r.origen);
+    return FindWords::keyOf(sourceRow(row), m_numbers);
 }
 
 // The rows' folded keys, made again from the list once the find has been prepared.

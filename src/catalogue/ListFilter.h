@@ -13,6 +13,7 @@
 // edits and sorts, and a find that narrows the previous one tests only the rows shown.
 
 #include "catalogue/CatalogueRow.h"
+#include "catalogue/DetailKeyText.h"
 #include "catalogue/FindWords.h"
 
 #include <QAbstractProxyModel>
@@ -78,6 +79,7 @@ private:
 
     CatalogueList& m_list;
     FindWords m_words;
+    mutable DetailKeyText m_numbers;
     bool m_keysReady = false;
     std::vector<std::string> m_keys; // one per source row, once prepared
     std::vector<int> m_shown;        // the source rows shown, ascending

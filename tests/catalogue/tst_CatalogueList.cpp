@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QTest>
 
+#include <array>
+
 using namespace nubo::catalogue;
 
 namespace {
@@ -113,6 +115,65 @@ private slots:
         QCOMPARE(names(list), QStringList({"a", "B", "b", "c"}));
         QCOMPARE(list.row(1).direccion, QStringLiteral("/2/")); // equal texts keep their order
         QCOMPARE(c.row(), 3); // "c": a view's selection follows it
+        QCOMPARE(shownNames(list), names(list));
+    }
+
+    // Numbers sort as numbers (9 before 10, one hour after 59:59), unknown values below every
+    // known one, equal values in their old order in either direction; tag texts as names do.
+    void sortsDetailColumns_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<int>("order");
+        QTest::addColumn<QString>("expected");
+        const int up = Qt::AscendingOrder, down = Qt::DescendingOrder;
+        QTest::newRow("TAMAÑO up") << int(Column::Tamano) << up << "becad";
+        QTest::newRow("TAMAÑO down") << int(Column::Tamano) << down << "adcbe";
+        QTest::newRow("DURACION up") << int(Column::Duracion) << up << "ebdac";
+        QTest::newRow("DURACION down") << int(Column::Duracion) << down << "cadbe";
+        QTest::newRow("FECHA up") << int(Column::Fecha) << up << "dbcea";
+        QTest::newRow("AÑO down") << int(Column::Ano) << down << "badec";
+        QTest::newRow("PISTA up") << int(Column::Pista) << up << "ceadb";
+        QTest::newRow("ARTISTA up") << int(Column::Artista) << up << "bdcea";
+        QTest::newRow("TITULO down") << int(Column::Titulo) << down << "cabde";
+    }
+    void sortsDetailColumns()
+    {
+        QFETCH(int, column);
+        QFETCH(int, order);
+        QFETCH(QString, expected);
+        QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+        struct Values
+        {
+            qint64 size, date;
+            qint32 duration;
+            quint16 year, track;
+            const char *artist, *title;
+        };
+        // a..e, top to bottom; -1, kNoDate and 0 are unknown.
+        const std::array<Values, 5> values = {{
+            {10, 300, 600, 1979, 3, "Quiroga", "uno"},
+            {-1, 100, 59, 2001, 9, "", "uno"},
+            {9, 200, 3600, 0, 1, "Álvarez", "zeta"},
+            {10, nubo::core::FileDetails::kNoDate, 599, 1979, 4, "", "Ñandú"},
+            {-1, 200, -1, 1979, 2, "Beltrán", "dos"},
+        }};
+        CatalogueList list;
+        QAbstractItemModelTester tester(&list);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            CatalogueRow r = rowNamed(QString(QChar('a' + int(i))));
+            const Values& v = values[i];
+            r.details.size = v.size;
+            r.details.modified = v.date;
+            r.details.duration = v.duration;
+            r.details.year = v.year;
+            r.details.track = v.track;
+            r.details.artist = QString::fromUtf8(v.artist);
+            r.details.title = QString::fromUtf8(v.title);
+            list.appendAtBottom(r);
+        }
+        list.flush();
+        list.sortByColumn(Column(column), Qt::SortOrder(order));
+        QCOMPARE(names(list).join(QString()), expected);
         QCOMPARE(shownNames(list), names(list));
     }
 

@@ -19,14 +19,24 @@ private slots:
     {
         Form1Fixture f;
         CatalogueList& list = f.catalogue.list();
-        for (const char* name : {"Álvaro 2", "uno", "Álvaro 1", "dos"}) // "dos" ends on top
-            list.insertAtTop({QString::fromUtf8(name), "/m/", "Grupo", "MP3", "C:"});
+        for (const char* name : {"Álvaro 2", "uno", "Álvaro 1", "dos"}) { // "dos" ends on top
+            CatalogueRow row{QString::fromUtf8(name), "/m/", "Grupo", "MP3", "C:"};
+            row.details.artist = QStringLiteral("Mercedes Quiroga ") + row.nombre;
+            list.insertAtTop(row);
+        }
         list.flush();
         QSignalSpy cancels(&f.form, &Form1::cancelRequested);
         auto* field = f.control<QLineEdit>("txtBuscarLista");
         QVERIFY(!field->isVisible());
         QTest::keyClick(f.view(), Qt::Key_F, Qt::ControlModifier);
         QVERIFY(field->isVisible());
+        // Tags are searched too; a field name holds a word to its column.
+        QTest::keyClicks(field, QStringLiteral("ARTISTA:quir"));
+        field->insert(QStringLiteral("óga uno"));
+        QCOMPARE(f.label("lblBuscarCuenta")->text(), QStringLiteral("1 de 4 archivos"));
+        QTest::keyClicks(field, QStringLiteral(" nombre:alvaro"));
+        QCOMPARE(f.label("lblBuscarCuenta")->text(), QStringLiteral("0 de 4 archivos"));
+        field->clear();
         QTest::keyClicks(field, QStringLiteral("ALVARO"));
         QCOMPARE(f.label("lblBuscarCuenta")->text(), QStringLiteral("2 de 4 archivos"));
         QAbstractItemModel* shown = f.view()->model();

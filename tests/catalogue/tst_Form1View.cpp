@@ -6,17 +6,44 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QDir>
+#include <QHeaderView>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTimer>
 
 #include "Form1Fixture.h"
 
 using namespace nubo::catalogue;
 using nubo::platform::MessageAnswer;
+
+namespace {
+
+// The header's sections that take room, left to right.
+QList<int> sectionsInSight(const QHeaderView* header)
+{
+    QList<int> shown;
+    for (int c = 0; c < header->count(); ++c) {
+        if (!header->isSectionHidden(c) && header->sectionSize(c) > 0)
+            shown.append(c);
+    }
+    return shown;
+}
+
+bool fillsTheWidth(const CatalogueView* view)
+{
+    int sum = 0;
+    for (const int c : sectionsInSight(view->header()))
+        sum += view->header()->sectionSize(c);
+    return sum == view->viewport()->width();
+}
+
+} // namespace
 
 class TestForm1View final : public QObject
 {
@@ -162,6 +189,117 @@ private slots:
         f.action("vaciarl")->trigger();
         QCOMPARE(f.catalogue.list().count(), 0);
         QVERIFY(box->toPlainText().isEmpty() && f.view()->viewport()->toolTip().isEmpty());
+    }
+
+    // The header's right click offers the detail columns; checked ones appear beside the four
+    // and share the width down to a readable one, past which the list scrolls sideways.
+    void columnChooserShowsAndHidesColumns()
+    {
+        Form1Fixture f;
+        QHeaderView* header = f.view()->header();
+        const int width = f.view()->viewport()->width();
+        const auto shownSections = [header] { return sectionsInSight(header); };
+        const auto fitsExactly = [&] { return fillsTheWidth(f.view()); };
+        QCOMPARE(shownSections(), QList<int>({0, 1, 2, 3}));
+        QVERIFY(fitsExactly());
+
+        QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(10, 5),
+                                header->mapToGlobal(QPoint(10, 5)));
+        QApplication::sendEvent(header->viewport(), &click);
+        auto* menu = f.control<QMenu>("mnuColumnas");
+        QTRY_VERIFY(menu->isVisible());
+        menu->close();
+        // No "ini" folder yet: the columns still show, and the message line says the choice
+        // was not kept.
+        f.action("mnuColumnaTAMANO")->trigger();
+        QCOMPARE(f.label("LblInfo")->text(),
+                 QStringLiteral("No se pudo guardar que columnas se muestran"));
+        QVERIFY(QDir(f.appDir.path()).mkdir(QStringLiteral("ini")));
+        f.action("mnuColumnaARTISTA")->trigger();
+        QCOMPARE(shownSections(), QList<int>({0, 1, 2, 3, 5, 8}));
+        QVERIFY(fitsExactly());
+        QTRY_VERIFY(!f.view()->horizontalScrollBar()->isVisible());
+
+        for (const char* key : {"FECHA", "TITULO", "ALBUM", "ANO", "PISTA", "GENERO", "DURACION"})
+            f.action((QByteArray("mnuColumna") + key).constData())->trigger();
+        QCOMPARE(shownSections().size(), 13);
+        for (const int c : shownSections()) {
+            const QString caption = header->model()->headerData(c, Qt::Horizontal).toString();
+            QVERIFY(header->sectionSize(c) >= header->fontMetrics().horizontalAdvance(caption));
+        }
+        QTRY_VERIFY(f.view()->horizontalScrollBar()->isVisible());
+        for (const char* key : {"FECHA", "TITULO", "ALBUM", "ANO", "PISTA", "GENERO", "DURACION"})
+            f.action((QByteArray("mnuColumna") + key).constData())->trigger();
+        QTRY_VERIFY(!f.view()->horizontalScrollBar()->isVisible());
+        QVERIFY(fitsExactly());
+        QCOMPARE(f.view()->viewport()->width(), width);
+
+        // Keyboard users reach the same entries from "&Lista".
+        QVERIFY(f.control<QMenu>("Arch1")->actions().contains(menu->menuAction()));
+    }
+
+    // A new window shows the columns chosen in the last one; a click on a detail column's
+    // header sorts it as numbers, the first click descending.
+    void columnChoiceIsKeptAndItsColumnsSort()
+    {
+        Form1Fixture f;
+        QVERIFY(QDir(f.appDir.path()).mkdir(QStringLiteral("ini")));
+        f.action("mnuColumnaTAMANO")->trigger();
+        f.action("mnuColumnaARTISTA")->trigger();
+        QHeaderView* header = f.view()->header();
+        nubo::catalogue::Form1 second{
+            {f.app, f.catalogue, f.opener, f.details, f.drops, f.options}};
+        second.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&second));
+        auto* secondView = nubo::test::control<CatalogueView>(second, "ListView1");
+        for (int c = kTextColumnCount; c < kColumnCount; ++c)
+            QCOMPARE(secondView->header()->isSectionHidden(c),
+                     c != int(Column::Tamano) && c != int(Column::Artista));
+
+        for (const qint64 size : {9, -1, 10}) {
+            CatalogueRow r{QString::number(size), "/m/", "G", "MP3", "NN"};
+            r.details.size = size;
+            f.catalogue.list().insertAtTop(r);
+        }
+        f.catalogue.list().flush();
+        const QRect tamano(header->sectionViewportPosition(int(Column::Tamano)), 0,
+                           header->sectionSize(int(Column::Tamano)), header->height());
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, tamano.center());
+        QCOMPARE(f.catalogue.list().row(0).nombre, QStringLiteral("10")); // first click: down
+        QCOMPARE(f.catalogue.list().row(2).nombre, QStringLiteral("-1"));
+        QCOMPARE(f.view()->model()->index(0, int(Column::Tamano)).data().toString(),
+                 QStringLiteral("10"));
+    }
+
+    // A file of another kind, or one damaged, shows the four alone; keys are read whatever
+    // their case, blanks or line ends.
+    void columnChoiceFileIsReadWithCare_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QList<int>>("shown");
+        QTest::newRow("another section") << QByteArray("[OTRA]\nTAMANO=1\n") << QList<int>{};
+        QTest::newRow("not text") << QByteArray(300, '\0') << QList<int>{};
+        QTest::newRow("written by hand")
+            << QByteArray("[columnas]\r\n artista = 1\r\nAno=1\r\nFECHA=0\r\nPISTA=si\r\n")
+            << QList<int>{int(Column::Artista), int(Column::Ano)};
+    }
+    void columnChoiceFileIsReadWithCare()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QList<int>, shown);
+        Form1Fixture f;
+        nubo::test::writeFile(f.appDir.filePath(QStringLiteral("ini/Columnas.nbo")), file);
+        nubo::catalogue::Form1 second{
+            {f.app, f.catalogue, f.opener, f.details, f.drops, f.options}};
+        second.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&second));
+        auto* view = nubo::test::control<CatalogueView>(second, "ListView1");
+        QList<int> actual;
+        for (int c = kTextColumnCount; c < kColumnCount; ++c) {
+            if (!view->header()->isSectionHidden(c))
+                actual.append(c);
+        }
+        QCOMPARE(actual, shown);
     }
 
     // Messages of one or two lines, and none, leave the list where it is.

@@ -7,6 +7,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
+#include <ctime>
+
 using namespace nubo::catalogue;
 
 namespace {
@@ -67,14 +70,35 @@ private slots:
         QTest::newRow("long text") << QString(10000, QLatin1Char('x')) << QStringList{};
         QTest::newRow("many words") << QStringLiteral("a ").repeated(5000) + QStringLiteral("vivo")
                                     << QStringList{"Álvaro Vivo"};
+        // Tags are searched like the name; a field holds a word to its column.
+        QTest::newRow("artist") << "quiroga" << QStringList{"Pista 1"};
+        QTest::newRow("year and title") << "1979" << QStringList{"Pista 1", "Otra"};
+        QTest::newRow("field, case and accents") << "ARTISTA:quiróga" << QStringList{"Pista 1"};
+        QTest::newRow("field with ñ") << "año:1979" << QStringList{"Pista 1"};
+        QTest::newRow("field without ñ") << "Ano:1979" << QStringList{"Pista 1"};
+        QTest::newRow("word outside its field") << "artista:corazon" << QStringList{};
+        QTest::newRow("format by its name") << "formato:flac" << QStringList{"Pista 1"};
+        QTest::newRow("format not as a word") << "flac" << QStringList{};
+        QTest::newRow("length") << "duracion:3:05" << QStringList{"Pista 1"};
+        QTest::newRow("field and word") << "origen:verano corazón" << QStringList{"Pista 1"};
+        QTest::newRow("unknown field is a word") << "re:mix" << QStringList{"Otra"};
+        QTest::newRow("unknown field, no match") << "grupo:verano" << QStringList{};
+        QTest::newRow("empty field asks nothing") << "artista: vivo" << QStringList{"Álvaro Vivo"};
     }
     void matching()
     {
         QFETCH(QString, text);
         QFETCH(QStringList, expected);
         CatalogueList list;
-        fill(list, {row("Álvaro Vivo"), row("Canción triste"), row("Pista 1", "/ROCK/", "Verano"),
-                    row("Otra", "/m/", "CD VERANO")});
+        CatalogueRow tagged = row("Pista 1", "/ROCK/", "Verano");
+        tagged.formato = QStringLiteral("FLAC");
+        tagged.details.artist = QStringLiteral("Mercedes Quiroga");
+        tagged.details.album = QStringLiteral("Corazón partío");
+        tagged.details.year = 1979;
+        tagged.details.duration = 185;
+        CatalogueRow titled = row("Otra", "/m/", "CD VERANO");
+        titled.details.title = QStringLiteral("Re:Mix 1979");
+        fill(list, {row("Álvaro Vivo"), row("Canción triste"), tagged, titled});
         ListFilter filter(list);
         QAbstractItemModelTester tester(&filter);
         filter.setFindText(text);
@@ -82,20 +106,71 @@ private slots:
         QCOMPARE(filter.totalCount(), 4);
     }
 
+    // A number held to its column is found as the list writes it, in any time zone: dates
+    // before 1970 and far off, in summer and winter time, in an hour whose offset changes
+    // halfway (Lord Howe Island), and lengths past an hour.
+    void numbersAreFoundAsShown_data()
+    {
+        QTest::addColumn<QByteArray>("zone");
+        for (const char* zone : {"UTC", "Europe/Madrid", "America/Santiago", "Australia/Lord_Howe"})
+            QTest::newRow(zone) << QByteArray(zone);
+    }
+    void numbersAreFoundAsShown()
+    {
+        QFETCH(QByteArray, zone);
+        const QByteArray before = qgetenv("TZ");
+        qputenv("TZ", zone);
+        tzset();
+        const std::array<qint64, 10> dates = {
+            -946771200, -1,         0,          1711846799,     1711846800,
+            1719800000, 1728228540, 1728228660, 253402300799LL, -62135596800LL};
+        const std::array<qint32, 5> lengths = {0, 59, 3599, 3600, 36061};
+        CatalogueList list;
+        for (std::size_t i = 0; i < dates.size(); ++i) {
+            CatalogueRow r = row(QStringLiteral("r%1").arg(i));
+            r.details.modified = dates[i];
+            r.details.duration = lengths[i % lengths.size()];
+            r.details.size = qint64(i) * 1000000000;
+            r.details.track = quint16(i + 1);
+            list.appendAtBottom(r);
+        }
+        list.flush();
+        ListFilter filter(list);
+        const QStringList captions = columnCaptions();
+        for (int p = 0; p < list.count(); ++p) {
+            for (const Column c :
+                 {Column::Tamano, Column::Fecha, Column::Pista, Column::Duracion}) {
+                QString words;
+                for (const QString& part : list.row(p).displayText(c).split(QLatin1Char(' ')))
+                    words += captions.at(int(c)) + QLatin1Char(':') + part + QLatin1Char(' ');
+                filter.setFindText(words);
+                QVERIFY2(shown(filter).contains(list.row(p).nombre), qPrintable(words));
+            }
+        }
+        qputenv("TZ", before);
+        tzset();
+    }
+
     // Typing on narrows among the shown rows; the result is what a fresh filter shows.
     void typingAndErasingAgreeWithAFreshFilter()
     {
         CatalogueList list;
-        fill(list, {row("abc"), row("abd"), row("xab"), row("b a"), row("zzz")});
+        QList<CatalogueRow> rows = {row("abc"), row("abd"), row("xab"), row("b a"), row("zzz")};
+        rows[0].details.artist = QStringLiteral("Ana");
+        rows[2].details.artist = QStringLiteral("Ana Bea");
+        rows[4].details.artist = QStringLiteral("Bea");
+        fill(list, rows);
         ListFilter filter(list);
         QAbstractItemModelTester tester(&filter);
-        for (const char* text : {"a", "ab", "abd", "ab", "a b", "a b z", "", "b a"}) {
+        for (const char* text : {"a", "ab", "abd", "ab", "a b", "a b z", "", "artista:", "an",
+                                 "artista:an", "artista:ana", "artista:ana b", "artista:ana bea",
+                                 "bea", "nombre:b bea", "nombre:b", "b a"}) {
             filter.setFindText(text);
             ListFilter fresh(list);
             fresh.setFindText(text);
             QCOMPARE(shown(filter), shown(fresh));
         }
-        QCOMPARE(shown(filter), QStringList({"abc", "abd", "xab", "b a"}));
+        QCOMPARE(shown(filter), QStringList({"abc", "abd", "xab", "b a", "zzz"})); // "Bea"
     }
 
     // Rows added, removed, renamed and sorted while a find is shown: the list keeps every row,

@@ -140,9 +140,11 @@ private slots:
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("status");
         QTest::addColumn<QString>("out");
-        const QString a = QStringLiteral("a.xls\tCanción\t/m/\tRock\tMP3\n");
-        const QString b = QStringLiteral("sub/b.mdb\tPista\t/c/\tCANCIONES\tWAV\n");
-        const QString c = QStringLiteral("c.tsv\tcanción\tx t/\\\tTsv\tOGG\n");
+        // The seven tag columns follow FORMATO, empty for rows without tags.
+        const QString tags = QStringLiteral("\t").repeated(7) + QLatin1Char('\n');
+        const QString a = QStringLiteral("a.xls\tCanción\t/m/\tRock\tMP3") + tags;
+        const QString b = QStringLiteral("sub/b.mdb\tPista\t/c/\tCANCIONES\tWAV") + tags;
+        const QString c = QStringLiteral("c.tsv\tcanción\tx t/\\\tTsv\tOGG") + tags;
         QTest::newRow("files") << QStringList{"CANCION", "a.xls", "sub/b.mdb"} << 0 << a + b;
         QTest::newRow("words in two fields") << QStringList{"pista cancion", "sub"} << 0 << b;
         QTest::newRow("scan tsv, escapes undone") << QStringList{"T/", "c.tsv"} << 0 << c;
@@ -151,6 +153,11 @@ private slots:
         QTest::newRow("counts") << QStringList{"--count", "rock", "a.xls", "c.tsv"} << 0
                                 << QStringLiteral("a.xls\t1\nc.tsv\t0\n");
         QTest::newRow("none") << QStringList{"blues", "a.xls"} << 1 << QString();
+        QTest::newRow("field") << QStringList{"Origen:CANCI", "a.xls", "sub/b.mdb"} << 0 << b;
+        QTest::newRow("format, only by its name")
+            << QStringList{"formato:wav", "a.xls", "sub/b.mdb"} << 0 << b;
+        QTest::newRow("unknown field is a word")
+            << QStringList{"grupo:rock", "a.xls", "sub/b.mdb"} << 1 << QString();
         QTest::newRow("missing file") << QStringList{"x", "nada.mdb", "a.xls"} << 2 << QString();
         QTest::newRow("usage") << QStringList{"x"} << 1 << QString();
     }

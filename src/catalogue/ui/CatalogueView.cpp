@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ui/CatalogueView.h"
 
+#include "catalogue/CatalogueRow.h"
+
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QHeaderView>
@@ -13,6 +15,15 @@
 #include <array>
 
 namespace nubo::catalogue {
+
+namespace {
+
+// Room around a cell's text: the style's margins on both sides.
+constexpr int kCellPadding = 16;
+// What NOMBRE to FORMATO keep in sight beside detail columns.
+constexpr int kReadableLetters = 14;
+
+} // namespace
 
 CatalogueView::CatalogueView(QWidget* parent) : QTreeView(parent)
 {
@@ -32,26 +43,71 @@ CatalogueView::CatalogueView(QWidget* parent) : QTreeView(parent)
     header()->setMinimumSectionSize(0);
 }
 
+// The columns in sight: the four, then the detail columns not hidden.
+std::vector<int> CatalogueView::shownColumns() const
+{
+    std::vector<int> shown;
+    for (int c = 0; c < header()->count(); ++c) {
+        if (c < kShownColumns || (c >= kTextColumnCount && !header()->isSectionHidden(c)))
+            shown.push_back(c);
+    }
+    return shown;
+}
+
+int CatalogueView::captionWidth(int column) const
+{
+    const QString caption =
+        model() ? model()->headerData(column, Qt::Horizontal).toString() : QString();
+    return header()->fontMetrics().horizontalAdvance(caption) + kCellPadding;
+}
+
+int CatalogueView::naturalWidth(int column) const
+{
+    // A typical value of each detail column, as wide as the list writes it.
+    static const std::array<const char*, kColumnCount - kTextColumnCount> samples = {
+        "000000000", "0000-00-00 00:00", "MMMMMMMMMMMM", "MMMMMMMMMM", "MMMMMMMMMM", "0000",
+        "000",       "MMMMMMM",          "0:00:00"};
+    if (column < kTextColumnCount || column >= kColumnCount)
+        return captionWidth(column);
+    const int value = fontMetrics().horizontalAdvance(
+                          QLatin1String(samples[std::size_t(column - kTextColumnCount)])) +
+                      kCellPadding;
+    return std::max(value, captionWidth(column));
+}
+
 void CatalogueView::fitColumns()
 {
     QHeaderView* columns = header();
     const int width = viewport()->width();
     if (columns->count() < kShownColumns || width <= 0)
         return;
-    int shown = 0;
-    for (int c = 0; c < kShownColumns; ++c)
-        shown += columns->sectionSize(c);
+    const std::vector<int> shown = shownColumns();
+    const int count = int(shown.size());
+    // With the four alone they always fit, however narrow, as they always did. Beside detail
+    // columns the four keep about fourteen letters and the others their captions, and the list
+    // scrolls sideways past that.
+    const bool keepReadable = count > kShownColumns;
+    const int readableText = fontMetrics().averageCharWidth() * kReadableLetters + kCellPadding;
+    const auto least = [&](int c) {
+        if (!keepReadable)
+            return 0;
+        return c < kShownColumns ? std::max(readableText, captionWidth(c)) : captionWidth(c);
+    };
+    qint64 total = 0;
+    for (const int c : shown)
+        total += columns->sectionSize(c);
     // Each column keeps its share of the width; with no width yet they share it equally.
-    std::array<int, kShownColumns> sizes{};
+    std::vector<int> sizes(shown.size());
     int left = width;
-    for (int c = 0; c < kShownColumns - 1; ++c) {
-        sizes[c] = shown > 0 ? int(qint64(columns->sectionSize(c)) * width / shown)
-                             : width / kShownColumns;
-        left -= sizes[c];
+    for (int i = 0; i < count - 1; ++i) {
+        const int share =
+            total > 0 ? int(columns->sectionSize(shown[i]) * width / total) : width / count;
+        sizes[i] = std::max(share, least(shown[i]));
+        left -= sizes[i];
     }
-    sizes[kShownColumns - 1] = std::max(0, left);
-    for (int c = 0; c < kShownColumns; ++c)
-        columns->resizeSection(c, sizes[c]);
+    sizes[count - 1] = std::max(left, least(shown[count - 1]));
+    for (int i = 0; i < count; ++i)
+        columns->resizeSection(shown[i], sizes[i]);
 }
 
 bool CatalogueView::viewportEvent(QEvent* event)

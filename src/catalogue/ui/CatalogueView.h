@@ -3,6 +3,8 @@
 
 #include <QTreeView>
 
+#include <vector>
+
 namespace nubo::catalogue {
 
 // The catalogue list control: a flat report view that accepts files dropped from the
@@ -11,14 +13,20 @@ class CatalogueView final : public QTreeView
 {
     Q_OBJECT
 public:
-    static constexpr int kShownColumns = 4; // the drive column is kept but has no width
+    // NOMBRE to FORMATO, always shown; the drive column after them is kept but has no width,
+    // and the file's detail columns after it are shown as the user chooses.
+    static constexpr int kShownColumns = 4;
 
     explicit CatalogueView(QWidget* parent = nullptr);
 
     using QTreeView::edit;
 
-    // Shares the visible width among the shown columns, each keeping its proportion.
+    // Shares the visible width among the shown columns, each keeping its proportion. While
+    // detail columns are shown no column narrows below a readable width (about fourteen letters,
+    // a detail column its caption); past that they overflow and the list scrolls sideways.
     void fitColumns();
+    // A width that holds a column's caption and a typical value of it.
+    int naturalWidth(int column) const;
 
 signals:
     void filesDropped(const QStringList& names);
@@ -41,6 +49,9 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    std::vector<int> shownColumns() const;
+    int captionWidth(int column) const;
+
     bool m_handlingDoubleClick = false;
 };
 

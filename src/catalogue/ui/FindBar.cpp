@@ -18,6 +18,9 @@ FindBar::FindBar(ListFilter& filter, QWidget* parent) : QWidget(parent), m_filte
     txtBuscarLista = platform::namedChild<QLineEdit>(this, "txtBuscarLista");
     txtBuscarLista->setToolTip(
         QStringLiteral("Muestra solamente las filas que contienen todas las palabras escritas"));
+    // How to hold a word to one column, where it is seen while the field is empty.
+    txtBuscarLista->setPlaceholderText(
+        QStringLiteral("palabras, o columna:palabra (artista:quiroga, año:1979)"));
     txtBuscarLista->installEventFilter(this);
     lblBuscarCuenta = platform::namedChild<QLabel>(this, "lblBuscarCuenta");
     cmdCerrarBuscar = platform::namedChild<QToolButton>(this, "cmdCerrarBuscar");

@@ -4,6 +4,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/DropHandler.h"
 #include "catalogue/ListFilter.h"
+#include "catalogue/ui/ColumnChooser.h"
 #include "catalogue/ui/FindBar.h"
 #include "platform/ui/NamedChild.h"
 #include "platform/ui/PictureFile.h"
@@ -56,6 +57,7 @@ void Form1::createControls()
     ListView1 = platform::namedChild<CatalogueView>(this, "ListView1");
     m_filter = new ListFilter(m_catalogue.list(), this);
     ListView1->setModel(m_filter);
+    m_columns = new ColumnChooser(*ListView1, ShownColumnsStore(m_app), this);
     Command7 = platform::namedChild<QPushButton>(this, "Command7",
                                                  QStringLiteral("&Agregar mas Archivos"));
     Command6 = platform::namedChild<QPushButton>(this, "Command6", QStringLiteral("&Vaciar LISTA"));
@@ -268,8 +270,7 @@ void Form1::restoreColumns()
         ListView1->header()->resizeSection(c, quarter);
     // The drive column stays in every row but is not shown.
     ListView1->header()->resizeSection(4, 0);
-    for (int c = kTextColumnCount; c < kColumnCount; ++c)
-        ListView1->header()->setSectionHidden(c, true);
+    m_columns->showChosen();
 }
 
 int Form1::focusedPosition() const

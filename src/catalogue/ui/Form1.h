@@ -35,6 +35,7 @@ namespace nubo::catalogue {
 
 class Catalogue;
 class DiscsWindow;
+class ColumnChooser;
 class DropHandler;
 class EntryOpener;
 class FindBar;
@@ -160,6 +161,7 @@ private:
     ListFilter* m_filter = nullptr; // the rows the list shows
     FindBar* m_findBar = nullptr;
     DiscsWindow* m_discsWindow = nullptr; // made when first asked for
+    ColumnChooser* m_columns = nullptr; // the detail columns shown
     QAction* mnuPropiedades = nullptr;
 
     void fitBackground();

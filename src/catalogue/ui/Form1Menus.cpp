@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The list window's menus and its connections to the catalogue.
 #include "catalogue/Catalogue.h"
+#include "catalogue/Colours.h"
 #include "catalogue/DropHandler.h"
 #include "catalogue/EntryOpener.h"
 #include "catalogue/IPropertiesViewer.h"
@@ -8,6 +9,7 @@
 #include "catalogue/ListFilter.h"
 #include "catalogue/RowDetails.h"
 #include "catalogue/ui/DiscsWindow.h"
+#include "catalogue/ui/ColumnChooser.h"
 #include "catalogue/ui/FindBar.h"
 #include "catalogue/ui/Form1.h"
 
@@ -82,6 +84,8 @@ void Form1::createListMenu()
     // Our own entry: the disc record of each group, where the user says where each disc is.
     item(list, "mnuDiscos", QStringLiteral("&Discos..."), this, &Form1::showDiscs)
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
+    // Our own entry: the header's right-click menu, for the keyboard.
+    list->addMenu(m_columns->menu());
     m_listCommands.append(
         item(list, "vaciarl", QStringLiteral("&Vaciar"), &m_catalogue, &Catalogue::EmptyList));
     list->addSeparator();
@@ -168,6 +172,10 @@ void Form1::connectCatalogue()
     connect(&m_catalogue.list(), &QAbstractItemModel::modelReset, this, showWaitingCountLine);
     connect(&m_catalogue, &Catalogue::currentFileChanged, lblCurList, &QLabel::setText);
     connect(&m_catalogue, &Catalogue::busyChanged, this, &Form1::refreshCommands);
+    connect(m_columns, &ColumnChooser::choiceNotKept, this, [this] {
+        m_catalogue.ShowInfoMessage(QStringLiteral("No se pudo guardar que columnas se muestran"),
+                                    5000, colours::kRed);
+    });
     connect(&m_catalogue.info(), &InfoMessage::changed, this,
             [this](const QString& text, quint32 colour) {
                 LblInfo->setText(text);
