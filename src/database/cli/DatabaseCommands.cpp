@@ -44,6 +44,8 @@ int show(const QStringList& args, CliIo& io)
         io.out << flat(r.nombre) << '\t' << flat(r.direccion) << '\t' << flat(r.origen) << '\t'
                << flat(r.formato) << '\t' << loadedRowDrive() << '\n';
     }
+    if (!loaded->skipped.isEmpty())
+        io.err << "nubo-cli: " << loaded->skipped << '\n';
     if (!loaded->damage.isEmpty()) {
         io.err << "nubo-cli: " << loaded->damage << '\n';
         return nubo::cli::kFileError;
@@ -68,6 +70,8 @@ int convert(const QStringList& args, CliIo& io)
         return nubo::cli::kFileError;
     // The rows of a damaged catalogue are saved only as a new file: an existing one could be
     // the only other copy of what the damage hides.
+    if (!loaded->skipped.isEmpty())
+        io.err << "nubo-cli: " << loaded->skipped << '\n';
     const bool damaged = !loaded->damage.isEmpty();
     if (damaged) {
         io.err << "nubo-cli: " << loaded->damage << '\n';
@@ -78,6 +82,7 @@ int convert(const QStringList& args, CliIo& io)
         }
     }
     CatalogueSaveOptions options;
+    options.discs = loaded->discs;
     // Opening a workbook names the sheet of the next one saved.
     if (catalogueFormatOf(args.at(0)) == CatalogueFormat::Workbook)
         options.sheetName = loaded->name;
