@@ -111,8 +111,8 @@ SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& option
 {
     SaveOutcome outcome;
     WorkbookWriter writer;
-    if (auto begun =
-            writer.begin(path, {options.sheetName, options.header, options.style}, rows.count);
+    if (auto begun = writer.begin(
+            path, {options.sheetName, options.header, options.style, options.discs}, rows.count);
         !begun)
         return saveFailed(outcome, SaveStage::Open, begun.reason());
     AtomicSaveFile file(path);
