@@ -51,7 +51,7 @@ QList<CatalogueRecord> fullRows()
                           QStringLiteral("Disco %1").arg(i / 700 + 1), QStringLiteral("MP3")};
         nubo::core::FileDetails& d = r.details;
         d.size = 3'000'000 + qint64(i) * 7919 + (i % 50 == 0 ? 5'000'000'000 : 0);
-        d.modified = 1'600'000'000 + qint64(i) * 60;
+        d.modified = 1'599'999'960 + qint64(i) * 60; // whole minutes, as the files keep them
         d.title = QStringLiteral("Canción número %1").arg(i);
         d.artist = QStringLiteral("Artista %1").arg(i / 400);
         d.album = QStringLiteral("Álbum %1").arg(i / 12);
@@ -70,7 +70,7 @@ QList<nubo::core::DiscRecord> fullDiscs()
     for (int d = 1; d <= kFullSheetRows / 700 + 1; ++d)
         discs.append({QStringLiteral("Disco %1").arg(d), QStringLiteral("MUSICA_%1").arg(d),
                       nubo::core::serialText(quint32(d) * 0x1234567), QStringLiteral("UDF"),
-                      4'700'000'000, 12'345'678, 1'700'000'000, QStringLiteral("/Música"),
+                      4'700'000'000, 12'345'678, 1'700'000'040, QStringLiteral("/Música"),
                       QStringLiteral("*.*"), QStringLiteral("Estante %1").arg(d % 9),
                       QStringLiteral("Notas del disco %1").arg(d)});
     return discs;
