@@ -186,7 +186,9 @@ std::optional<WorkbookExtras> surveyWorkbookBytes(const QByteArray& file)
     }
     for (qsizetype s = 1; s < globals->sheets.size(); ++s) {
         const SheetEntry& sheet = globals->sheets.at(s);
-        if (!isDiscsSheetName(sheet.name) && !SheetCells(*globals, *stream, sheet.offset).isEmpty())
+        const bool discs = sheet.name.compare(discsSheetNameBeside(globals->sheets.first().name),
+                                              Qt::CaseInsensitive) == 0;
+        if (!discs && !SheetCells(*globals, *stream, sheet.offset).isEmpty())
             extras.sheets.append(sheet.name);
     }
     return extras;

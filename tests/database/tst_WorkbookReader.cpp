@@ -194,18 +194,38 @@ private slots:
     }
 
     // Our own detail columns and disc sheet are no extras a save would lose; a column or a
-    // sheet the user added is.
+    // sheet the user added is, "Discos 2" too beside a catalogue sheet not called "Discos".
     void surveyNamesOnlyWhatTheUserAdded()
     {
         const QByteArray file =
             catalogueWith({"TAMAÑO", "NOTAS", "Artista"}, {1.0, "mía", "Quiroga"},
-                          {{"Discos", {{"ORIGEN"}, {}, {"c"}}}, {"Hoja3", {{"x"}}}, {"Hoja4", {}}});
+                          {{"Discos", {{"ORIGEN"}, {}, {"c"}}},
+                           {"Discos 2", {{"x"}}},
+                           {"Hoja3", {{"x"}}},
+                           {"Hoja4", {}}});
         const std::optional<WorkbookExtras> extras = surveyWorkbookBytes(file);
         QVERIFY(extras);
-        QCOMPARE(extras->sheets, QStringList{"Hoja3"});
+        QCOMPARE(extras->sheets, (QStringList{"Discos 2", "Hoja3"}));
         QCOMPARE(extras->columns.size(), 1);
         QCOMPARE(extras->columns.first().number, 6);
         QCOMPARE(extras->columns.first().caption, QStringLiteral("NOTAS"));
+    }
+
+    // A catalogue sheet called "Discos" puts the records in "Discos 2", and both come back.
+    void aCatalogueSheetCalledDiscos()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("d.xls"));
+        CatalogueSaveOptions options;
+        options.sheetName = QStringLiteral("discos");
+        options.discs = sampleDiscs();
+        QVERIFY(saveCatalogue(path, options, rowsOf(detailedRows(3))).ok);
+        const auto loaded = loadCatalogue(path);
+        QVERIFY(loaded);
+        QCOMPARE(loaded->name, QStringLiteral("discos"));
+        QCOMPARE(loaded->discs, options.discs);
+        QCOMPARE(loaded->rows, detailedRows(3));
+        QVERIFY(surveyWorkbook(path)->isEmpty());
     }
 
     // A workbook with every column and disc records, cut or with bytes overwritten anywhere:
