@@ -51,6 +51,7 @@ public:
                 lastColumn = std::max(lastColumn, rs.last);
             }
         }
+        m_out.reserve(m_grid.cells.size() * 14 + 4096); // a cell record is 10 to 18 bytes
         appendBof();
         const qsizetype indexAt = m_out.size();
         const int blocks =
@@ -81,12 +82,16 @@ public:
     }
 
 private:
+    // Written in place, its length patched after: every sheet record is far below the
+    // 8,224 bytes a record holds, and a sheet has up to a million of them.
     template <typename Fill> void record(quint16 type, Fill fill)
     {
-        QByteArray data;
-        ByteSink sink(data);
+        ByteSink sink(m_out);
+        sink.u16(type);
+        const qsizetype lengthAt = m_out.size();
+        sink.u16(0);
         fill(sink);
-        appendBiffRecord(m_out, type, data);
+        ByteSink::put16(m_out, lengthAt, quint32(m_out.size() - lengthAt - 2));
     }
     RowSpan span(int r) const
     {

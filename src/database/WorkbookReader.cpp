@@ -213,6 +213,12 @@ CatalogueRecord WorkbookReader::record(quint32 row, SkippedValues* skipped) cons
         if (!value)
             continue;
         const std::optional<QString> text = detailText(field, *value);
+        if (text && field == core::DetailField::Fecha) {
+            if (const auto seconds = m_dates.fromText(*text)) { // the written layout, fast
+                record.details.modified = *seconds;
+                continue;
+            }
+        }
         if ((!text || !record.details.setText(field, *text)) && skipped)
             skipped->add(core::detailCaptions().at(int(field)));
     }

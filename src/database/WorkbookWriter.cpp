@@ -215,7 +215,8 @@ Outcome<> WorkbookWriter::addRow(const CatalogueRecord& r)
     for (int c = 0; c < 4; ++c)
         addText(m_rows, r.field(c));
     addSize(m_rows, d.size);
-    for (int f = 1; f < core::kDetailFieldCount; ++f)
+    addText(m_rows, m_dates.text(d.modified));
+    for (int f = int(core::DetailField::Titulo); f < core::kDetailFieldCount; ++f)
         addText(m_rows, d.text(core::DetailField(f)));
     return {};
 }
