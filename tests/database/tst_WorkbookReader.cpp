@@ -4,6 +4,7 @@
 
 #include "database/CatalogueFiles.h"
 #include "database/CompoundFile.h"
+#include "database/SheetDates.h"
 #include "database/WorkbookReader.h"
 #include "database/WorkbookSurvey.h"
 
@@ -226,6 +227,31 @@ private slots:
         QCOMPARE(loaded->discs, options.discs);
         QCOMPARE(loaded->rows, detailedRows(3));
         QVERIFY(surveyWorkbook(path)->isEmpty());
+    }
+
+    // The workbook's dates read and write as the list's texts do, summer time included.
+    void datesAgreeWithTheListsTexts_data()
+    {
+        QTest::addColumn<QByteArray>("zone");
+        QTest::newRow("UTC") << QByteArray("UTC");
+        QTest::newRow("Madrid") << QByteArray("Europe/Madrid");
+        QTest::newRow("Buenos Aires") << QByteArray("America/Argentina/Buenos_Aires");
+    }
+    void datesAgreeWithTheListsTexts()
+    {
+        QFETCH(QByteArray, zone);
+        const QByteArray previous = qgetenv("TZ");
+        qputenv("TZ", zone);
+        const SheetDates dates;
+        for (qint64 at = -2'000'000'000; at < 4'000'000'000; at += 7'777'777) {
+            const qint64 minute = at - at % 60;
+            QCOMPARE(dates.text(minute), nubo::core::dateText(minute));
+            QCOMPARE(dates.fromText(dates.text(minute)),
+                     nubo::core::dateFromText(dates.text(minute)));
+        }
+        QCOMPARE(dates.fromText(QStringLiteral("2024-13-01 10:00")), std::nullopt);
+        QCOMPARE(dates.fromText(QStringLiteral("2024-01-01T10:00")), std::nullopt);
+        qputenv("TZ", previous);
     }
 
     // A workbook with every column and disc records, cut or with bytes overwritten anywhere:
