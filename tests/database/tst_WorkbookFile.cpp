@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BiffFixtures.h"
 #include "CatalogueSamples.h"
+#include "SheetTexts.h"
 
 #include "database/CatalogueFiles.h"
 #include "database/GsfSession.h"
 #include "database/WorkbookReader.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -92,28 +92,6 @@ QList<QStringList> cellsSeenBy(const nubo::test::OracleRun& run)
     return rows;
 }
 
-QStringList captionsOf(const QList<CatalogueRecord>&)
-{
-    const CatalogueHeader header = defaultCatalogueHeader();
-    return QStringList(header.begin(), header.end()) + nubo::core::detailCaptions();
-}
-
-QStringList rowTexts(const CatalogueRecord& r)
-{
-    QStringList texts{r.nombre, r.direccion, r.origen, r.formato};
-    for (int f = 0; f < nubo::core::kDetailFieldCount; ++f)
-        texts.append(r.details.text(nubo::core::DetailField(f)));
-    return texts;
-}
-
-QStringList discTexts(const nubo::core::DiscRecord& disc)
-{
-    QStringList texts;
-    for (int f = 0; f < nubo::core::kDiscFieldCount; ++f)
-        texts.append(disc.text(nubo::core::DiscField(f)));
-    return texts;
-}
-
 // A sheet as the xlrd script shows it: captions, the empty row 2, then each row without its
 // trailing empty cells.
 QJsonArray sheetSeen(const QStringList& captions, qsizetype count,
@@ -129,39 +107,6 @@ QJsonArray sheetSeen(const QStringList& captions, qsizetype count,
         sheet.append(QJsonArray::fromStringList(texts));
     }
     return sheet;
-}
-
-// The rows of a CSV file as Gnumeric writes it: fields quoted when they hold a comma, a quote
-// or a line break, quotes doubled.
-QList<QStringList> csvRows(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QString text = QString::fromUtf8(file.readAll());
-    QList<QStringList> rows{{}};
-    QString field;
-    bool quoted = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        if (quoted && c == u'"' && i + 1 < text.size() && text.at(i + 1) == u'"') {
-            field += c;
-            ++i;
-        } else if (c == u'"') {
-            quoted = !quoted;
-        } else if (!quoted && c == u'\r') {
-            continue;
-        } else if (!quoted && (c == u',' || c == u'\n')) {
-            rows.last().append(std::exchange(field, QString()));
-            if (c == u'\n')
-                rows.append(QStringList());
-        } else {
-            field += c;
-        }
-    }
-    if (rows.last().isEmpty())
-        rows.removeLast();
-    return rows;
 }
 
 bool save(const QString& path, const QList<CatalogueRecord>& rows,
@@ -205,9 +150,8 @@ private slots:
         const QJsonObject seen = seenBy(run);
         QCOMPARE(seen.value("sheets").toArray(), (QJsonArray{"Colección", "Discos"}));
         QCOMPARE(seen.value("numberColumns").toArray(), count == 0 ? QJsonArray() : QJsonArray{4});
-        QCOMPARE(seen.value("rows").toArray(), sheetSeen(captionsOf(rows), rows.size(), [&](int i) {
-                     return rowTexts(rows.at(i));
-                 }));
+        QCOMPARE(seen.value("rows").toArray(),
+                 sheetSeen(captionRow(), rows.size(), [&](int i) { return rowTexts(rows.at(i)); }));
         QCOMPARE(seen.value("discRows").toArray(),
                  sheetSeen(nubo::core::discCaptions(), options.discs.size(),
                            [&](int i) { return discTexts(options.discs.at(i)); }));
@@ -241,7 +185,7 @@ private slots:
         NUBO_READ(run);
         const QList<QStringList> sheet = csvRows(dir.filePath(QStringLiteral("hoja0.csv")));
         QCOMPARE(sheet.size(), rows.size() + 2);
-        QCOMPARE(sheet.at(0), captionsOf(rows));
+        QCOMPARE(sheet.at(0), captionRow());
         for (int i = 0; i < rows.size(); ++i)
             QCOMPARE(sheet.at(i + 2), rowTexts(rows.at(i)));
         const QList<QStringList> discs = csvRows(dir.filePath(QStringLiteral("hoja1.csv")));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BiffFixtures.h"
 #include "CatalogueSamples.h"
+#include "SheetTexts.h"
 
 #include "database/CatalogueFiles.h"
 #include "database/CompoundFile.h"
@@ -34,18 +35,7 @@ QByteArray catalogueWith(const QVariantList& captions, const QVariantList& value
 // Each detail of a record as text, in column order.
 QStringList detailTexts(const nubo::core::FileDetails& details)
 {
-    QStringList texts;
-    for (int f = 0; f < nubo::core::kDetailFieldCount; ++f)
-        texts.append(details.text(DetailField(f)));
-    return texts;
-}
-
-QStringList discTexts(const nubo::core::DiscRecord& disc)
-{
-    QStringList texts;
-    for (int f = 0; f < nubo::core::kDiscFieldCount; ++f)
-        texts.append(disc.text(DiscField(f)));
-    return texts;
+    return rowTexts({{}, {}, {}, {}, details}).mid(4);
 }
 
 // What a year 1980 serial date and a time of day typed in a spreadsheet hold.
