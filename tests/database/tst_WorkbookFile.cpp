@@ -280,6 +280,7 @@ private slots:
         rows[0].details.title = QString(10000, QChar(0x00F1)); // 10,000-character tags
         rows[0].details.artist = wide;
         rows[1].details.album = QString(32767, QLatin1Char('a'));
+        rows[1].details.title = QString::fromUtf16(u"NUL\0y\xD800 sola", 11); // NUL, lone surrogate
         QVERIFY(save(path, rows));
         QCOMPARE(loadCatalogue(path)->rows, rows);
         // Past a cell's limit the save is refused and names it, as for the four columns.
