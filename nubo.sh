@@ -10,8 +10,8 @@ cd "$(dirname "$(readlink -f "$0")")"
 
 BUILD_PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev
     libgl-dev qt6-translations-l10n libgsf-1-dev libglib2.0-dev libtag1-dev)
-TEST_PACKAGES=(clang-format mdbtools poppler-utils python3 python3-xlrd xvfb xauth clang libclang-rt-14-dev
-    desktop-file-utils appstream)
+TEST_PACKAGES=(clang-format mdbtools poppler-utils python3 python3-xlrd gnumeric xvfb xauth clang
+    libclang-rt-14-dev desktop-file-utils appstream)
 PACKAGE_PACKAGES=(dpkg-dev file)
 
 install_missing() {

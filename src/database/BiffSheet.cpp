@@ -4,6 +4,8 @@
 #include "database/BiffStrings.h"
 #include "database/ByteSink.h"
 
+#include <algorithm>
+
 namespace nubo::database {
 namespace {
 
@@ -13,6 +15,7 @@ constexpr quint16 kIndex = 0x020B;
 constexpr quint16 kDimensions = 0x0200;
 constexpr quint16 kRow = 0x0208;
 constexpr quint16 kLabelSst = 0x00FD;
+constexpr quint16 kNumber = 0x0203;
 constexpr quint16 kBlank = 0x0201;
 constexpr quint16 kDbCell = 0x00D7;
 constexpr quint16 kWindow2 = 0x023E;
@@ -29,10 +32,9 @@ struct RowSpan
 class SheetBuilder final
 {
 public:
-    SheetBuilder(quint32 base, const QList<BiffRowCells>& rows, const BiffCellLook& look,
-                 const BiffColumnWidths& widths)
-        : m_base(base), m_rows(rows), m_format(look.format), m_blanks(look.blankCells),
-          m_rowHeight(look.rowHeight), m_widths(widths)
+    SheetBuilder(quint32 base, const BiffGrid& grid, const BiffCellLook& look,
+                 const BiffColumnWidths& widths, bool selected)
+        : m_base(base), m_grid(grid), m_look(look), m_widths(widths), m_selected(selected)
     {
     }
 
@@ -40,12 +42,16 @@ public:
     {
         int firstRow = -1;
         int lastRow = -1;
-        for (int r = 0; r < m_rows.size(); ++r) {
-            if (span(r).first >= 0) {
+        int lastColumn = -1;
+        for (int r = 0; r < m_grid.rowCount(); ++r) {
+            const RowSpan rs = span(r);
+            if (rs.first >= 0) {
                 firstRow = firstRow < 0 ? r : firstRow;
                 lastRow = r;
+                lastColumn = std::max(lastColumn, rs.last);
             }
         }
+        m_out.reserve(m_grid.cells.size() * 14 + 4096); // a cell record is 10 to 18 bytes
         appendBof();
         const qsizetype indexAt = m_out.size();
         const int blocks =
@@ -54,15 +60,16 @@ public:
         const auto defColWidthAt = quint32(m_base + m_out.size());
         record(kDefColWidth, [](ByteSink& s) { s.u16(8); });
         appendColumnWidths();
-        appendDimensions(firstRow, lastRow);
+        appendDimensions(firstRow, lastRow, lastColumn);
         QList<quint32> dbCells;
         for (int b = 0; b < blocks; ++b)
             dbCells.append(appendBlock(firstRow / kRowsPerBlock + b));
         ByteSink::put32(m_out, indexAt + 4 + 12, defColWidthAt);
         for (int b = 0; b < blocks; ++b)
             ByteSink::put32(m_out, indexAt + 4 + 16 + 4 * b, dbCells.at(b));
-        record(kWindow2, [](ByteSink& s) {
-            s.u16(0x06B6); // grid, headers, zeros, default colours, outline symbols, selected
+        record(kWindow2, [this](ByteSink& s) {
+            // grid, headers, zeros, default colours, outline symbols; the first sheet selected
+            s.u16(m_selected ? 0x06B6 : 0x00B6);
             s.u16(0);
             s.u16(0);
             s.u32(64); // automatic grid colour
@@ -75,18 +82,22 @@ public:
     }
 
 private:
+    // Written in place, its length patched after: every sheet record is far below the
+    // 8,224 bytes a record holds, and a sheet has up to a million of them.
     template <typename Fill> void record(quint16 type, Fill fill)
     {
-        QByteArray data;
-        ByteSink sink(data);
+        ByteSink sink(m_out);
+        sink.u16(type);
+        const qsizetype lengthAt = m_out.size();
+        sink.u16(0);
         fill(sink);
-        appendBiffRecord(m_out, type, data);
+        ByteSink::put16(m_out, lengthAt, quint32(m_out.size() - lengthAt - 2));
     }
     RowSpan span(int r) const
     {
         RowSpan result;
-        for (int c = 0; c < 4; ++c) {
-            if (m_blanks || m_rows.at(r)[c] != kNoText) {
+        for (int c = 0; c < m_grid.columns; ++c) {
+            if (m_look.blankCells || !m_grid.at(r, c).isEmpty()) {
                 result.first = result.first < 0 ? c : result.first;
                 result.last = c;
             }
@@ -116,7 +127,7 @@ private:
     }
     void appendColumnWidths()
     {
-        for (int c = 0; c < 4; ++c) {
+        for (int c = 0; c < m_widths.size(); ++c) {
             record(kColInfo, [&](ByteSink& s) {
                 s.u16(quint32(c));
                 s.u16(quint32(c));
@@ -127,13 +138,13 @@ private:
             });
         }
     }
-    void appendDimensions(int firstRow, int lastRow)
+    void appendDimensions(int firstRow, int lastRow, int lastColumn)
     {
         record(kDimensions, [&](ByteSink& s) {
             s.u32(firstRow < 0 ? 0 : quint32(firstRow));
             s.u32(quint32(lastRow + 1));
             s.u16(0);
-            s.u16(firstRow < 0 ? 0 : 4);
+            s.u16(quint32(lastColumn + 1));
             s.u16(0);
         });
     }
@@ -141,7 +152,7 @@ private:
     quint32 appendBlock(int block)
     {
         const int from = block * kRowsPerBlock;
-        const int to = std::min<int>(from + kRowsPerBlock, int(m_rows.size()));
+        const int to = std::min<int>(from + kRowsPerBlock, int(m_grid.rowCount()));
         const qsizetype firstRowRecord = m_out.size();
         QList<int> used;
         for (int r = from; r < to; ++r) {
@@ -153,7 +164,7 @@ private:
                 s.u16(quint32(r));
                 s.u16(quint32(rs.first));
                 s.u16(quint32(rs.last + 1));
-                s.u16(m_rowHeight); // not a custom height: it follows the cells' font
+                s.u16(m_look.rowHeight); // not a custom height: it follows the cells' font
                 s.u16(0);
                 s.u16(0);
                 s.u16(0x0100);
@@ -177,40 +188,46 @@ private:
     }
     void appendCells(int r)
     {
-        for (int c = 0; c < 4; ++c) {
-            const quint32 text = m_rows.at(r)[c];
-            if (text != kNoText) {
+        for (int c = 0; c < m_grid.columns; ++c) {
+            const BiffCell& cell = m_grid.at(r, c);
+            if (cell.isNumber) {
+                record(kNumber, [&](ByteSink& s) {
+                    s.u16(quint32(r));
+                    s.u16(quint32(c));
+                    s.u16(m_look.numberFormat);
+                    s.f64(cell.number);
+                });
+            } else if (cell.text != kNoText) {
                 record(kLabelSst, [&](ByteSink& s) {
                     s.u16(quint32(r));
                     s.u16(quint32(c));
-                    s.u16(m_format);
-                    s.u32(text);
+                    s.u16(m_look.format);
+                    s.u32(cell.text);
                 });
-            } else if (m_blanks) {
+            } else if (m_look.blankCells) {
                 record(kBlank, [&](ByteSink& s) {
                     s.u16(quint32(r));
                     s.u16(quint32(c));
-                    s.u16(m_format);
+                    s.u16(m_look.format);
                 });
             }
         }
     }
 
     quint32 m_base;
-    const QList<BiffRowCells>& m_rows;
-    quint16 m_format;
-    bool m_blanks;
-    quint16 m_rowHeight;
+    const BiffGrid& m_grid;
+    BiffCellLook m_look;
     BiffColumnWidths m_widths;
+    bool m_selected;
     QByteArray m_out;
 };
 
 } // namespace
 
-QByteArray buildWorksheet(quint32 streamOffset, const QList<BiffRowCells>& rows,
-                          const BiffCellLook& look, const BiffColumnWidths& widths)
+QByteArray buildWorksheet(quint32 streamOffset, const BiffGrid& grid, const BiffCellLook& look,
+                          const BiffColumnWidths& widths, bool selected)
 {
-    return SheetBuilder(streamOffset, rows, look, widths).build();
+    return SheetBuilder(streamOffset, grid, look, widths, selected).build();
 }
 
 } // namespace nubo::database

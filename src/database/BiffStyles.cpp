@@ -17,6 +17,13 @@ constexpr quint16 kStyle = 0x0293;
 constexpr quint16 kPalette = 0x0092;
 constexpr int kFirstColor = 8;
 constexpr quint32 kAutomaticColor = 0x7FFF;
+constexpr quint16 kGeneral = 0;       // built-in number format "General"
+constexpr quint16 kWholeNumber = 1;   // built-in number format "0": sizes show every digit
+constexpr quint16 kPlainCell = 15;    // the default cell format
+constexpr quint16 kPlainNumber = 16;  // unstyled: whole numbers
+constexpr quint16 kStyledCell = 16;   // styled: texts and blanks
+constexpr quint16 kStyledNumber = 17; // styled: whole numbers
+constexpr quint8 kOwnNumberFormat = 0x04;
 
 // The spreadsheet's built-in colours for palette indices 8 to 63.
 constexpr std::array<quint32, 56> kDefaultPalette = {
@@ -47,18 +54,19 @@ QByteArray fontRecord(const QString& name, double points, bool bold, bool italic
     return data;
 }
 
-// A plain cell format: style formats (parent 0xFFF) or the default cell format (parent 0).
-QByteArray plainFormat(quint16 font, bool styleFormat)
+// A plain cell format: style formats (parent 0xFFF) or a cell format of the Normal style
+// (parent 0) with its number format.
+QByteArray plainFormat(quint16 font, bool styleFormat, quint16 numberFormat = kGeneral)
 {
     QByteArray data;
     ByteSink sink(data);
     sink.u16(font);
-    sink.u16(0);                             // General number format
+    sink.u16(numberFormat);
     sink.u16(styleFormat ? 0xFFF5 : 0x0001); // locked; style format with no parent
     sink.u8(0x20);                           // bottom aligned
     sink.u8(0);
     sink.u8(0);
-    sink.u8(styleFormat && font != 0 ? 0xF4 : 0);
+    sink.u8(styleFormat && font != 0 ? 0xF4 : (numberFormat != kGeneral ? kOwnNumberFormat : 0));
     sink.u32(0);
     sink.u32(0);
     sink.u16(0x20C0); // automatic pattern colours
@@ -92,9 +100,9 @@ BiffStyles::BiffStyles(std::optional<SheetStyle> style) : m_style(std::move(styl
 BiffCellLook BiffStyles::cellLook() const
 {
     if (!m_style)
-        return {};
+        return {kPlainCell, kPlainNumber, false, 255};
     const auto height = std::lround(m_style->fontSize * 20 * 1.275);
-    return {16, true, quint16(std::clamp<long>(height, 255, 8180))};
+    return {kStyledCell, kStyledNumber, true, quint16(std::clamp<long>(height, 255, 8180))};
 }
 
 quint8 BiffStyles::paletteIndex(quint32 rgb) const
@@ -141,24 +149,29 @@ void BiffStyles::appendFormats(QByteArray& stream) const
     for (int i = 1; i < 15; ++i)
         appendBiffRecord(stream, kXf, plainFormat(i <= 2 ? 1 : (i <= 4 ? 2 : 0), true));
     appendBiffRecord(stream, kXf, plainFormat(0, false));
-    if (m_style)
-        appendBiffRecord(stream, kXf, styledFormat());
+    if (m_style) {
+        appendBiffRecord(stream, kXf, styledFormat(kGeneral));
+        appendBiffRecord(stream, kXf, styledFormat(kWholeNumber));
+    } else {
+        appendBiffRecord(stream, kXf, plainFormat(0, false, kWholeNumber));
+    }
 }
 
-QByteArray BiffStyles::styledFormat() const
+QByteArray BiffStyles::styledFormat(quint16 numberFormat) const
 {
     const SheetStyle& s = *m_style;
     const quint32 line = quint32(biffBorderStyle(s.lineStyle, s.weight));
     const quint32 border = paletteIndex(s.borderColor);
     QByteArray data;
     ByteSink sink(data);
-    sink.u16(5);      // the styled font
-    sink.u16(0);      // General
+    sink.u16(5); // the styled font
+    sink.u16(numberFormat);
     sink.u16(0x0001); // locked cell format, parent style 0
     sink.u8(0x20);
     sink.u8(0);
     sink.u8(0);
-    sink.u8(0x08 | 0x20 | 0x40); // own font, border and pattern
+    // own font, border and pattern, and the number format when it is not the style's
+    sink.u8(0x08 | 0x20 | 0x40 | (numberFormat != kGeneral ? kOwnNumberFormat : 0));
     sink.u32(line | (line << 4) | (line << 8) | (line << 12) | (border << 16) | (border << 23));
     sink.u32(border | (border << 7) | (1u << 26)); // solid pattern
     sink.u16(paletteIndex(s.fillColor) | (0x41u << 7));

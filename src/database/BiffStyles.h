@@ -22,7 +22,7 @@ public:
 private:
     void appendFonts(QByteArray& stream) const;
     void appendFormats(QByteArray& stream) const;
-    QByteArray styledFormat() const;
+    QByteArray styledFormat(quint16 numberFormat) const;
     quint8 paletteIndex(quint32 rgb) const;
 
     std::optional<SheetStyle> m_style;

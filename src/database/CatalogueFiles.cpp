@@ -111,8 +111,8 @@ SaveOutcome saveWorkbook(const QString& path, const CatalogueSaveOptions& option
 {
     SaveOutcome outcome;
     WorkbookWriter writer;
-    if (auto begun =
-            writer.begin(path, {options.sheetName, options.header, options.style}, rows.count);
+    if (auto begun = writer.begin(
+            path, {options.sheetName, options.header, options.style, options.discs}, rows.count);
         !begun)
         return saveFailed(outcome, SaveStage::Open, begun.reason());
     AtomicSaveFile file(path);
@@ -185,12 +185,17 @@ LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
     if (hooks.opened)
         hooks.opened(outcome.name, lastRow - 2);
     for (qint64 r = 3; r <= lastRow && goOn(hooks, r - 3, outcome); ++r) {
-        CatalogueRecord record = reader.record(quint32(r));
+        SkippedValues skipped;
+        CatalogueRecord record = reader.record(quint32(r), &skipped);
         if (record.nombre.isEmpty()) // rows without a name are skipped silently
             continue;
+        outcome.skipped.merge(skipped);
         hooks.row(std::move(record));
         ++outcome.added;
     }
+    // Records of groups no row has are kept: they cost nothing and may hold what the user typed.
+    if (reader.hasDiscs() && hooks.discs)
+        hooks.discs(reader.discs(&outcome.skipped));
     if (const QString damage = reader.damage(); !damage.isEmpty())
         markDamaged(outcome, damage, qint64(reader.declaredLastRow()) - 2);
     return outcome;
@@ -272,11 +277,28 @@ Outcome<LoadedCatalogue> loadCatalogue(const QString& path)
     if (!outcome.ok)
         return Failure{outcome.reason};
     loaded.name = outcome.name;
+    loaded.skipped = skippedText(path, outcome.skipped);
     if (outcome.damaged) {
         loaded.damage = damageText(path, outcome);
         loaded.declared = outcome.declared;
     }
     return loaded;
+}
+
+QString skippedText(const QString& path, const SkippedValues& skipped)
+{
+    if (skipped.count == 0)
+        return {};
+    const QString columns = skipped.columns.join(QStringLiteral(", "));
+    if (skipped.count == 1)
+        return QStringLiteral("El archivo %1 tiene 1 valor que no se pudo leer y se dejó vacío "
+                              "(columna %2).")
+            .arg(path, columns);
+    return QStringLiteral("El archivo %1 tiene %2 valores que no se pudieron leer y se dejaron "
+                          "vacíos (%3 %4).")
+        .arg(path, QLocale(QLocale::Spanish, QLocale::Spain).toString(qint64(skipped.count)),
+             skipped.columns.size() == 1 ? QStringLiteral("columna") : QStringLiteral("columnas"),
+             columns);
 }
 
 QString damageText(const QString& path, const LoadOutcome& outcome)

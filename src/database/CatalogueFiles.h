@@ -106,6 +106,9 @@ struct [[nodiscard]] LoadOutcome
     bool damaged = false;
     qint64 declared = 0;
     QString damage;
+    // Values the rows' detail columns or the disc records held that are no value of their
+    // column: left unknown, the rest of their rows kept.
+    SkippedValues skipped = {};
 };
 
 // Reads a catalogue file's rows in the order the list appends them: a workbook's rows in sheet
@@ -127,8 +130,9 @@ struct LoadedCatalogue
     QString name; // the workbook's first sheet or the database's table
     QList<CatalogueRecord> rows;
     QList<core::DiscRecord> discs = {};
-    QString damage;      // empty unless the file is damaged: rows are then those read
-    qint64 declared = 0; // with damage: the rows the file states it holds
+    QString damage;       // empty unless the file is damaged: rows are then those read
+    qint64 declared = 0;  // with damage: the rows the file states it holds
+    QString skipped = {}; // empty unless values were skipped: skippedText's sentence
 };
 
 [[nodiscard]] Outcome<LoadedCatalogue> loadCatalogue(const QString& path);
@@ -136,5 +140,9 @@ struct LoadedCatalogue
 // The damage of a load in one Spanish sentence with its counts ("El archivo X está dañado:
 // se leyeron 35.159 filas de 60.000 (…)."), for the window and the command line.
 QString damageText(const QString& path, const LoadOutcome& outcome);
+
+// The values a load skipped in one Spanish sentence with their count and columns, or an empty
+// text when none was.
+QString skippedText(const QString& path, const SkippedValues& skipped);
 
 } // namespace nubo::database

@@ -4,6 +4,7 @@
 #include "core/FileDetails.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 
@@ -34,6 +35,27 @@ struct CatalogueRecord
     }
     QString& field(int index) { return const_cast<QString&>(std::as_const(*this).field(index)); }
     bool operator==(const CatalogueRecord&) const = default;
+};
+
+// The values a load could not take (a date that is no date, a size that is no number): how
+// many, and the captions of their columns.
+struct SkippedValues
+{
+    qsizetype count = 0;
+    QStringList columns;
+
+    void add(const QString& caption)
+    {
+        ++count;
+        if (!columns.contains(caption))
+            columns.append(caption);
+    }
+    void merge(const SkippedValues& other)
+    {
+        count += other.count - other.columns.size();
+        for (const QString& caption : other.columns)
+            add(caption);
+    }
 };
 
 // The captions of the four stored list columns: row 1 of a workbook, field names of a database.

@@ -4,6 +4,7 @@
 #include "database/BiffCodePage.h"
 #include "database/BiffRecordCursor.h"
 #include "database/CompoundFile.h"
+#include "database/SheetCaptions.h"
 
 #include <QFile>
 
@@ -178,13 +179,16 @@ std::optional<WorkbookExtras> surveyWorkbookBytes(const QByteArray& file)
         return std::nullopt;
     WorkbookExtras extras;
     const SheetCells first(*globals, *stream, globals->sheets.first().offset);
+    // The detail columns and the disc records' sheet are written again by a save.
     for (const auto& [column, caption] : first.columns()) {
-        if (column >= kStoredColumns)
+        if (column >= kStoredColumns && !detailFieldNamed(caption))
             extras.columns.append({column + 1, caption});
     }
     for (qsizetype s = 1; s < globals->sheets.size(); ++s) {
         const SheetEntry& sheet = globals->sheets.at(s);
-        if (!SheetCells(*globals, *stream, sheet.offset).isEmpty())
+        const bool discs = sheet.name.compare(discsSheetNameBeside(globals->sheets.first().name),
+                                              Qt::CaseInsensitive) == 0;
+        if (!discs && !SheetCells(*globals, *stream, sheet.offset).isEmpty())
             extras.sheets.append(sheet.name);
     }
     return extras;

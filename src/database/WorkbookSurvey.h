@@ -19,7 +19,8 @@ struct ExtraColumn
 
 // What an existing workbook holds that a catalogue save would not write again: sheets after
 // the first that hold cells, and cells of the first sheet beyond column D. Empty sheets (a new
-// workbook's "Hoja2" and "Hoja3") and cells that hold only formatting do not count.
+// workbook's "Hoja2" and "Hoja3"), cells that hold only formatting, columns captioned as a file
+// detail (TAMAÑO, ARTISTA...) and the disc records' sheet do not count.
 struct WorkbookExtras
 {
     QStringList sheets;

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/DiscRecord.h"
 #include "database/BiffSheet.h"
 #include "database/BiffStrings.h"
 #include "database/CatalogueRecord.h"
+#include "database/SheetDates.h"
 #include "database/SheetStyle.h"
 #include "platform/Outcome.h"
 
 #include <QIODevice>
 
+#include <array>
 #include <optional>
 
 namespace nubo::database {
@@ -19,11 +22,14 @@ struct WorkbookLayout
     QString sheetName = QStringLiteral("Colección");
     CatalogueHeader header = defaultCatalogueHeader();
     std::optional<SheetStyle> style; // none: the sheet is left unstyled
+    QList<core::DiscRecord> discs = {};
 };
 
-// Writes a catalogue workbook (one sheet: header row, empty row, data from row 3), row by row.
-// Rows are kept as shared-string indices until finish() writes the file, so the writer can be
-// finished after any row and the file then holds exactly the rows added so far.
+// Writes a catalogue workbook, row by row: the catalogue's sheet (captions in row 1, row 2
+// empty, data from row 3: the four stored columns, then the file details with the size as a
+// number), then the "Discos" sheet laid out alike with one row per disc record. Rows are kept
+// as shared-string indices until finish() writes the file, so the writer can be finished after
+// any row and the file then holds exactly the rows added so far.
 class WorkbookWriter final
 {
 public:
@@ -31,32 +37,43 @@ public:
     static constexpr qsizetype kMaxDataRows = kSheetRows - 2;
     static constexpr qsizetype kMaxCellText = 32767;
 
-    // Checks the layout and that expectedRows fit on one sheet; nothing is written yet.
-    // After a failure, every later call fails with the same reason.
+    // Checks the layout and that expectedRows (and the disc records) fit on a sheet; nothing is
+    // written yet. After a failure, every later call fails with the same reason.
     [[nodiscard]] Outcome<> begin(const QString& path, WorkbookLayout layout,
                                   qsizetype expectedRows);
     [[nodiscard]] Outcome<> addRow(const CatalogueRecord& record);
-    // Leaves the sheet unstyled after all, as a cancelled save does.
+    // Leaves the sheets unstyled after all, as a cancelled save does.
     void dropStyle() { m_layout.style.reset(); }
     // Writes the whole workbook to the device; the path only names it in messages.
     [[nodiscard]] Outcome<> finish(QIODevice& device);
 
-    qsizetype rowCount() const { return m_rows.size() - 2; }
+    qsizetype rowCount() const { return m_rows.grid.rowCount() - 2; }
 
 private:
+    // A sheet being filled: its cells and each column's widest value, header included.
+    struct Sheet
+    {
+        BiffGrid grid;
+        QList<qsizetype> longest;
+    };
+
     Failure fail(const QString& message);
-    BiffRowCells cellsOf(const std::array<const QString*, 4>& texts);
-    QByteArray buildGlobals(qsizetype& sheetOffsetAt) const;
-    BiffColumnWidths columnWidths(quint16 rowHeight) const;
+    void startSheet(Sheet& sheet, const QStringList& captions);
+    void addText(Sheet& sheet, const QString& text);
+    void addSize(Sheet& sheet, qint64 bytes);
+    [[nodiscard]] Outcome<> addDiscs();
+    QByteArray buildGlobals(std::array<qsizetype, 2>& sheetOffsetsAt) const;
+    static BiffColumnWidths columnWidths(const Sheet& sheet, quint16 rowHeight);
     static std::optional<QByteArray> compoundFile(const QByteArray& globals,
-                                                  const QByteArray& sheet);
+                                                  const QByteArray& sheets);
 
     QString m_path;
     WorkbookLayout m_layout;
     BiffSharedStrings m_strings;
-    QList<BiffRowCells> m_rows;
-    std::array<qsizetype, 4> m_longest{}; // each column's longest text, header included
-    QString m_error;                      // the first failure's reason
+    Sheet m_rows;
+    Sheet m_discs;
+    SheetDates m_dates;
+    QString m_error; // the first failure's reason
     bool m_open = false;
 };
 

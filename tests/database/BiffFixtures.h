@@ -11,6 +11,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVariantList>
 #include <QtEndian>
 
 #include <gsf/gsf-outfile-msole.h>
@@ -82,6 +83,51 @@ inline QByteArray biffWorkbook(quint16 version, const QByteArray& sheetName,
     biffBof(stream, version, 0x0010);
     stream += cells;
     biffEof(stream);
+    return stream;
+}
+
+// A sheet's rows of cells: a QString is a text, a double a number, anything else no cell.
+using SheetRows = QList<QVariantList>;
+
+// An Excel 97 workbook stream with the given sheets, in order.
+inline QByteArray biffSheets(const QList<std::pair<QString, SheetRows>>& sheets)
+{
+    QByteArray stream;
+    biffBof(stream, 0x0600, 0x0005);
+    for (int i = 0; i <= 15; ++i)
+        biffRecord(stream, 0x00E0, [](ByteSink& s) { s.zeros(20); });
+    QList<qsizetype> offsetsAt;
+    for (const auto& sheet : sheets) {
+        biffRecord(stream, 0x0085, [&](ByteSink& s) {
+            offsetsAt.append(stream.size() + 4);
+            s.u32(0);
+            s.u16(0);
+            appendShortBiffString(s, sheet.first);
+        });
+    }
+    biffEof(stream);
+    for (qsizetype k = 0; k < sheets.size(); ++k) {
+        ByteSink::put32(stream, offsetsAt.at(k), quint32(stream.size()));
+        biffBof(stream, 0x0600, 0x0010);
+        const SheetRows& rows = sheets.at(k).second;
+        for (int r = 0; r < rows.size(); ++r) {
+            for (int c = 0; c < rows.at(r).size(); ++c) {
+                const QVariant& cell = rows.at(r).at(c);
+                if (cell.typeId() == QMetaType::QString) {
+                    biffRecord(stream, 0x0204, [&](ByteSink& s) {
+                        biffCellHead(s, quint16(r), quint16(c));
+                        appendBiffString(s, cell.toString());
+                    });
+                } else if (cell.typeId() == QMetaType::Double) {
+                    biffRecord(stream, 0x0203, [&](ByteSink& s) {
+                        biffCellHead(s, quint16(r), quint16(c));
+                        s.f64(cell.toDouble());
+                    });
+                }
+            }
+        }
+        biffEof(stream);
+    }
     return stream;
 }
 

@@ -26,6 +26,49 @@ inline QList<CatalogueRecord> sampleRows(int count)
     return rows;
 }
 
+// Sample rows with every detail: sizes past 4 GB, dates before 1970, durations past an hour,
+// and each field unknown on some rows. Dates fall on whole minutes, as the files keep them.
+inline QList<CatalogueRecord> detailedRows(int count)
+{
+    QList<CatalogueRecord> rows = sampleRows(count);
+    for (int i = 0; i < count; ++i) {
+        core::FileDetails& d = rows[i].details;
+        d.size = i % 11 == 3 ? -1 : qint64(i) * 1000003 + (i % 5 == 0 ? 5'000'000'000'000 : 0);
+        d.modified = i % 13 == 4 ? core::FileDetails::kNoDate : (qint64(i) * 7919 - 600000) * 60;
+        d.title = i % 6 == 1 ? QString() : QStringLiteral("Corazón partío %1").arg(i);
+        d.artist = QStringLiteral("Mercedes Quiroga %1").arg(i % 9);
+        d.album = i % 4 == 2 ? QString() : QStringLiteral("Álbum %1").arg(i % 17);
+        d.genre = QStringLiteral("Copla");
+        d.year = quint16(i % 8 == 5 ? 0 : 1950 + i % 70);
+        d.track = quint16(i % 21);
+        d.duration = i % 10 == 7 ? -1 : i * 37 % 5000;
+    }
+    return rows;
+}
+
+// Disc records: one with every field, one with nothing but its group, one of a group no row
+// has.
+inline QList<core::DiscRecord> sampleDiscs()
+{
+    core::DiscRecord full{QStringLiteral("=grupo"),
+                          QStringLiteral("MUSICA_01"),
+                          core::serialText(0x1A2B3C4D),
+                          QStringLiteral("UDF"),
+                          8'000'000'000'000,
+                          123'456'789,
+                          1'700'000'040,
+                          QStringLiteral("/Música"),
+                          QStringLiteral("*.mp3;*.flac"),
+                          QStringLiteral("Estante 3, caja azul"),
+                          QStringLiteral("prestado a Luis")};
+    core::DiscRecord bare;
+    bare.origen = QStringLiteral("Disco 2");
+    core::DiscRecord unknown = full;
+    unknown.origen = QStringLiteral("Disco sin filas");
+    unknown.fecha = -86400 * 400;
+    return {full, bare, unknown};
+}
+
 // One row a format, as the data of a test that runs for both.
 inline void addFormats()
 {

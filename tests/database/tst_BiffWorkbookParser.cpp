@@ -114,9 +114,18 @@ private slots:
             biffCellHead(s, 1, 3);
             appendBiffString(s, QStringLiteral("etiqueta"));
         });
-        biffRecord(cells, 0x0204, [](ByteSink& s) { // column E is not read
+        biffRecord(cells, 0x0204, [](ByteSink& s) { // from column E on: values
             biffCellHead(s, 1, 4);
             appendBiffString(s, QStringLiteral("fuera"));
+        });
+        biffRecord(cells, 0x00BD, [](ByteSink& s) { // MULRK over D, E and F: 7, 8 and 9.5
+            biffCellHead(s, 2, 3);
+            s.u32((7u << 2) | 2);
+            for (const quint32 rk : {(8u << 2) | 2, (950u << 2) | 3}) {
+                s.u16(15);
+                s.u32(rk);
+            }
+            s.u16(5);
         });
         test::biffBof(cells, 0x0600, 0x0020); // an embedded chart's substream
         biffRecord(cells, 0x0204, [](ByteSink& s) {
@@ -129,6 +138,17 @@ private slots:
         QCOMPARE(sheet.rows.at(0), (CatalogueRecord{"12.34", "-7", "0.5", {}}));
         QCOMPARE(sheet.rows.at(1), (CatalogueRecord{"1.23457E+12", QStringLiteral("fórmula"),
                                                     "VERDADERO", "etiqueta"}));
+        QCOMPARE(sheet.rows.at(2).formato, QStringLiteral("7"));
+        QCOMPARE(sheet.values.size(), 3);
+        QVERIFY(sheet.values.at(0).isEmpty());
+        QCOMPARE(sheet.values.at(1).size(), 1);
+        QCOMPARE(sheet.values.at(1).at(0).text, QStringLiteral("fuera"));
+        QCOMPARE(sheet.values.at(1).at(0).column, 4);
+        QCOMPARE(sheet.values.at(2).size(), 2);
+        QVERIFY(sheet.values.at(2).at(0).isNumber && sheet.values.at(2).at(1).isNumber);
+        QCOMPARE(sheet.values.at(2).at(0).number, 8.0);
+        QCOMPARE(sheet.values.at(2).at(1).number, 9.5);
+        QCOMPARE(sheet.values.at(2).at(1).column, 5);
     }
 
     // An Excel 5 sheet: 8-bit texts in the code page, the cell records only Excel 5 writes, 16-bit

@@ -6,6 +6,7 @@
 #include <optional>
 #include <unistd.h>
 
+#include "BiffFixtures.h"
 #include "FlowFixture.h"
 #include "TestFiles.h"
 
@@ -350,6 +351,31 @@ private slots:
         const QString workbook = f.path(QStringLiteral("nuevo.xls"));
         QCOMPARE(f.flow.SaveByExtension(workbook), database::TransferOutcome::Done);
         QCOMPARE(database::loadCatalogue(workbook)->rows.at(1).direccion, deep);
+    }
+
+    // A workbook whose details were typed over loads its rows and its disc records; what could
+    // not be read is said once the usual status line is shown.
+    void skippedValuesAreSaidAfterTheLoad()
+    {
+        Flow f;
+        const QString path = f.path(QStringLiteral("editado.xls"));
+        const QVariantList captions = {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO", "AÑO", "FECHA"};
+        test::writeFile(
+            path,
+            database::test::compoundFile(
+                {{"Workbook", database::test::biffSheets(
+                                  {{"Hoja", {captions, {}, {"a", "/", "g", "MP3", "mil", "x"}}},
+                                   {"Discos", {{"ORIGEN"}, {}, {"g"}, {"otro"}}}})}}));
+        f.flow.openFile(path);
+        QCOMPARE(f.names(), QStringList{"a"});
+        QCOMPARE(f.catalogue.discs().count(), 2);
+        QCOMPARE(f.status(), "Se han agregado 1 archivos desde " + path);
+        QCOMPARE(f.dialogs.asked.size(), 1);
+        QCOMPARE(f.dialogs.asked.last().title, QStringLiteral("Valores omitidos"));
+        QCOMPARE(f.dialogs.asked.last().text,
+                 "El archivo " + path +
+                     " tiene 2 valores que no se pudieron leer y se dejaron vacíos (columnas "
+                     "AÑO, FECHA).");
     }
 };
 

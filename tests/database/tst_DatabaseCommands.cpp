@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "BiffFixtures.h"
 #include "CatalogueSamples.h"
 
 #include "database/CatalogueFiles.h"
@@ -131,6 +132,33 @@ private slots:
         const QString help = run({"--help"}).out;
         QVERIFY(help.contains(QStringLiteral("--todo")) &&
                 help.contains(QStringLiteral("--discos")));
+    }
+
+    // "convert" carries every column and the disc records; values "show" and "convert" cannot
+    // read are said on the error output without failing.
+    void convertKeepsDetailsAndDiscs()
+    {
+        QTemporaryDir dir;
+        const QString source = dir.filePath(QStringLiteral("a.xls"));
+        const QVariantList captions = {"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO", "TAMAÑO", "AÑO"};
+        const QByteArray file = test::compoundFile(
+            {{"Workbook",
+              test::biffSheets({{"Hoja", {captions, {}, {"a", "/", "g", "MP3", 5e9, "x"}}},
+                                {"Discos", {{"ORIGEN", "NOTAS"}, {}, {"g", "prestado"}}}})}});
+        QVERIFY(nubo::test::writeFile(source, file));
+        const QString target = dir.filePath(QStringLiteral("b.xls"));
+        for (const QStringList& args : {QStringList{"show", source}, {"convert", source, target}}) {
+            const Run done = run(args);
+            QCOMPARE(done.status, 0);
+            QCOMPARE(done.err, "nubo-cli: El archivo " + source +
+                                   " tiene 1 valor que no se pudo leer y se dejó vacío (columna "
+                                   "AÑO).\n");
+        }
+        const auto converted = loadCatalogue(target);
+        QVERIFY(converted);
+        QCOMPARE(converted->rows.at(0).details.size, 5'000'000'000);
+        QCOMPARE(converted->discs.size(), 1);
+        QCOMPARE(converted->discs.at(0).notas, QStringLiteral("prestado"));
     }
 
     // "find" over files and a folder: the rows every word matches, without regard to case or

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BiffFixtures.h"
 #include "CatalogueSamples.h"
+#include "SheetTexts.h"
 
 #include "database/CatalogueFiles.h"
 #include "database/GsfSession.h"
@@ -21,10 +22,10 @@ using nubo::Outcome;
 
 namespace {
 
-// Reads a workbook with xlrd and prints what it saw as JSON: the first sheet's rows as text
-// (numbers as General shows them), and with any second argument (formatting on) the cell
-// formats its cells use and the style of the last of them. Without xlrd it exits with
-// kOracleAbsentStatus.
+// Reads a workbook with xlrd and prints what it saw as JSON: each sheet's rows as text (whole
+// numbers as digits), the columns of each sheet that hold numbers, and with any second argument
+// (formatting on) the cell formats its cells use, their number formats and the style of the
+// last of them. Without xlrd it exits with kOracleAbsentStatus.
 const char* const kXlrdScript = R"(
 import json, sys
 try:
@@ -35,12 +36,17 @@ fmt = len(sys.argv) > 2
 b = xlrd.open_workbook(sys.argv[1], formatting_info=fmt, ragged_rows=True, logfile=sys.stderr)
 s = b.sheet_by_index(0)
 text = lambda v: ("%d" % v if v == int(v) else repr(v)) if isinstance(v, float) else v
-out = {"sheets": b.sheet_names(), "rows": [[text(v) for v in s.row_values(r)] for r in range(s.nrows)]}
+rows = lambda t: [[text(v) for v in t.row_values(r)] for r in range(t.nrows)]
+numeric = lambda t: sorted({c for r in range(t.nrows) for c in range(t.row_len(r)) if t.cell_type(r, c) == xlrd.XL_CELL_NUMBER})
+out = {"sheets": b.sheet_names(), "rows": rows(s), "numberColumns": numeric(s),
+    "discRows": rows(b.sheet_by_index(1)) if b.nsheets > 1 else [],
+    "discNumberColumns": numeric(b.sheet_by_index(1)) if b.nsheets > 1 else []}
 if fmt:
-    out.update({"cellFormats": sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))}),
+    used = sorted({s.cell_xf_index(r, c) for r in range(s.nrows) for c in range(s.row_len(r))})
+    out.update({"cellFormats": used, "numberFormats": sorted({b.xf_list[x].format_key for x in used}),
        "row2Cells": s.row_len(1) if s.nrows > 1 else 0,
        "rowHeights": sorted({i.height for i in s.rowinfo_map.values()}),
-       "widths": [s.colinfo_map[c].width if c in s.colinfo_map else 0 for c in range(4)],
+       "widths": [s.colinfo_map[c].width if c in s.colinfo_map else 0 for c in range(s.ncols)],
        "formats": len(b.xf_list), "fonts": len(b.font_list), "palette": len(b.palette_record)})
 if fmt and s.nrows > 0:
     xf = b.xf_list[out["cellFormats"][-1]]
@@ -86,6 +92,23 @@ QList<QStringList> cellsSeenBy(const nubo::test::OracleRun& run)
     return rows;
 }
 
+// A sheet as the xlrd script shows it: captions, the empty row 2, then each row without its
+// trailing empty cells.
+QJsonArray sheetSeen(const QStringList& captions, qsizetype count,
+                     const std::function<QStringList(int)>& row)
+{
+    QJsonArray sheet{QJsonArray::fromStringList(captions)};
+    if (count > 0)
+        sheet.append(QJsonArray());
+    for (int i = 0; i < count; ++i) {
+        QStringList texts = row(i);
+        while (!texts.isEmpty() && texts.last().isEmpty())
+            texts.removeLast();
+        sheet.append(QJsonArray::fromStringList(texts));
+    }
+    return sheet;
+}
+
 bool save(const QString& path, const QList<CatalogueRecord>& rows,
           const CatalogueSaveOptions& options = {})
 {
@@ -99,9 +122,9 @@ class WorkbookFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    // The sheet ends where the reader expects, and another reader sees the sheet name, the
-    // captions, the empty row 2 and every text; the reader's own round trip is tested with
-    // the other format's in tst_CatalogueFiles.
+    // The sheet ends where the reader expects, and another reader sees both sheets, the
+    // captions, the empty row 2 and every value, sizes as numbers; our reader gives back every
+    // column and every disc record.
     void xlrdReadsWhatWeWrite_data()
     {
         QTest::addColumn<int>("count");
@@ -113,37 +136,63 @@ private slots:
         QFETCH(int, count);
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("lista.xls"));
-        const QList<CatalogueRecord> rows = sampleRows(count);
-        QVERIFY(save(path, rows));
-        WorkbookReader reader;
-        const Outcome<> opened = reader.open(path);
-        QVERIFY2(opened, qPrintable(opened.reason()));
-        QCOMPARE(reader.lastRow(), quint32(count == 0 ? 1 : count + 2));
+        const QList<CatalogueRecord> rows = detailedRows(count);
+        CatalogueSaveOptions options;
+        options.discs = count == 0 ? QList<nubo::core::DiscRecord>() : sampleDiscs();
+        QVERIFY(save(path, rows, options));
+        const auto loaded = loadCatalogue(path);
+        QVERIFY2(loaded, qPrintable(loaded.reason()));
+        QCOMPARE(loaded->rows, rows);
+        QCOMPARE(loaded->discs, options.discs);
+        QVERIFY(loaded->skipped.isEmpty());
         const nubo::test::OracleRun run = xlrd(path);
         NUBO_READ(run);
         const QJsonObject seen = seenBy(run);
-        QCOMPARE(seen.value("sheets").toArray(), QJsonArray{QStringLiteral("Colección")});
-        const QJsonArray sheetRows = seen.value("rows").toArray();
-        QCOMPARE(sheetRows.at(0).toArray(),
-                 (QJsonArray{"NOMBRE", "DIRECCION", "ORIGEN", "FORMATO"}));
-        if (count == 0) {
-            QCOMPARE(sheetRows.size(), 1);
-            return;
-        }
-        QCOMPARE(sheetRows.size(), count + 2);
-        QCOMPARE(sheetRows.at(1).toArray(), QJsonArray()); // row 2 holds no cells
-        for (int i = 0; i < count; ++i) {
-            const CatalogueRecord& r = rows.at(i);
-            QCOMPARE(sheetRows.at(i + 2).toArray(),
-                     (QJsonArray{r.nombre, r.direccion, r.origen, r.formato}));
-        }
+        QCOMPARE(seen.value("sheets").toArray(), (QJsonArray{"Colección", "Discos"}));
+        QCOMPARE(seen.value("numberColumns").toArray(), count == 0 ? QJsonArray() : QJsonArray{4});
+        QCOMPARE(seen.value("rows").toArray(),
+                 sheetSeen(captionRow(), rows.size(), [&](int i) { return rowTexts(rows.at(i)); }));
+        QCOMPARE(seen.value("discRows").toArray(),
+                 sheetSeen(nubo::core::discCaptions(), options.discs.size(),
+                           [&](int i) { return discTexts(options.discs.at(i)); }));
+        if (count > 0)
+            QCOMPARE(seen.value("discNumberColumns").toArray(), (QJsonArray{4, 5}));
         // Each column is wide enough for its longest text, up to 60 characters.
-        for (int c = 0; c < 4; ++c) {
+        const QJsonArray widths = seen.value("widths").toArray();
+        QCOMPARE(widths.size(), 13);
+        for (int c = 0; c < 13; ++c) {
             qsizetype longest = 10;
             for (const CatalogueRecord& r : rows)
-                longest = std::max(longest, std::min<qsizetype>(r.field(c).size(), 60));
-            QVERIFY(seen.value("widths").toArray().at(c).toInt() >= longest * 256);
+                longest = std::max(longest, std::min<qsizetype>(rowTexts(r).at(c).size(), 60));
+            QVERIFY(widths.at(c).toInt() >= longest * 256);
+            QVERIFY(widths.at(c).toInt() <= 62 * 256);
         }
+    }
+
+    // Gnumeric reads both sheets with every column; sizes past 4 GB show whole.
+    void gnumericReadsEverySheet()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("lista.xls"));
+        const QList<CatalogueRecord> rows = detailedRows(40);
+        CatalogueSaveOptions options;
+        options.discs = sampleDiscs();
+        options.style = SheetStyle{};
+        QVERIFY(save(path, rows, options));
+        const nubo::test::OracleRun run = nubo::test::runOracle(
+            QStringLiteral("ssconvert"),
+            {QStringLiteral("-S"), path, dir.filePath(QStringLiteral("hoja%n.csv"))});
+        NUBO_READ(run);
+        const QList<QStringList> sheet = csvRows(dir.filePath(QStringLiteral("hoja0.csv")));
+        QCOMPARE(sheet.size(), rows.size() + 2);
+        QCOMPARE(sheet.at(0), captionRow());
+        for (int i = 0; i < rows.size(); ++i)
+            QCOMPARE(sheet.at(i + 2), rowTexts(rows.at(i)));
+        const QList<QStringList> discs = csvRows(dir.filePath(QStringLiteral("hoja1.csv")));
+        QCOMPARE(discs.size(), options.discs.size() + 2);
+        QCOMPARE(discs.at(0), nubo::core::discCaptions());
+        for (int i = 0; i < options.discs.size(); ++i)
+            QCOMPARE(discs.at(i + 2), discTexts(options.discs.at(i)));
     }
 
     // The fill takes the palette's last default colour, which the other two colours must not
@@ -156,12 +205,14 @@ private slots:
             0x333333, 0x123456, excel::kDash, excel::kMedium, QStringLiteral("Times New Roman"),
             12.5,     true,     true,         true,           0xC00001};
         QVERIFY(
-            save(path, sampleRows(3), {defaultCatalogueHeader(), QStringLiteral("Hoja"), style}));
+            save(path, detailedRows(3), {defaultCatalogueHeader(), QStringLiteral("Hoja"), style}));
         const nubo::test::OracleRun run = xlrd(path);
         NUBO_READ(run);
         const QJsonObject seen = seenBy(run);
-        QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{16}); // one format for all
-        QCOMPARE(seen.value("row2Cells").toInt(), 4); // the empty row lies in the styled range
+        // One format for every text and one for the sizes, which shows them whole ("0").
+        QCOMPARE(seen.value("cellFormats").toArray(), (QJsonArray{16, 17}));
+        QCOMPARE(seen.value("numberFormats").toArray(), (QJsonArray{0, 1}));
+        QCOMPARE(seen.value("row2Cells").toInt(), 13); // the empty row lies in the styled range
         QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{319}); // 12.5 points of font
         const QJsonArray blue{0x12, 0x34, 0x56};
         QCOMPARE(seen.value("style").toObject(),
@@ -190,7 +241,7 @@ private slots:
         QFETCH(bool, stopped);
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("llano.xls"));
-        const QList<CatalogueRecord> rows = sampleRows(3);
+        const QList<CatalogueRecord> rows = detailedRows(3);
         CatalogueSaveOptions options;
         if (stopped)
             options.style = SheetStyle{};
@@ -202,10 +253,11 @@ private slots:
         const nubo::test::OracleRun run = xlrd(path);
         NUBO_READ(run);
         const QJsonObject seen = seenBy(run);
-        QCOMPARE(seen.value("cellFormats").toArray(), QJsonArray{15});
+        QCOMPARE(seen.value("cellFormats").toArray(), (QJsonArray{15, 16}));
+        QCOMPARE(seen.value("numberFormats").toArray(), (QJsonArray{0, 1}));
         QCOMPARE(seen.value("row2Cells").toInt(), 0);
         QCOMPARE(seen.value("rowHeights").toArray(), QJsonArray{255});
-        QCOMPARE(seen.value("formats").toInt(), 16);
+        QCOMPARE(seen.value("formats").toInt(), 17);
         QCOMPARE(seen.value("fonts").toInt(), 4);
         QCOMPARE(seen.value("palette").toInt(), 0);
     }
@@ -221,12 +273,22 @@ private slots:
         // surrogate pair on a record boundary.
         QString wide = planes.repeated(1250);
         wide.insert(4111 - 1, QStringLiteral("😀"));
-        const QList<CatalogueRecord> rows = {
+        QList<CatalogueRecord> rows = {
             {QString(10000, QLatin1Char('x')), wide, QString(20000, QChar(0x00E9)),
              QStringLiteral("MP3")},
             {QString(10000, QChar(0x30A2)), QStringLiteral("b"), {}, planes}};
+        rows[0].details.title = QString(10000, QChar(0x00F1)); // 10,000-character tags
+        rows[0].details.artist = wide;
+        rows[1].details.album = QString(32767, QLatin1Char('a'));
+        rows[1].details.title = QString::fromUtf16(u"NUL\0y\xD800 sola", 11); // NUL, lone surrogate
         QVERIFY(save(path, rows));
         QCOMPARE(loadCatalogue(path)->rows, rows);
+        // Past a cell's limit the save is refused and names it, as for the four columns.
+        rows[1].details.genre = QString(32768, QLatin1Char('g'));
+        const SaveOutcome refused =
+            saveCatalogue(dir.filePath(QStringLiteral("no.xls")), {}, rowsOf(rows));
+        QVERIFY(!refused.ok);
+        QVERIFY2(refused.reason.contains(QStringLiteral("32767")), qPrintable(refused.reason));
     }
 
     // Workbooks written by other programs open, with their first sheet's name.

@@ -53,6 +53,8 @@ int show(const QStringList& arguments, CliIo& io)
     if (!loaded)
         return nubo::cli::kFileError;
     printCatalogue(*loaded, *listing, io.out);
+    if (!loaded->skipped.isEmpty())
+        io.err << "nubo-cli: " << loaded->skipped << '\n';
     if (!loaded->damage.isEmpty()) {
         io.err << "nubo-cli: " << loaded->damage << '\n';
         return nubo::cli::kFileError;
@@ -75,6 +77,8 @@ int convert(const QStringList& args, CliIo& io)
     const auto loaded = load(args.at(0), io);
     if (!loaded)
         return nubo::cli::kFileError;
+    if (!loaded->skipped.isEmpty())
+        io.err << "nubo-cli: " << loaded->skipped << '\n';
     // The rows of a damaged catalogue are saved only as a new file: an existing one could be
     // the only other copy of what the damage hides.
     const bool damaged = !loaded->damage.isEmpty();

@@ -179,6 +179,14 @@ TransferOutcome CatalogueTransfer::loadedDamaged(const QString& path, const Load
     return TransferOutcome::Failed;
 }
 
+void CatalogueTransfer::reportSkipped(const QString& path, const LoadOutcome& loaded)
+{
+    const QString text = skippedText(path, loaded.skipped);
+    if (!text.isEmpty())
+        m_s.dialogs.messageBox(text, QStringLiteral("Valores omitidos"),
+                               platform::MessageButtons::Ok, platform::MessageIcon::Information);
+}
+
 TransferOutcome CatalogueTransfer::fileFailed(const QString& path, const QString& reason)
 {
     showStatus(QStringLiteral("No se puede acceder al archivo ") + path +

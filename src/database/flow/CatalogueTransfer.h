@@ -86,6 +86,8 @@ private:
     TransferOutcome workbookSaveFailed(const QString& path, const QString& reason);
     TransferOutcome workbookLoadFailed(const QString& path, const QString& reason);
     TransferOutcome cancelledOverExisting(const QString& path, qsizetype count);
+    // Values a load could not take, said once the rows are in the list; nothing when none.
+    void reportSkipped(const QString& path, const LoadOutcome& loaded);
     TransferOutcome loadedDamaged(const QString& path, const LoadOutcome& loaded);
     TransferOutcome fileFailed(const QString& path, const QString& reason);
     QString targetRefusal(const QString& path) const;

@@ -103,7 +103,9 @@ TransferOutcome CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
     run.hideProgress();
     if (loaded.damaged && !loaded.stopped)
         return loadedDamaged(path, loaded);
-    return showLoaded(loaded.added, path, loaded.stopped);
+    const TransferOutcome shown = showLoaded(loaded.added, path, loaded.stopped);
+    reportSkipped(path, loaded);
+    return shown;
 }
 
 } // namespace nubo::database
