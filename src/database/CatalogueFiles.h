@@ -62,9 +62,10 @@ struct [[nodiscard]] SaveOutcome
 {
     bool ok = false;
     bool stopped = false;
-    bool discarded = false; // stopped and abandoned: nothing written
-    bool replacing = false; // the target existed: a stop abandons the save and keeps that file
-    qsizetype written = 0;  // list rows written (an empty record at a stop not counted)
+    bool discarded = false;  // stopped and abandoned: nothing written
+    bool replacing = false;  // the target existed: a stop abandons the save and keeps that file
+    qsizetype written = 0;   // list rows written (an empty record at a stop not counted)
+    qsizetype shortened = 0; // detail and disc texts cut to what the format's field holds
     SaveStage failedAt = SaveStage::Open;
     QString reason; // the writer's or the file's own, when not ok
 };
@@ -106,6 +107,9 @@ struct [[nodiscard]] LoadOutcome
     bool damaged = false;
     qint64 declared = 0;
     QString damage;
+    // Values the file holds that are no value of their column (a size that is not a number, a
+    // date that is no date), left empty; the rows themselves all read.
+    qsizetype skipped = 0;
 };
 
 // Reads a catalogue file's rows in the order the list appends them: a workbook's rows in sheet
@@ -127,8 +131,9 @@ struct LoadedCatalogue
     QString name; // the workbook's first sheet or the database's table
     QList<CatalogueRecord> rows;
     QList<core::DiscRecord> discs = {};
-    QString damage;      // empty unless the file is damaged: rows are then those read
-    qint64 declared = 0; // with damage: the rows the file states it holds
+    QString damage;        // empty unless the file is damaged: rows are then those read
+    qint64 declared = 0;   // with damage: the rows the file states it holds
+    qsizetype skipped = 0; // values left out, as LoadOutcome::skipped
 };
 
 [[nodiscard]] Outcome<LoadedCatalogue> loadCatalogue(const QString& path);
@@ -136,5 +141,10 @@ struct LoadedCatalogue
 // The damage of a load in one Spanish sentence with its counts ("El archivo X está dañado:
 // se leyeron 35.159 filas de 60.000 (…)."), for the window and the command line.
 QString damageText(const QString& path, const LoadOutcome& outcome);
+// The values a load left out, in one Spanish sentence ("Se omitieron 3 valores que no son
+// válidos en su columna."); empty when none were.
+QString skippedText(const LoadOutcome& outcome);
+// The texts a save cut short, in one Spanish sentence; empty when none were.
+QString shortenedText(const SaveOutcome& outcome);
 
 } // namespace nubo::database

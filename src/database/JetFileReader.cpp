@@ -3,8 +3,10 @@
 
 #include "database/DatabaseReader.h"
 
+#include <QDateTime>
 #include <QSet>
 
+#include <cmath>
 #include <cstring>
 
 namespace nubo::database::jet {
@@ -31,6 +33,27 @@ constexpr quint8 kInlineMap = 0;
 constexpr quint8 kReferenceMap = 1;
 constexpr qsizetype kMapPageHeader = 4;
 constexpr quint32 kMapPageBits = quint32(kPage - kMapPageHeader) * 8;
+// Column types read as text (mdbtools' HACKING, "Column Types").
+constexpr quint8 kTypeDouble = 0x07;
+constexpr quint8 kTypeDateTime = 0x08;
+constexpr quint8 kTypeText = 0x0A;
+constexpr quint8 kTypeMemo = 0x0C;
+// A memo field (same source, "LVAL"): a 12-byte header whose length word's top bits say where
+// the text is: right after the header, in one row elsewhere, or in a chain of rows each
+// starting with the address of the next.
+constexpr qsizetype kMemoHeader = 12;
+constexpr quint32 kMemoInline = 0x80000000u;
+constexpr quint32 kMemoOneRow = 0x40000000u;
+constexpr quint32 kMemoLengthMask = 0x3FFFFFFFu;
+constexpr int kMaxMemoRows = 1024;
+
+// A number as digits: whole numbers (sizes) exactly, others to their precision.
+QString numberText(double value, int digits)
+{
+    if (std::trunc(value) == value && std::abs(value) < 9.0e15)
+        return QString::number(qint64(value));
+    return QString::number(value, 'g', digits);
+}
 
 quint32 u8At(QByteArrayView d, qsizetype at)
 {
@@ -66,13 +89,21 @@ QString fixedText(quint8 type, QByteArrayView v)
         const quint32 bits = u32At(v, 0);
         float value = 0;
         memcpy(&value, &bits, sizeof value);
-        return QString::number(value);
+        return numberText(double(value), 7);
     }
-    case 0x07: { // double
+    case kTypeDouble:
+    case kTypeDateTime: {
         const quint64 bits = u32At(v, 0) | (quint64(u32At(v, 4)) << 32);
         double value = 0;
         memcpy(&value, &bits, sizeof value);
-        return QString::number(value);
+        if (type == kTypeDouble)
+            return numberText(value, 17);
+        // Days since 30 December 1899, local time, as the engine stores dates.
+        if (!std::isfinite(value) || std::abs(value) > 3.0e6)
+            return {};
+        const auto minutes = qint64(std::llround(value * 24 * 60));
+        const QDateTime epoch(QDate(1899, 12, 30), QTime(0, 0));
+        return epoch.addSecs(minutes * 60).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
     }
     default:
         return {};
@@ -192,28 +223,76 @@ QList<QString> JetFileReader::fields(const TableInfo& table, QByteArrayView row)
             const qsizetype entry = maskAt - 4 - 2 * qsizetype(c.varIndex);
             const qsizetype from = u16At(row, entry);
             const qsizetype to = u16At(row, entry - 2);
-            if (c.type == 0x0A && entry - 2 >= 0 && from <= to && inside(row, from, to - from))
+            if (entry - 2 < 0 || from > to || !inside(row, from, to - from))
+                continue;
+            if (c.type == kTypeText)
                 values[i] = decodeJetText(row.constData() + from, to - from);
+            else if (c.type == kTypeMemo)
+                values[i] = memoText(row.sliced(from, to - from));
         }
     }
     return values;
 }
 
-void JetFileReader::forEachRow(const TableInfo& table,
-                               const std::function<bool(const QList<QString>&)>& visit) const
+QString JetFileReader::memoText(QByteArrayView field) const
 {
-    const auto pages = quint32(m_file.size() / kPage);
-    for (quint32 p = 1; p < pages; ++p) {
-        const QByteArrayView d = page(p);
-        if (u8At(d, 0) != kDataPage || u32At(d, 4) != table.definitionPage)
+    const quint32 word = u32At(field, 0);
+    const qsizetype length = word & kMemoLengthMask;
+    if (field.size() < kMemoHeader)
+        return {};
+    if ((word & kMemoInline) != 0) {
+        const QByteArrayView text = field.sliced(kMemoHeader);
+        return decodeJetText(text.constData(), std::min(length, text.size()));
+    }
+    QByteArray bytes;
+    quint32 next = u32At(field, 4);
+    const bool oneRow = (word & kMemoOneRow) != 0;
+    for (int hop = 0; next != 0 && hop < kMaxMemoRows && bytes.size() < length; ++hop) {
+        const QByteArrayView row = rowOf(next >> 8, next & 0xFF);
+        if (oneRow || row.size() < 4) {
+            bytes += row;
+            break;
+        }
+        bytes += row.sliced(4);
+        next = u32At(row, 0);
+    }
+    return decodeJetText(bytes.constData(), std::min(length, bytes.size()));
+}
+
+bool JetFileReader::ownsPage(const TableInfo& table, quint32 number) const
+{
+    const QByteArrayView d = page(number);
+    return u8At(d, 0) == kDataPage && u32At(d, 4) == table.definitionPage;
+}
+
+void JetFileReader::forEachRow(const TableInfo& table,
+                               const std::function<bool(const QList<QString>&)>& visit,
+                               bool lastFirst) const
+{
+    const auto pages = qint64(m_file.size() / kPage);
+    const int step = lastFirst ? -1 : 1;
+    for (qint64 p = lastFirst ? pages - 1 : 1; p >= 1 && p < pages; p += step) {
+        if (!ownsPage(table, quint32(p)))
             continue;
-        const quint32 rows = u16At(d, 12);
-        for (quint32 r = 0; r < rows; ++r) {
-            const QByteArrayView row = rowOf(p, r);
+        const qint64 rows = u16At(page(quint32(p)), 12);
+        for (qint64 r = lastFirst ? rows - 1 : 0; r >= 0 && r < rows; r += step) {
+            const QByteArrayView row = rowOf(quint32(p), quint32(r));
             if (!row.isEmpty() && !visit(fields(table, row)))
                 return;
         }
     }
+}
+
+qsizetype JetFileReader::liveRowCount(const TableInfo& table) const
+{
+    qsizetype count = 0;
+    for (quint32 p = 1; p < quint32(m_file.size() / kPage); ++p) {
+        if (!ownsPage(table, p))
+            continue;
+        for (quint32 r = 0, rows = u16At(page(p), 12); r < rows; ++r)
+            count += rowOf(p, r).isEmpty() ? 0 : 1;
+    }
+    return count;
 }
 
 std::optional<QList<quint32>> JetFileReader::mappedPages(const TableInfo& table) const
@@ -248,10 +327,7 @@ QString JetFileReader::usageMapDamage(const TableInfo& table) const
     const std::optional<QList<quint32>> listed = mappedPages(table);
     if (!listed)
         return QStringLiteral("falta el mapa de páginas de la tabla");
-    const auto owned = [&](quint32 p) {
-        const QByteArrayView d = page(p);
-        return u8At(d, 0) == kDataPage && u32At(d, 4) == table.definitionPage;
-    };
+    const auto owned = [&](quint32 p) { return ownsPage(table, p); };
     qsizetype ownedPages = 0;
     for (quint32 p = 1; p < quint32(m_file.size() / kPage); ++p)
         ownedPages += owned(p) ? 1 : 0;

@@ -44,10 +44,13 @@ public:
     std::optional<TableInfo> table(quint32 definitionPage) const;
     // The user tables (name and definition page) the catalogue lists.
     QList<std::pair<QString, quint32>> userTables() const;
-    // Calls visit with the fields of each live row, data pages in file order; visit returns
-    // false to stop.
-    void forEachRow(const TableInfo& table,
-                    const std::function<bool(const QList<QString>&)>& visit) const;
+    // Calls visit with the fields of each live row, data pages in file order (or the reverse,
+    // last row first); visit returns false to stop. Fields are texts: numbers as digits, dates
+    // as "yyyy-MM-dd hh:mm", long texts (memos) whole.
+    void forEachRow(const TableInfo& table, const std::function<bool(const QList<QString>&)>& visit,
+                    bool lastFirst = false) const;
+    // The live rows forEachRow would visit.
+    qsizetype liveRowCount(const TableInfo& table) const;
 
     // Empty when the table's usage map and its data pages agree; otherwise what differs: a page
     // the map lists that is not one of the table's data pages, or the other way round.
@@ -59,6 +62,8 @@ private:
     QByteArray definition(quint32 firstPage) const;
     QByteArrayView rowOf(quint32 pageNumber, quint32 row, int hops = 0) const;
     QList<QString> fields(const TableInfo& table, QByteArrayView row) const;
+    QString memoText(QByteArrayView field) const;
+    bool ownsPage(const TableInfo& table, quint32 number) const;
 
     QByteArray m_file;
     Kind m_kind = Kind::NotJet;
