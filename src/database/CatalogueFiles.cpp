@@ -217,7 +217,7 @@ LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
             ++outcome.added;
             return true;
         },
-        DatabaseReader::Order::LastFirst);
+        DatabaseReader::Order::LastFirstOnce);
     if (reader.hasDiscs() && hooks.discs)
         hooks.discs(reader.discs());
     outcome.skipped = reader.skipped();

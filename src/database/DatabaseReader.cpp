@@ -4,12 +4,43 @@
 #include "database/JetFileReader.h"
 #include "database/SourceFile.h"
 
+#include <cstring>
+#include <limits>
+
 namespace nubo::database {
 namespace {
 
 constexpr int kFields = 4;
-constexpr qsizetype kJetPage = 2048;  // the smaller of the two page sizes
-constexpr qsizetype kJetPage4 = 4096; // Jet 4's page
+constexpr qsizetype kJetPage = 2048;               // the smaller of the two page sizes
+constexpr qsizetype kJetPage4 = 4096;              // Jet 4's page
+constexpr qsizetype kReadBlock = 1024 * kJetPage4; // a file is read, and freed, 4 MiB at a time
+
+// "m:ss" or "h:mm:ss" as the list writes a length, read without a pattern; none for other text,
+// which FileDetails::setText then reads.
+std::optional<qint32> plainDuration(const QString& text)
+{
+    qint64 value = 0;
+    qint64 group = 0;
+    int digits = 0;
+    int groups = 1;
+    for (const QChar c : text) {
+        if (c >= u'0' && c <= u'9' && digits < 6) {
+            group = group * 10 + (c.unicode() - u'0');
+            ++digits;
+        } else if (c == u':' && digits > 0 && groups < 3) {
+            value = (value + group) * 60;
+            group = 0;
+            digits = 0;
+            ++groups;
+        } else {
+            return std::nullopt;
+        }
+    }
+    value += group;
+    if (groups < 2 || digits != 2 || group > 59 || value > std::numeric_limits<qint32>::max())
+        return std::nullopt;
+    return qint32(value);
+}
 
 } // namespace
 
@@ -26,6 +57,9 @@ QString decodeJetText(const char* data, qsizetype size)
 {
     QString text;
     const auto* bytes = reinterpret_cast<const quint8*>(data);
+    if (size >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE &&
+        std::memchr(bytes + 2, 0, size_t(size - 2)) == nullptr)
+        return QString::fromLatin1(data + 2, size - 2); // compressed throughout
     if (size >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE) {
         // Compressed: one byte a character; a zero byte switches to and from UTF-16.
         bool compressed = true;
@@ -45,9 +79,10 @@ QString decodeJetText(const char* data, qsizetype size)
         }
         return text;
     }
-    text.reserve(size / 2);
+    text.resize(size / 2);
+    QChar* out = text.data();
     for (qsizetype i = 0; i + 1 < size; i += 2)
-        text.append(QChar(char16_t(bytes[i] | (bytes[i + 1] << 8))));
+        *out++ = QChar(char16_t(bytes[i] | (bytes[i + 1] << 8)));
     return text;
 }
 
@@ -88,16 +123,22 @@ Failure DatabaseReader::fail(const QString& message)
 Outcome<> DatabaseReader::open(const QString& path)
 {
     close();
-    Outcome<QByteArray> source = readSourceFile(path);
+    Outcome<QList<QByteArray>> source = readSourceBlocks(path, kReadBlock);
     if (!source)
         return fail(source.reason());
-    return read(std::move(source.value()), path);
+    m_jet.emplace(std::move(*source));
+    return readTables(path);
 }
 
 Outcome<> DatabaseReader::read(const QByteArray& file, const QString& name)
 {
     close();
     m_jet.emplace(file);
+    return readTables(name);
+}
+
+Outcome<> DatabaseReader::readTables(const QString& name)
+{
     if (m_jet->kind() == jet::JetFileReader::Kind::OlderJet)
         return fail(QStringLiteral("%1 es una base de datos de Access 97 o anterior: "
                                    "conviértala a Access 2000 o posterior.")
@@ -133,7 +174,7 @@ Outcome<> DatabaseReader::read(const QByteArray& file, const QString& name)
             readDiscs(*table);
     }
     m_liveRecords = m_jet->liveRowCount(*m_table);
-    checkWhole(file.size());
+    checkWhole(m_jet->fileSize());
     if (m_damage.isEmpty())
         m_damage = m_jet->usageMapDamage(*m_table);
     return {};
@@ -185,9 +226,19 @@ CatalogueRecord DatabaseReader::recordOf(const QList<QString>& values,
         record.field(i) = values.at(i);
     for (int f = 0; f < core::kDetailFieldCount; ++f) {
         const int at = m_detailAt[f];
-        if (at >= 0 && !values.at(at).isEmpty() &&
-            !record.details.setText(core::DetailField(f), values.at(at)))
+        if (at < 0 || values.at(at).isEmpty())
+            continue;
+        if (core::DetailField(f) == core::DetailField::Fecha) {
+            const std::optional<qint64> date = m_dates.fromText(values.at(at));
+            record.details.modified = date.value_or(core::FileDetails::kNoDate);
+            m_skipped += date ? 0 : 1;
+        } else if (const auto length = core::DetailField(f) == core::DetailField::Duracion
+                                           ? plainDuration(values.at(at))
+                                           : std::nullopt) {
+            record.details.duration = *length;
+        } else if (!record.details.setText(core::DetailField(f), values.at(at))) {
             ++m_skipped;
+        }
     }
     if (before == nullptr)
         return record;
@@ -216,7 +267,9 @@ void DatabaseReader::forEachRecord(const std::function<bool(CatalogueRecord&&)>&
             before = record; // shares every text, copies nothing
             return visit(std::move(record));
         },
-        order == Order::LastFirst);
+        order == Order::FileOrder   ? jet::JetFileReader::Walk::FileOrder
+        : order == Order::LastFirst ? jet::JetFileReader::Walk::LastFirst
+                                    : jet::JetFileReader::Walk::LastFirstFreeing);
 }
 
 QList<CatalogueRecord> DatabaseReader::records()

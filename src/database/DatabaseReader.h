@@ -4,6 +4,7 @@
 #include "core/DiscRecord.h"
 #include "database/CatalogueRecord.h"
 #include "database/JetFileReader.h"
+#include "database/LocalDateTexts.h"
 #include "platform/Outcome.h"
 
 #include <QList>
@@ -35,7 +36,9 @@ public:
     // Empty when the table read whole; otherwise what is damaged (the records found still read).
     QString damage() const { return m_damage; }
 
-    enum class Order { FileOrder, LastFirst };
+    // LastFirstOnce frees the file's pages as their records are handed over (a large file
+    // then never sits in memory beside all its records); a later walk finds none of them.
+    enum class Order { FileOrder, LastFirst, LastFirstOnce };
     // Hands each record to visit, which returns false to stop. Repeated texts are shared with
     // the record before. A detail value that is no value of its field is left unknown and
     // counted in skipped().
@@ -52,6 +55,7 @@ public:
 
 private:
     Failure fail(const QString& message);
+    Outcome<> readTables(const QString& name);
     void checkWhole(qsizetype fileSize);
     void findDetailFields();
     void readDiscs(const jet::TableInfo& table);
@@ -69,6 +73,7 @@ private:
     QString m_damage;
     bool m_hasDiscs = false;
     QList<core::DiscRecord> m_discs;
+    LocalDateTexts m_dates;
 };
 
 // A field name as the reader matches it: without accents, case or surrounding blanks.

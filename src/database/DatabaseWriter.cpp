@@ -93,7 +93,7 @@ Outcome<> DatabaseWriter::addRow(const CatalogueRecord& record)
                             .arg(kMaxText));
         }
     }
-    const QByteArray row = encodeRow(m_layout, catalogueValues(record, m_shortened));
+    const QByteArray row = encodeRow(m_layout, catalogueValues(record, m_dates, m_shortened));
     if (!m_page->add(row)) {
         if (auto step = flushDataPage(); !step)
             return step;

@@ -48,6 +48,7 @@ private:
     quint32 m_nextPage = 0;
     qsizetype m_rows = 0;
     qsizetype m_shortened = 0;
+    LocalDateTexts m_dates;
     QString m_error; // the first failure's reason
 };
 

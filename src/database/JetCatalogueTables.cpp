@@ -58,11 +58,15 @@ Value sizeValue(qint64 bytes)
     return bytes < 0 ? Value{} : Value{double(bytes)};
 }
 
-Value detailValue(const core::FileDetails& details, DetailField field, qsizetype& shortened)
+Value detailValue(const core::FileDetails& details, DetailField field, LocalDateTexts& dates,
+                  qsizetype& shortened)
 {
     switch (field) {
     case DetailField::Tamano:
         return sizeValue(details.size);
+    case DetailField::Fecha:
+        return details.modified == core::FileDetails::kNoDate ? Value{}
+                                                              : Value{dates.text(details.modified)};
     case DetailField::Ano:
         return details.year == 0 ? Value{} : Value{qint64(details.year)};
     case DetailField::Pista:
@@ -102,7 +106,8 @@ Table discsTable(const QString& name)
     return table;
 }
 
-QList<Value> catalogueValues(const CatalogueRecord& record, qsizetype& shortened)
+QList<Value> catalogueValues(const CatalogueRecord& record, LocalDateTexts& dates,
+                             qsizetype& shortened)
 {
     QList<Value> values(4 + core::kDetailFieldCount);
     for (int i = 0; i < 4; ++i) {
@@ -110,7 +115,7 @@ QList<Value> catalogueValues(const CatalogueRecord& record, qsizetype& shortened
             values[i] = record.field(i);
     }
     for (int f = 0; f < core::kDetailFieldCount; ++f)
-        values[4 + f] = detailValue(record.details, DetailField(f), shortened);
+        values[4 + f] = detailValue(record.details, DetailField(f), dates, shortened);
     return values;
 }
 

@@ -5,6 +5,7 @@
 #include "database/CatalogueRecord.h"
 #include "database/JetRow.h"
 #include "database/JetSchema.h"
+#include "database/LocalDateTexts.h"
 
 namespace nubo::database::jet {
 
@@ -22,7 +23,8 @@ Table discsTable(const QString& name);
 // A record's values by column number. Unknown details are null. A detail text longer than a
 // field holds is cut to kMaxFieldText characters and counted in shortened; the four list texts
 // must already fit.
-QList<Value> catalogueValues(const CatalogueRecord& record, qsizetype& shortened);
+QList<Value> catalogueValues(const CatalogueRecord& record, LocalDateTexts& dates,
+                             qsizetype& shortened);
 QList<Value> discValues(const core::DiscRecord& disc, qsizetype& shortened);
 
 } // namespace nubo::database::jet

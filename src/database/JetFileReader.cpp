@@ -102,7 +102,7 @@ QString fixedText(quint8 type, QByteArrayView v)
         if (!std::isfinite(value) || std::abs(value) > 3.0e6)
             return {};
         const auto minutes = qint64(std::llround(value * 24 * 60));
-        const QDateTime epoch(QDate(1899, 12, 30), QTime(0, 0));
+        const QDateTime epoch(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC); // a naive clock
         return epoch.addSecs(minutes * 60).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
     }
     default:
@@ -112,21 +112,23 @@ QString fixedText(quint8 type, QByteArrayView v)
 
 } // namespace
 
-JetFileReader::JetFileReader(QByteArray file) : m_file(std::move(file))
+JetFileReader::JetFileReader(QByteArray file) : JetFileReader(QList<QByteArray>{std::move(file)}) {}
+
+JetFileReader::JetFileReader(QList<QByteArray> blocks) : m_pages(std::move(blocks))
 {
-    if (!looksLikeJetDatabase(m_file.left(kPage * 2)))
+    const QByteArrayView head = m_pages.head();
+    if (!looksLikeJetDatabase(
+            head.first(std::min<qsizetype>(kPage * 2, head.size())).toByteArray()))
         m_kind = Kind::NotJet;
-    else if (u8At(m_file, 0x14) == 0 || m_file.size() < kPage * 3)
-        m_kind = u8At(m_file, 0x14) == 0 ? Kind::OlderJet : Kind::NotJet;
+    else if (u8At(head, 0x14) == 0 || m_pages.size() < kPage * 3)
+        m_kind = u8At(head, 0x14) == 0 ? Kind::OlderJet : Kind::NotJet;
     else
         m_kind = Kind::Jet4;
 }
 
 QByteArrayView JetFileReader::page(quint32 number) const
 {
-    if (m_kind != Kind::Jet4 || qint64(number) >= m_file.size() / kPage)
-        return {};
-    return QByteArrayView(m_file).sliced(qsizetype(number) * kPage, kPage);
+    return m_kind == Kind::Jet4 ? m_pages.page(number) : QByteArrayView();
 }
 
 QByteArray JetFileReader::definition(quint32 firstPage) const
@@ -265,28 +267,57 @@ bool JetFileReader::ownsPage(const TableInfo& table, quint32 number) const
     return u8At(d, 0) == kDataPage && u32At(d, 4) == table.definitionPage;
 }
 
-void JetFileReader::forEachRow(const TableInfo& table,
-                               const std::function<bool(const QList<QString>&)>& visit,
-                               bool lastFirst) const
+// The blocks holding nothing but the table's data pages, none of them the target of a row
+// stored elsewhere (which is read from the page that points to it).
+QList<bool> JetFileReader::freeableBlocks(const TableInfo& table) const
 {
-    const auto pages = qint64(m_file.size() / kPage);
+    QList<bool> freeable(m_pages.blockCount(), true);
+    for (quint32 p = 0; p < m_pages.pageCount(); ++p) {
+        if (!ownsPage(table, p)) {
+            freeable[m_pages.blockOf(p)] = false;
+            continue;
+        }
+        const QByteArrayView d = page(p);
+        for (quint32 r = 0, rows = u16At(d, 12); r < rows; ++r) {
+            const quint32 entry = u16At(d, 14 + 2 * r);
+            const qsizetype start = entry & kOffsetMask;
+            if ((entry & kLookupRow) != 0 && inside(d, start, 4)) {
+                const qsizetype target = m_pages.blockOf(u32At(d, start) >> 8);
+                if (target < freeable.size())
+                    freeable[target] = false;
+            }
+        }
+    }
+    return freeable;
+}
+
+void JetFileReader::forEachRow(const TableInfo& table,
+                               const std::function<bool(const QList<QString>&)>& visit, Walk walk)
+{
+    const bool lastFirst = walk != Walk::FileOrder;
+    const QList<bool> freeable =
+        walk == Walk::LastFirstFreeing ? freeableBlocks(table) : QList<bool>();
+    const auto pages = qint64(m_pages.pageCount());
     const int step = lastFirst ? -1 : 1;
     for (qint64 p = lastFirst ? pages - 1 : 1; p >= 1 && p < pages; p += step) {
-        if (!ownsPage(table, quint32(p)))
-            continue;
-        const qint64 rows = u16At(page(quint32(p)), 12);
-        for (qint64 r = lastFirst ? rows - 1 : 0; r >= 0 && r < rows; r += step) {
-            const QByteArrayView row = rowOf(quint32(p), quint32(r));
-            if (!row.isEmpty() && !visit(fields(table, row)))
-                return;
+        const qsizetype block = m_pages.blockOf(quint32(p));
+        if (ownsPage(table, quint32(p))) {
+            const qint64 rows = u16At(page(quint32(p)), 12);
+            for (qint64 r = lastFirst ? rows - 1 : 0; r >= 0 && r < rows; r += step) {
+                const QByteArrayView row = rowOf(quint32(p), quint32(r));
+                if (!row.isEmpty() && !visit(fields(table, row)))
+                    return;
+            }
         }
+        if (quint32(p) == m_pages.firstPageOf(block) && freeable.value(block))
+            m_pages.freeBlock(block);
     }
 }
 
 qsizetype JetFileReader::liveRowCount(const TableInfo& table) const
 {
     qsizetype count = 0;
-    for (quint32 p = 1; p < quint32(m_file.size() / kPage); ++p) {
+    for (quint32 p = 1; p < quint32(m_pages.pageCount()); ++p) {
         if (!ownsPage(table, p))
             continue;
         for (quint32 r = 0, rows = u16At(page(p), 12); r < rows; ++r)
@@ -300,7 +331,7 @@ std::optional<QList<quint32>> JetFileReader::mappedPages(const TableInfo& table)
     const QByteArrayView map = rowOf(table.usedPagesMap >> 8, table.usedPagesMap & 0xFF);
     if (map.isEmpty())
         return std::nullopt;
-    const auto pages = quint32(m_file.size() / kPage);
+    const auto pages = quint32(m_pages.pageCount());
     QList<quint32> listed;
     const auto take = [&](quint32 base, QByteArrayView bits) {
         for (qsizetype i = 0; i < bits.size() * 8; ++i) {
@@ -329,7 +360,7 @@ QString JetFileReader::usageMapDamage(const TableInfo& table) const
         return QStringLiteral("falta el mapa de páginas de la tabla");
     const auto owned = [&](quint32 p) { return ownsPage(table, p); };
     qsizetype ownedPages = 0;
-    for (quint32 p = 1; p < quint32(m_file.size() / kPage); ++p)
+    for (quint32 p = 1; p < quint32(m_pages.pageCount()); ++p)
         ownedPages += owned(p) ? 1 : 0;
     for (const quint32 p : *listed) {
         if (!owned(p))
@@ -340,7 +371,7 @@ QString JetFileReader::usageMapDamage(const TableInfo& table) const
     return {};
 }
 
-QList<std::pair<QString, quint32>> JetFileReader::userTables() const
+QList<std::pair<QString, quint32>> JetFileReader::userTables()
 {
     QList<std::pair<QString, quint32>> tables;
     const std::optional<TableInfo> catalog = table(kCatalogPage);
