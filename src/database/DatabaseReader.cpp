@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/DatabaseReader.h"
 
+#include "database/DatabaseWriter.h"
 #include "database/JetFileReader.h"
 #include "database/SourceFile.h"
 
@@ -137,6 +138,18 @@ Outcome<> DatabaseReader::read(const QByteArray& file, const QString& name)
     return readTables(name);
 }
 
+std::pair<QString, quint32>
+DatabaseReader::chooseTable(const QList<std::pair<QString, quint32>>& tables)
+{
+    for (const auto& table : tables) {
+        if (table.first.compare(DatabaseWriter::tableName(), Qt::CaseInsensitive) == 0)
+            return table;
+    }
+    return *std::min_element(tables.begin(), tables.end(), [](auto& a, auto& b) {
+        return a.first.compare(b.first, Qt::CaseInsensitive) < 0;
+    });
+}
+
 Outcome<> DatabaseReader::readTables(const QString& name)
 {
     if (m_jet->kind() == jet::JetFileReader::Kind::OlderJet)
@@ -148,30 +161,22 @@ Outcome<> DatabaseReader::readTables(const QString& name)
     QList<std::pair<QString, quint32>> tables = m_jet->userTables();
     if (tables.isEmpty())
         return fail(QStringLiteral("%1 no contiene ninguna tabla.").arg(name));
-    const auto named = [&tables](const QString& wanted) {
-        return std::find_if(tables.begin(), tables.end(), [&](const auto& t) {
-            return t.first.compare(wanted, Qt::CaseInsensitive) == 0;
-        });
-    };
-    auto chosen = named(QStringLiteral("Catalogo"));
-    if (chosen == tables.end()) {
-        chosen = std::min_element(tables.begin(), tables.end(), [](auto& a, auto& b) {
-            return a.first.compare(b.first, Qt::CaseInsensitive) < 0;
-        });
-    }
-    m_table = m_jet->table(chosen->second);
+    const std::pair<QString, quint32> chosen = chooseTable(tables);
+    m_table = m_jet->table(chosen.second);
     if (!m_table)
-        return fail(QStringLiteral("No se puede leer la tabla %1 de %2.").arg(chosen->first, name));
-    m_tableName = chosen->first;
+        return fail(QStringLiteral("No se puede leer la tabla %1 de %2.").arg(chosen.first, name));
+    m_tableName = chosen.first;
     m_recordCount = m_table->rowCount;
     m_fields = std::min<int>(kFields, int(m_table->columns.size()));
     for (int i = 0; i < m_fields; ++i)
         m_fieldNames.append(m_table->columns.at(i).name);
     findDetailFields();
-    if (const auto discs = named(core::discsTableName());
-        discs != tables.end() && discs != chosen) {
-        if (const std::optional<jet::TableInfo> table = m_jet->table(discs->second))
-            readDiscs(*table);
+    for (const auto& [tableName, page] : tables) {
+        if (tableName.compare(core::discsTableName(), Qt::CaseInsensitive) != 0 ||
+            page == chosen.second || m_hasDiscs)
+            continue;
+        if (const std::optional<jet::TableInfo> discs = m_jet->table(page))
+            readDiscs(*discs);
     }
     m_liveRecords = m_jet->liveRowCount(*m_table);
     checkWhole(m_jet->fileSize());
@@ -270,17 +275,6 @@ void DatabaseReader::forEachRecord(const std::function<bool(CatalogueRecord&&)>&
         order == Order::FileOrder   ? jet::JetFileReader::Walk::FileOrder
         : order == Order::LastFirst ? jet::JetFileReader::Walk::LastFirst
                                     : jet::JetFileReader::Walk::LastFirstFreeing);
-}
-
-QList<CatalogueRecord> DatabaseReader::records()
-{
-    QList<CatalogueRecord> rows;
-    rows.reserve(m_liveRecords);
-    forEachRecord([&rows](CatalogueRecord&& r) {
-        rows.append(std::move(r));
-        return true;
-    });
-    return rows;
 }
 
 // The table states how many records it has, and the file is made of whole pages: anything else

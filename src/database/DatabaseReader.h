@@ -44,8 +44,6 @@ public:
     // counted in skipped().
     void forEachRecord(const std::function<bool(CatalogueRecord&&)>& visit,
                        Order order = Order::FileOrder);
-    // Every record, in file order.
-    QList<CatalogueRecord> records();
     // Values left out: detail and disc values that are none of their field, discs without ORIGEN.
     qsizetype skipped() const { return m_skipped; }
 
@@ -56,6 +54,9 @@ public:
 private:
     Failure fail(const QString& message);
     Outcome<> readTables(const QString& name);
+    // "Catalogo", else the first table by name.
+    static std::pair<QString, quint32>
+    chooseTable(const QList<std::pair<QString, quint32>>& tables);
     void checkWhole(qsizetype fileSize);
     void findDetailFields();
     void readDiscs(const jet::TableInfo& table);

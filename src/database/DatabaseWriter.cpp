@@ -8,6 +8,23 @@ namespace nubo::database {
 
 using namespace jet;
 
+namespace {
+
+// Each table's usage maps: the pages it owns, and its last page as the one with room.
+QList<QByteArray> usageMaps(const QList<QList<quint32>>& tables, quint32 firstMapPage,
+                            QList<QByteArray>& mapPages)
+{
+    QList<QByteArray> rows;
+    for (const QList<quint32>& pages : tables) {
+        rows.append(usageMapRow(pages, firstMapPage, &mapPages));
+        const QList<quint32> withRoom = pages.isEmpty() ? QList<quint32>{} : QList{pages.last()};
+        rows.append(usageMapRow(withRoom, firstMapPage, &mapPages));
+    }
+    return rows;
+}
+
+} // namespace
+
 bool isValidFieldName(const QString& name)
 {
     static const QString forbidden = QStringLiteral(".!`[]");
@@ -123,19 +140,6 @@ Outcome<> DatabaseWriter::writeDiscs(QList<quint32>& pages)
         return writePage(data.bytes());
     }
     return {};
-}
-
-// Each table's usage maps: the pages it owns, and its last page as the one with room.
-static QList<QByteArray> usageMaps(const QList<QList<quint32>>& tables, quint32 firstMapPage,
-                                   QList<QByteArray>& mapPages)
-{
-    QList<QByteArray> rows;
-    for (const QList<quint32>& pages : tables) {
-        rows.append(usageMapRow(pages, firstMapPage, &mapPages));
-        const QList<quint32> withRoom = pages.isEmpty() ? QList<quint32>{} : QList{pages.last()};
-        rows.append(usageMapRow(withRoom, firstMapPage, &mapPages));
-    }
-    return rows;
 }
 
 Outcome<> DatabaseWriter::finish()

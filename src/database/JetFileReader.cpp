@@ -2,11 +2,10 @@
 #include "database/JetFileReader.h"
 
 #include "database/DatabaseReader.h"
+#include "database/JetValueText.h"
 
-#include <QDateTime>
 #include <QSet>
 
-#include <cmath>
 #include <cstring>
 
 namespace nubo::database::jet {
@@ -34,8 +33,6 @@ constexpr quint8 kReferenceMap = 1;
 constexpr qsizetype kMapPageHeader = 4;
 constexpr quint32 kMapPageBits = quint32(kPage - kMapPageHeader) * 8;
 // Column types read as text (mdbtools' HACKING, "Column Types").
-constexpr quint8 kTypeDouble = 0x07;
-constexpr quint8 kTypeDateTime = 0x08;
 constexpr quint8 kTypeText = 0x0A;
 constexpr quint8 kTypeMemo = 0x0C;
 // A memo field (same source, "LVAL"): a 12-byte header whose length word's top bits say where
@@ -46,14 +43,6 @@ constexpr quint32 kMemoInline = 0x80000000u;
 constexpr quint32 kMemoOneRow = 0x40000000u;
 constexpr quint32 kMemoLengthMask = 0x3FFFFFFFu;
 constexpr int kMaxMemoRows = 1024;
-
-// A number as digits: whole numbers (sizes) exactly, others to their precision.
-QString numberText(double value, int digits)
-{
-    if (std::trunc(value) == value && std::abs(value) < 9.0e15)
-        return QString::number(qint64(value));
-    return QString::number(value, 'g', digits);
-}
 
 quint32 u8At(QByteArrayView d, qsizetype at)
 {
@@ -73,41 +62,6 @@ quint32 u32At(QByteArrayView d, qsizetype at)
 bool inside(QByteArrayView d, qsizetype at, qsizetype size)
 {
     return at >= 0 && size >= 0 && at + size <= d.size();
-}
-
-// A fixed-size value as the spreadsheet-like text the list shows.
-QString fixedText(quint8 type, QByteArrayView v)
-{
-    switch (type) {
-    case 0x02: // byte
-        return QString::number(u8At(v, 0));
-    case 0x03: // integer
-        return QString::number(qint16(u16At(v, 0)));
-    case 0x04: // long
-        return QString::number(qint32(u32At(v, 0)));
-    case 0x06: { // single
-        const quint32 bits = u32At(v, 0);
-        float value = 0;
-        memcpy(&value, &bits, sizeof value);
-        return numberText(double(value), 7);
-    }
-    case kTypeDouble:
-    case kTypeDateTime: {
-        const quint64 bits = u32At(v, 0) | (quint64(u32At(v, 4)) << 32);
-        double value = 0;
-        memcpy(&value, &bits, sizeof value);
-        if (type == kTypeDouble)
-            return numberText(value, 17);
-        // Days since 30 December 1899, local time, as the engine stores dates.
-        if (!std::isfinite(value) || std::abs(value) > 3.0e6)
-            return {};
-        const auto minutes = qint64(std::llround(value * 24 * 60));
-        const QDateTime epoch(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC); // a naive clock
-        return epoch.addSecs(minutes * 60).toString(QStringLiteral("yyyy-MM-dd hh:mm"));
-    }
-    default:
-        return {};
-    }
 }
 
 } // namespace
@@ -220,7 +174,7 @@ QList<QString> JetFileReader::fields(const TableInfo& table, QByteArrayView row)
             values[i] = QStringLiteral("1");
         } else if (c.fixed) {
             if (inside(row, 2 + c.fixedOffset, c.size))
-                values[i] = fixedText(c.type, row.sliced(2 + c.fixedOffset, c.size));
+                values[i] = fixedValueText(c.type, row.sliced(2 + c.fixedOffset, c.size));
         } else if (c.varIndex < varCount) {
             const qsizetype entry = maskAt - 4 - 2 * qsizetype(c.varIndex);
             const qsizetype from = u16At(row, entry);
