@@ -273,7 +273,7 @@ private slots:
         longTags.details.artist = QString(254, u'b') + QStringLiteral("𝄞");
         longTags.details.genre = QString(10000, QChar(0x00D1));
         longTags.details.modified = -300000000; // 1960
-        longTags.details.title[5] = QChar(0); // a tag with a NUL in it
+        longTags.details.title[5] = QChar(0);   // a tag with a NUL in it
         QList<DiscRecord> longNotes = sampleDiscs();
         longNotes[1].notas = QString(300, u'n');
         QTest::newRow("long texts") << QList{longTags} << longNotes << qsizetype(4);
