@@ -128,8 +128,9 @@ jet::Column otherColumn(const QString& name, quint8 type)
     c.name = name;
     c.type = type;
     const bool text = type == jet::kText;
-    c.length = text ? 510 : (type == jet::kLong ? 4 : 8);
-    c.flags = jet::kUpdatableColumn | (text ? 0 : jet::kFixedColumn);
+    const bool memo = type == jet::kMemo;
+    c.length = text ? 510 : memo ? 0 : (type == jet::kLong ? 4 : 8);
+    c.flags = jet::kUpdatableColumn | (text || memo ? 0 : jet::kFixedColumn);
     c.extFlags = text ? jet::kCompressedText : 0;
     return c;
 }
@@ -324,13 +325,19 @@ private slots:
         moved << otherText(QStringLiteral("duracion")) << otherText(QStringLiteral("NOTAS"))
               << otherColumn(QStringLiteral("Tamano"), jet::kLong)
               << otherColumn(QStringLiteral(" año "), jet::kDouble)
-              << otherColumn(QStringLiteral("fecha"), jet::kDateTime);
+              << otherColumn(QStringLiteral("fecha"), jet::kDateTime)
+              << otherColumn(QStringLiteral("Título"), jet::kMemo);
+        // A Memo value held in its row: its length with the in-row bit, 8 bytes, the text.
+        const QByteArray memo = jet::encodeText(QStringLiteral("Canción larga ♪"), true);
+        QByteArray memoField = QByteArray::fromHex("00000080") + QByteArray(8, '\0') + memo;
+        memoField[0] = char(memo.size());
         QList<jet::Value> movedRow = listValues("a");
         movedRow << QStringLiteral("1:02:03") << QStringLiteral("x") << qint64(123) << 1979.0
-                 << 45000.5;
+                 << 45000.5 << memoField;
         QStringList movedDetails = none;
         movedDetails[0] = QStringLiteral("123");
         movedDetails[1] = QStringLiteral("2023-03-15 12:00");
+        movedDetails[2] = QStringLiteral("Canción larga ♪");
         movedDetails[5] = QStringLiteral("1979");
         movedDetails[8] = QStringLiteral("1:02:03");
         QTest::newRow("moved, renamed, retyped")
