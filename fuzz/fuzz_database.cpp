@@ -10,9 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QByteArray bytes =
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
     nubo::database::DatabaseReader reader;
-    if (reader.read(bytes, QStringLiteral("fuzz"))) {
-        while (reader.next()) {
-        }
-    }
+    if (reader.read(bytes, QStringLiteral("fuzz")))
+        reader.forEachRecord([](nubo::database::CatalogueRecord&&) { return true; });
     return 0;
 }

@@ -144,7 +144,7 @@ SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& option
     if (auto opened = file.open(); !opened)
         return saveFailed(outcome, SaveStage::Open, opened.reason());
     outcome.replacing = file.replacesFile();
-    if (auto begun = writer.begin(file.device(), options.header); !begun)
+    if (auto begun = writer.begin(file.device(), options.header, options.discs); !begun)
         return saveFailed(outcome, SaveStage::Open, begun.reason());
     if (auto fed = feedRows(writer, rows, hooks, outcome); !fed)
         return saveFailed(outcome, SaveStage::Rows, fed.reason());
@@ -159,6 +159,7 @@ SaveOutcome saveDatabase(const QString& path, const CatalogueSaveOptions& option
     if (auto committed = file.commit(); !committed)
         return saveFailed(outcome, SaveStage::Finish, committed.reason());
     outcome.ok = true;
+    outcome.shortened = writer.shortened();
     return outcome;
 }
 
@@ -201,23 +202,30 @@ LoadOutcome readWorkbook(const QString& path, const LoadHooks& hooks)
     return outcome;
 }
 
-// Every record is read before the first is handed over: the last record first, an order that
-// is intended and kept.
+// Records are handed over last first, an order that is intended and kept; they are read from
+// the file's end, so none waits in memory.
 LoadOutcome readDatabase(const QString& path, const LoadHooks& hooks)
 {
     DatabaseReader reader;
     if (auto opened = reader.open(path); !opened)
         return loadFailed(opened.reason());
-    QList<CatalogueRecord> records = reader.takeRecords();
     LoadOutcome outcome;
     outcome.ok = true;
     outcome.name = reader.tableName();
     if (hooks.opened)
-        hooks.opened(outcome.name, records.size());
-    for (qsizetype k = records.size() - 1; k >= 0 && goOn(hooks, outcome.added, outcome); --k) {
-        hooks.row(std::move(records[k]));
-        ++outcome.added;
-    }
+        hooks.opened(outcome.name, reader.liveRecords());
+    reader.forEachRecord(
+        [&](CatalogueRecord&& record) {
+            if (!goOn(hooks, outcome.added, outcome))
+                return false;
+            hooks.row(std::move(record));
+            ++outcome.added;
+            return true;
+        },
+        DatabaseReader::Order::LastFirstOnce);
+    if (reader.hasDiscs() && hooks.discs)
+        hooks.discs(reader.discs());
+    outcome.skipped = reader.skipped();
     if (const QString damage = reader.damage(); !damage.isEmpty())
         markDamaged(outcome, damage, reader.recordCount());
     return outcome;
@@ -317,6 +325,18 @@ QString damageText(const QString& path, const LoadOutcome& outcome)
             .arg(path, read, outcome.damage);
     return QStringLiteral("El archivo %1 está dañado: se leyeron %2 filas de %3 (%4).")
         .arg(path, read, declared, outcome.damage);
+}
+
+QString shortenedText(const SaveOutcome& outcome)
+{
+    if (outcome.shortened <= 0)
+        return {};
+    if (outcome.shortened == 1)
+        return QStringLiteral("Se acortó 1 texto de etiqueta o de disco a %1 caracteres.")
+            .arg(DatabaseWriter::kMaxText);
+    return QStringLiteral("Se acortaron %1 textos de etiquetas o de discos a %2 caracteres.")
+        .arg(QLocale(QLocale::Spanish, QLocale::Spain).toString(qint64(outcome.shortened)))
+        .arg(DatabaseWriter::kMaxText);
 }
 
 } // namespace nubo::database

@@ -62,9 +62,10 @@ struct [[nodiscard]] SaveOutcome
 {
     bool ok = false;
     bool stopped = false;
-    bool discarded = false; // stopped and abandoned: nothing written
-    bool replacing = false; // the target existed: a stop abandons the save and keeps that file
-    qsizetype written = 0;  // list rows written (an empty record at a stop not counted)
+    bool discarded = false;  // stopped and abandoned: nothing written
+    bool replacing = false;  // the target existed: a stop abandons the save and keeps that file
+    qsizetype written = 0;   // list rows written (an empty record at a stop not counted)
+    qsizetype shortened = 0; // detail and disc texts cut to what the format's field holds
     SaveStage failedAt = SaveStage::Open;
     QString reason; // the writer's or the file's own, when not ok
 };
@@ -140,6 +141,8 @@ struct LoadedCatalogue
 // The damage of a load in one Spanish sentence with its counts ("El archivo X está dañado:
 // se leyeron 35.159 filas de 60.000 (…)."), for the window and the command line.
 QString damageText(const QString& path, const LoadOutcome& outcome);
+// The texts a save cut short, in one Spanish sentence; empty when none were.
+QString shortenedText(const SaveOutcome& outcome);
 
 // The values a load skipped in one Spanish sentence with their count and columns, or an empty
 // text when none was.

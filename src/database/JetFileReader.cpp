@@ -2,6 +2,7 @@
 #include "database/JetFileReader.h"
 
 #include "database/DatabaseReader.h"
+#include "database/JetValueText.h"
 
 #include <QSet>
 
@@ -31,6 +32,17 @@ constexpr quint8 kInlineMap = 0;
 constexpr quint8 kReferenceMap = 1;
 constexpr qsizetype kMapPageHeader = 4;
 constexpr quint32 kMapPageBits = quint32(kPage - kMapPageHeader) * 8;
+// Column types read as text (mdbtools' HACKING, "Column Types").
+constexpr quint8 kTypeText = 0x0A;
+constexpr quint8 kTypeMemo = 0x0C;
+// A memo field (same source, "LVAL"): a 12-byte header whose length word's top bits say where
+// the text is: right after the header, in one row elsewhere, or in a chain of rows each
+// starting with the address of the next.
+constexpr qsizetype kMemoHeader = 12;
+constexpr quint32 kMemoInline = 0x80000000u;
+constexpr quint32 kMemoOneRow = 0x40000000u;
+constexpr quint32 kMemoLengthMask = 0x3FFFFFFFu;
+constexpr int kMaxMemoRows = 1024;
 
 quint32 u8At(QByteArrayView d, qsizetype at)
 {
@@ -52,50 +64,25 @@ bool inside(QByteArrayView d, qsizetype at, qsizetype size)
     return at >= 0 && size >= 0 && at + size <= d.size();
 }
 
-// A fixed-size value as the spreadsheet-like text the list shows.
-QString fixedText(quint8 type, QByteArrayView v)
-{
-    switch (type) {
-    case 0x02: // byte
-        return QString::number(u8At(v, 0));
-    case 0x03: // integer
-        return QString::number(qint16(u16At(v, 0)));
-    case 0x04: // long
-        return QString::number(qint32(u32At(v, 0)));
-    case 0x06: { // single
-        const quint32 bits = u32At(v, 0);
-        float value = 0;
-        memcpy(&value, &bits, sizeof value);
-        return QString::number(value);
-    }
-    case 0x07: { // double
-        const quint64 bits = u32At(v, 0) | (quint64(u32At(v, 4)) << 32);
-        double value = 0;
-        memcpy(&value, &bits, sizeof value);
-        return QString::number(value);
-    }
-    default:
-        return {};
-    }
-}
-
 } // namespace
 
-JetFileReader::JetFileReader(QByteArray file) : m_file(std::move(file))
+JetFileReader::JetFileReader(QByteArray file) : JetFileReader(QList<QByteArray>{std::move(file)}) {}
+
+JetFileReader::JetFileReader(QList<QByteArray> blocks) : m_pages(std::move(blocks))
 {
-    if (!looksLikeJetDatabase(m_file.left(kPage * 2)))
+    const QByteArrayView head = m_pages.head();
+    if (!looksLikeJetDatabase(
+            head.first(std::min<qsizetype>(kPage * 2, head.size())).toByteArray()))
         m_kind = Kind::NotJet;
-    else if (u8At(m_file, 0x14) == 0 || m_file.size() < kPage * 3)
-        m_kind = u8At(m_file, 0x14) == 0 ? Kind::OlderJet : Kind::NotJet;
+    else if (u8At(head, 0x14) == 0 || m_pages.size() < kPage * 3)
+        m_kind = u8At(head, 0x14) == 0 ? Kind::OlderJet : Kind::NotJet;
     else
         m_kind = Kind::Jet4;
 }
 
 QByteArrayView JetFileReader::page(quint32 number) const
 {
-    if (m_kind != Kind::Jet4 || qint64(number) >= m_file.size() / kPage)
-        return {};
-    return QByteArrayView(m_file).sliced(qsizetype(number) * kPage, kPage);
+    return m_kind == Kind::Jet4 ? m_pages.page(number) : QByteArrayView();
 }
 
 QByteArray JetFileReader::definition(quint32 firstPage) const
@@ -187,33 +174,110 @@ QList<QString> JetFileReader::fields(const TableInfo& table, QByteArrayView row)
             values[i] = QStringLiteral("1");
         } else if (c.fixed) {
             if (inside(row, 2 + c.fixedOffset, c.size))
-                values[i] = fixedText(c.type, row.sliced(2 + c.fixedOffset, c.size));
+                values[i] = fixedValueText(c.type, row.sliced(2 + c.fixedOffset, c.size));
         } else if (c.varIndex < varCount) {
             const qsizetype entry = maskAt - 4 - 2 * qsizetype(c.varIndex);
             const qsizetype from = u16At(row, entry);
             const qsizetype to = u16At(row, entry - 2);
-            if (c.type == 0x0A && entry - 2 >= 0 && from <= to && inside(row, from, to - from))
+            if (entry - 2 < 0 || from > to || !inside(row, from, to - from))
+                continue;
+            if (c.type == kTypeText)
                 values[i] = decodeJetText(row.constData() + from, to - from);
+            else if (c.type == kTypeMemo)
+                values[i] = memoText(row.sliced(from, to - from));
         }
     }
     return values;
 }
 
-void JetFileReader::forEachRow(const TableInfo& table,
-                               const std::function<bool(const QList<QString>&)>& visit) const
+QString JetFileReader::memoText(QByteArrayView field) const
 {
-    const auto pages = quint32(m_file.size() / kPage);
-    for (quint32 p = 1; p < pages; ++p) {
-        const QByteArrayView d = page(p);
-        if (u8At(d, 0) != kDataPage || u32At(d, 4) != table.definitionPage)
+    const quint32 word = u32At(field, 0);
+    const qsizetype length = word & kMemoLengthMask;
+    if (field.size() < kMemoHeader)
+        return {};
+    if ((word & kMemoInline) != 0) {
+        const QByteArrayView text = field.sliced(kMemoHeader);
+        return decodeJetText(text.constData(), std::min(length, text.size()));
+    }
+    QByteArray bytes;
+    quint32 next = u32At(field, 4);
+    const bool oneRow = (word & kMemoOneRow) != 0;
+    for (int hop = 0; next != 0 && hop < kMaxMemoRows && bytes.size() < length; ++hop) {
+        const QByteArrayView row = rowOf(next >> 8, next & 0xFF);
+        if (oneRow || row.size() < 4) {
+            bytes += row;
+            break;
+        }
+        bytes += row.sliced(4);
+        next = u32At(row, 0);
+    }
+    return decodeJetText(bytes.constData(), std::min(length, bytes.size()));
+}
+
+bool JetFileReader::ownsPage(const TableInfo& table, quint32 number) const
+{
+    const QByteArrayView d = page(number);
+    return u8At(d, 0) == kDataPage && u32At(d, 4) == table.definitionPage;
+}
+
+// The blocks holding nothing but the table's data pages, none of them the target of a row
+// stored elsewhere (which is read from the page that points to it).
+QList<bool> JetFileReader::freeableBlocks(const TableInfo& table) const
+{
+    QList<bool> freeable(m_pages.blockCount(), true);
+    for (quint32 p = 0; p < m_pages.pageCount(); ++p) {
+        if (!ownsPage(table, p)) {
+            freeable[m_pages.blockOf(p)] = false;
             continue;
-        const quint32 rows = u16At(d, 12);
-        for (quint32 r = 0; r < rows; ++r) {
-            const QByteArrayView row = rowOf(p, r);
-            if (!row.isEmpty() && !visit(fields(table, row)))
-                return;
+        }
+        const QByteArrayView d = page(p);
+        for (quint32 r = 0, rows = u16At(d, 12); r < rows; ++r) {
+            const quint32 entry = u16At(d, 14 + 2 * r);
+            const qsizetype start = entry & kOffsetMask;
+            if ((entry & kLookupRow) != 0 && inside(d, start, 4)) {
+                const qsizetype target = m_pages.blockOf(u32At(d, start) >> 8);
+                if (target < freeable.size())
+                    freeable[target] = false;
+            }
         }
     }
+    return freeable;
+}
+
+void JetFileReader::forEachRow(const TableInfo& table,
+                               const std::function<bool(const QList<QString>&)>& visit, Walk walk)
+{
+    const bool lastFirst = walk != Walk::FileOrder;
+    const QList<bool> freeable =
+        walk == Walk::LastFirstFreeing ? freeableBlocks(table) : QList<bool>();
+    const auto pages = qint64(m_pages.pageCount());
+    const int step = lastFirst ? -1 : 1;
+    for (qint64 p = lastFirst ? pages - 1 : 1; p >= 1 && p < pages; p += step) {
+        const qsizetype block = m_pages.blockOf(quint32(p));
+        if (ownsPage(table, quint32(p))) {
+            const qint64 rows = u16At(page(quint32(p)), 12);
+            for (qint64 r = lastFirst ? rows - 1 : 0; r >= 0 && r < rows; r += step) {
+                const QByteArrayView row = rowOf(quint32(p), quint32(r));
+                if (!row.isEmpty() && !visit(fields(table, row)))
+                    return;
+            }
+        }
+        if (quint32(p) == m_pages.firstPageOf(block) && freeable.value(block))
+            m_pages.freeBlock(block);
+    }
+}
+
+qsizetype JetFileReader::liveRowCount(const TableInfo& table) const
+{
+    qsizetype count = 0;
+    for (quint32 p = 1; p < quint32(m_pages.pageCount()); ++p) {
+        if (!ownsPage(table, p))
+            continue;
+        for (quint32 r = 0, rows = u16At(page(p), 12); r < rows; ++r)
+            count += rowOf(p, r).isEmpty() ? 0 : 1;
+    }
+    return count;
 }
 
 std::optional<QList<quint32>> JetFileReader::mappedPages(const TableInfo& table) const
@@ -221,7 +285,7 @@ std::optional<QList<quint32>> JetFileReader::mappedPages(const TableInfo& table)
     const QByteArrayView map = rowOf(table.usedPagesMap >> 8, table.usedPagesMap & 0xFF);
     if (map.isEmpty())
         return std::nullopt;
-    const auto pages = quint32(m_file.size() / kPage);
+    const auto pages = quint32(m_pages.pageCount());
     QList<quint32> listed;
     const auto take = [&](quint32 base, QByteArrayView bits) {
         for (qsizetype i = 0; i < bits.size() * 8; ++i) {
@@ -248,12 +312,9 @@ QString JetFileReader::usageMapDamage(const TableInfo& table) const
     const std::optional<QList<quint32>> listed = mappedPages(table);
     if (!listed)
         return QStringLiteral("falta el mapa de páginas de la tabla");
-    const auto owned = [&](quint32 p) {
-        const QByteArrayView d = page(p);
-        return u8At(d, 0) == kDataPage && u32At(d, 4) == table.definitionPage;
-    };
+    const auto owned = [&](quint32 p) { return ownsPage(table, p); };
     qsizetype ownedPages = 0;
-    for (quint32 p = 1; p < quint32(m_file.size() / kPage); ++p)
+    for (quint32 p = 1; p < quint32(m_pages.pageCount()); ++p)
         ownedPages += owned(p) ? 1 : 0;
     for (const quint32 p : *listed) {
         if (!owned(p))
@@ -264,7 +325,7 @@ QString JetFileReader::usageMapDamage(const TableInfo& table) const
     return {};
 }
 
-QList<std::pair<QString, quint32>> JetFileReader::userTables() const
+QList<std::pair<QString, quint32>> JetFileReader::userTables()
 {
     QList<std::pair<QString, quint32>> tables;
     const std::optional<TableInfo> catalog = table(kCatalogPage);

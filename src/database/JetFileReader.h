@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "database/JetPageStore.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QList>
@@ -39,15 +41,24 @@ public:
     enum class Kind { Jet4, OlderJet, NotJet };
 
     explicit JetFileReader(QByteArray file);
+    // A file read in blocks (JetPageStore).
+    explicit JetFileReader(QList<QByteArray> blocks);
     Kind kind() const { return m_kind; }
+    qsizetype fileSize() const { return m_pages.size(); }
 
     std::optional<TableInfo> table(quint32 definitionPage) const;
     // The user tables (name and definition page) the catalogue lists.
-    QList<std::pair<QString, quint32>> userTables() const;
-    // Calls visit with the fields of each live row, data pages in file order; visit returns
-    // false to stop.
-    void forEachRow(const TableInfo& table,
-                    const std::function<bool(const QList<QString>&)>& visit) const;
+    QList<std::pair<QString, quint32>> userTables();
+    // Calls visit with the fields of each live row, data pages in file order (or the reverse,
+    // last row first); visit returns false to stop. Fields are texts: numbers as digits, dates
+    // as "yyyy-MM-dd hh:mm", long texts (memos) whole.
+    enum class Walk { FileOrder, LastFirst, LastFirstFreeing };
+    // With LastFirstFreeing, each block of pages that holds only the table's rows is freed once
+    // its rows are visited: later walks find none of them.
+    void forEachRow(const TableInfo& table, const std::function<bool(const QList<QString>&)>& visit,
+                    Walk walk = Walk::FileOrder);
+    // The live rows forEachRow would visit.
+    qsizetype liveRowCount(const TableInfo& table) const;
 
     // Empty when the table's usage map and its data pages agree; otherwise what differs: a page
     // the map lists that is not one of the table's data pages, or the other way round.
@@ -59,8 +70,12 @@ private:
     QByteArray definition(quint32 firstPage) const;
     QByteArrayView rowOf(quint32 pageNumber, quint32 row, int hops = 0) const;
     QList<QString> fields(const TableInfo& table, QByteArrayView row) const;
+    QString memoText(QByteArrayView field) const;
+    bool ownsPage(const TableInfo& table, quint32 number) const;
 
-    QByteArray m_file;
+    QList<bool> freeableBlocks(const TableInfo& table) const;
+
+    JetPageStore m_pages;
     Kind m_kind = Kind::NotJet;
 };
 

@@ -8,6 +8,8 @@
 namespace nubo::database::jet {
 namespace {
 
+constexpr qsizetype kTypicalRowSize = 512; // room enough for most rows: one allocation
+
 void putFixed(QByteArray& row, int at, const Column& column, const Value& value)
 {
     if (std::holds_alternative<qint64>(value)) {
@@ -37,17 +39,21 @@ QByteArray encodeText(const QString& text, bool compressed)
     bool compressible = compressed;
     for (const QChar c : text)
         compressible = compressible && c.unicode() >= 1 && c.unicode() <= 0xFF;
-    QByteArray bytes;
     if (compressible) {
-        bytes.reserve(2 + text.size());
-        bytes.append('\xFF');
-        bytes.append('\xFE');
+        QByteArray bytes(2 + text.size(), Qt::Uninitialized);
+        char* out = bytes.data();
+        *out++ = '\xFF';
+        *out++ = '\xFE';
         for (const QChar c : text)
-            bytes.append(char(c.unicode()));
+            *out++ = char(c.unicode());
         return bytes;
     }
-    bytes.reserve(2 * text.size());
-    ByteSink(bytes).utf16(text);
+    QByteArray bytes(2 * text.size(), Qt::Uninitialized);
+    char* out = bytes.data();
+    for (const QChar c : text) {
+        *out++ = char(c.unicode() & 0xFF);
+        *out++ = char(c.unicode() >> 8);
+    }
     return bytes;
 }
 
@@ -55,6 +61,7 @@ QByteArray encodeRow(const RowLayout& layout, const QList<Value>& values)
 {
     const int count = layout.columnCount;
     QByteArray row;
+    row.reserve(kTypicalRowSize);
     ByteSink sink(row);
     sink.u16(quint32(count));
     const int fixedStart = int(row.size());

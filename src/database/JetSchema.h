@@ -15,6 +15,7 @@ enum ColumnType : quint8 {
     kByte = 2,
     kInteger = 3,
     kLong = 4,
+    kDouble = 7,
     kDateTime = 8,
     kBinary = 9,
     kText = 10,

@@ -219,7 +219,8 @@ Table relationshipsTable()
     return t;
 }
 
-SystemCatalog::SystemCatalog(const QString& userTable, double created) : m_created(created)
+SystemCatalog::SystemCatalog(const QList<UserTable>& userTables, double created)
+    : m_created(created)
 {
     const qint32 sys = kSystemObjectFlags;
     m_objects = {
@@ -235,8 +236,10 @@ SystemCatalog::SystemCatalog(const QString& userTable, double created) : m_creat
          sys},
         {qint32(page::kRelationships), kTablesContainer, QStringLiteral("MSysRelationships"), 1,
          kEngineSid, sys},
-        {qint32(page::kUserTable), kTablesContainer, userTable, kTableObject, kCreatorSid, 0},
     };
+    for (const UserTable& table : userTables)
+        m_objects.append({qint32(table.definitionPage), kTablesContainer, table.name, kTableObject,
+                          kCreatorSid, 0});
     const qint32 objects = qint32(page::kObjects), aces = qint32(page::kAces);
     const qint32 queries = qint32(page::kQueries), relationships = qint32(page::kRelationships);
     m_aces = {
@@ -260,10 +263,12 @@ SystemCatalog::SystemCatalog(const QString& userTable, double created) : m_creat
     // A new table inherits the tables container's inheritable entries; the creator-owner
     // entry becomes the creator's own.
     const QList<Ace> existing = m_aces;
-    for (const Ace& ace : existing) {
-        if (ace.objectId == kTablesContainer && ace.inheritable) {
-            const QByteArray sid = ace.sid == kCreatorOwnerSid ? kCreatorSid : ace.sid;
-            m_aces.append({qint32(page::kUserTable), sid, ace.accessMask, false});
+    for (const UserTable& table : userTables) {
+        for (const Ace& ace : existing) {
+            if (ace.objectId == kTablesContainer && ace.inheritable) {
+                const QByteArray sid = ace.sid == kCreatorOwnerSid ? kCreatorSid : ace.sid;
+                m_aces.append({qint32(table.definitionPage), sid, ace.accessMask, false});
+            }
         }
     }
 }
@@ -307,8 +312,7 @@ QByteArray SystemCatalog::acesDataPage(QList<QByteArray>& byObject) const
     return data.bytes();
 }
 
-QByteArray SystemCatalog::usageMapPage(const QByteArray& userMapUsed,
-                                       const QByteArray& userMapFree) const
+QByteArray SystemCatalog::usageMapPage(const QList<QByteArray>& userMaps) const
 {
     // Rows not set here map no page: empty tables and long-value columns.
     QList<QList<quint32>> maps(maprow::kUserTableUsed);
@@ -323,13 +327,12 @@ QByteArray SystemCatalog::usageMapPage(const QByteArray& userMapUsed,
     DataPage data(0);
     for (const QList<quint32>& pages : std::as_const(maps))
         data.add(inlineMap(pages));
-    data.add(userMapUsed);
-    data.add(userMapFree);
+    for (const QByteArray& map : userMaps)
+        data.add(map);
     return data.bytes();
 }
 
-QList<QByteArray> SystemCatalog::pages(const QByteArray& userMapUsed,
-                                       const QByteArray& userMapFree) const
+QList<QByteArray> SystemCatalog::pages(const QList<QByteArray>& userMaps) const
 {
     QList<QByteArray> byName;
     QList<QByteArray> byId;
@@ -346,7 +349,7 @@ QList<QByteArray> SystemCatalog::pages(const QByteArray& userMapUsed,
     result.append(tableDefinitionPage(aces));
     result.append(tableDefinitionPage(queriesTable()));
     result.append(tableDefinitionPage(relationshipsTable()));
-    result.append(usageMapPage(userMapUsed, userMapFree));
+    result.append(usageMapPage(userMaps));
     result.append(indexLeafPage(page::kObjects, byName));
     result.append(indexLeafPage(page::kObjects, byId));
     result.append(indexLeafPage(page::kAces, byObject));

@@ -6,7 +6,7 @@
 
 namespace nubo::database::jet {
 
-// Pages of a new database, as the engine lays them out, then the catalogue's own table.
+// Pages of a new database, as the engine lays them out, then the catalogue's own two tables.
 namespace page {
 inline constexpr quint32 kHeader = 0;
 inline constexpr quint32 kAllocation = 1;
@@ -23,7 +23,8 @@ inline constexpr quint32 kRelationshipsIndexes = 11; // three leaves: 11 to 13
 inline constexpr quint32 kObjectsData = 14;
 inline constexpr quint32 kAcesData = 15;
 inline constexpr quint32 kUserTable = 16;
-inline constexpr quint32 kFirstUserData = 17;
+inline constexpr quint32 kDiscsTable = 17;
+inline constexpr quint32 kFirstUserData = 18;
 } // namespace page
 
 // The rows of the usage-map page (page::kUsageMaps), each one usage map (layout: mdbtools'
@@ -55,18 +56,28 @@ inline constexpr quint8 kRelationshipsFree = 27;
 inline constexpr quint8 kRelationshipsIndexes = 28; // szRelationship, szObject, szReferencedObject
 inline constexpr quint8 kUserTableUsed = 31;        // the catalogue's table
 inline constexpr quint8 kUserTableFree = 32;
+inline constexpr quint8 kDiscsTableUsed = 33; // the table of discs
+inline constexpr quint8 kDiscsTableFree = 34;
 } // namespace maprow
 
-// The four system tables of a new database and what they hold, with one user table added.
+// A user table as the catalogue lists it: its name and its definition page (also its id).
+struct UserTable
+{
+    QString name;
+    quint32 definitionPage = 0;
+};
+
+// The four system tables of a new database and what they hold, with the user tables added.
 class SystemCatalog final
 {
 public:
-    SystemCatalog(const QString& userTable, double created);
+    SystemCatalog(const QList<UserTable>& userTables, double created);
 
     // Pages kObjects to kAcesData, in order: the system tables' definitions, the usage maps,
-    // their index leaves and their data. The header, the allocation map and the user table's
-    // pages are the writer's.
-    QList<QByteArray> pages(const QByteArray& userMapUsed, const QByteArray& userMapFree) const;
+    // their index leaves and their data. The header, the allocation map and the user tables'
+    // pages are the writer's. userMaps holds each user table's used and free map rows, in the
+    // order of the tables, to go at maprow::kUserTableUsed on.
+    QList<QByteArray> pages(const QList<QByteArray>& userMaps) const;
 
 private:
     struct Object
@@ -88,7 +99,7 @@ private:
 
     QByteArray objectsDataPage(QList<QByteArray>& byName, QList<QByteArray>& byId) const;
     QByteArray acesDataPage(QList<QByteArray>& byObject) const;
-    QByteArray usageMapPage(const QByteArray& userMapUsed, const QByteArray& userMapFree) const;
+    QByteArray usageMapPage(const QList<QByteArray>& userMaps) const;
 
     QList<Object> m_objects;
     QList<Ace> m_aces;

@@ -39,6 +39,14 @@ QString megabytes(qint64 bytes)
 
 Outcome<QByteArray> readSourceFile(const QString& path, qint64 limit)
 {
+    Outcome<QList<QByteArray>> blocks = readSourceBlocks(path, 0, limit);
+    if (!blocks)
+        return Failure{blocks.reason()};
+    return blocks->isEmpty() ? QByteArray() : std::move(blocks->first());
+}
+
+Outcome<QList<QByteArray>> readSourceBlocks(const QString& path, qsizetype blockSize, qint64 limit)
+{
     const Descriptor file{
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
     if (file.fd < 0) {
@@ -60,21 +68,31 @@ Outcome<QByteArray> readSourceFile(const QString& path, qint64 limit)
         return refused(QStringLiteral("%1 ocupa %2 MB, más de lo que puede ocupar un catálogo "
                                       "(%3 MB): no se lee.")
                            .arg(path, megabytes(st.st_size), megabytes(limit)));
-    QByteArray bytes(qsizetype(st.st_size), Qt::Uninitialized);
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::read(file.fd, bytes.data() + done, size_t(bytes.size() - done));
-        if (n < 0 && (errno == EINTR || errno == EAGAIN))
-            continue;
-        if (n < 0)
-            return refused(QStringLiteral("No se puede leer el archivo %1: %2")
-                               .arg(path, fileErrorCause(errno)));
-        if (n == 0)
-            break; // the file shrank while it was read: what is there is all there is
-        done += n;
+    const auto size = qsizetype(st.st_size);
+    const qsizetype block = blockSize > 0 ? blockSize : std::max<qsizetype>(size, 1);
+    QList<QByteArray> blocks;
+    for (qsizetype at = 0; at < size; at += block) {
+        QByteArray bytes(std::min(block, size - at), Qt::Uninitialized);
+        qsizetype done = 0;
+        while (done < bytes.size()) {
+            const ssize_t n = ::read(file.fd, bytes.data() + done, size_t(bytes.size() - done));
+            if (n < 0 && (errno == EINTR || errno == EAGAIN))
+                continue;
+            if (n < 0)
+                return refused(QStringLiteral("No se puede leer el archivo %1: %2")
+                                   .arg(path, fileErrorCause(errno)));
+            if (n == 0)
+                break; // the file shrank while it was read: what is there is all there is
+            done += n;
+        }
+        bytes.truncate(done);
+        blocks.append(std::move(bytes));
+        if (done < block)
+            break;
     }
-    bytes.truncate(done);
-    return bytes;
+    if (blocks.isEmpty())
+        blocks.append(QByteArray());
+    return blocks;
 }
 
 } // namespace nubo::database

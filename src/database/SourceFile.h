@@ -4,6 +4,7 @@
 #include "platform/Outcome.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 namespace nubo::database {
@@ -18,5 +19,9 @@ inline constexpr qint64 kMaxCatalogueFileSize = qint64(2) << 30;
 // names the file, in Spanish.
 [[nodiscard]] Outcome<QByteArray> readSourceFile(const QString& path,
                                                  qint64 limit = kMaxCatalogueFileSize);
+// The same in blocks of blockSize bytes (the last one shorter), so that a reader can free each
+// part once it is done with it.
+[[nodiscard]] Outcome<QList<QByteArray>> readSourceBlocks(const QString& path, qsizetype blockSize,
+                                                          qint64 limit = kMaxCatalogueFileSize);
 
 } // namespace nubo::database

@@ -377,6 +377,34 @@ private slots:
                      " tiene 2 valores que no se pudieron leer y se dejaron vacíos (columnas "
                      "AÑO, FECHA).");
     }
+
+    // A tag longer than a database field is cut and said, never a failed save; the discs and
+    // every detail go out with the rows and come back with them.
+    void longTagsAreCutAndSaid()
+    {
+        Flow f;
+        f.fill(2);
+        catalogue::CatalogueRow tagged{"largo", "/d/", "g", "MP3", "C:"};
+        tagged.details.title = QString(10000, QLatin1Char('t'));
+        tagged.details.size = qint64(5) << 30;
+        f.catalogue.list().insertAtTop(tagged);
+        core::DiscRecord disc;
+        disc.origen = QStringLiteral("g");
+        disc.ubicacion = QStringLiteral("Estante 3, caja azul");
+        f.catalogue.discs().merge({disc});
+        const QString path = f.path(QStringLiteral("etiquetas.mdb"));
+        QCOMPARE(f.flow.SaveByExtension(path), database::TransferOutcome::Done);
+        QCOMPARE(f.status(), QStringLiteral("Agregados 3 archivos a la base de datos. Se acortó 1 "
+                                            "texto de etiqueta o de disco a 255 caracteres."));
+        f.catalogue.list().clear();
+        f.catalogue.discs().clear();
+        f.flow.openFile(path);
+        QCOMPARE(f.names(), (QStringList{"r1", "r0", "largo"}));
+        QCOMPARE(f.catalogue.list().row(2).details.title, QString(255, QLatin1Char('t')));
+        QCOMPARE(f.catalogue.list().row(2).details.size, qint64(5) << 30);
+        QCOMPARE(f.catalogue.discs().records(), QList{disc});
+        QCOMPARE(f.status(), "Se han agregado 3 archivos desde " + path);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCatalogueFileFlow)

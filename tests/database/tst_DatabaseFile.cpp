@@ -3,7 +3,10 @@
 
 #include "database/CatalogueFiles.h"
 #include "database/DatabaseReader.h"
+#include "database/JetPages.h"
+#include "database/JetSystemTables.h"
 
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -12,21 +15,201 @@
 using namespace nubo::database;
 using namespace nubo::database::test;
 using nubo::Outcome;
+using nubo::core::DetailField;
+using nubo::core::DiscRecord;
+namespace jet = nubo::database::jet;
 
 namespace {
 
-// mdb-export's CSV of rows that mdbtools can show (it drops characters beyond the BMP).
+constexpr qint64 kFiveGiB = qint64(5) << 30;
+
+// Sample rows with every detail known but on every fifth row, and sizes past 4 GiB.
+QList<CatalogueRecord> databaseRows(int count)
+{
+    static const QStringList artists = {QStringLiteral("Mercedes Quiroga"),
+                                        QStringLiteral("Los Ñandúes"), QStringLiteral("夜")};
+    QList<CatalogueRecord> rows = sampleRows(count);
+    for (int i = 0; i < count; ++i) {
+        CatalogueRecord& r = rows[i];
+        r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
+        if (i % 5 == 4)
+            continue;
+        r.details = {i % 3 == 0 ? kFiveGiB + i : qint64(i) * 7919,
+                     1600000020 + qint64(i) * 3300, // whole minutes, as FECHA keeps them
+                     QStringLiteral("Título %1").arg(i),
+                     artists.at(i % artists.size()),
+                     QStringLiteral("Álbum, \"%1\"").arg(i % 11),
+                     QStringLiteral("Zamba"),
+                     quint16(1950 + i % 70),
+                     quint16(i % 20 + 1),
+                     qint32(i * 37 % 5000)};
+    }
+    return rows;
+}
+
+QList<DiscRecord> databaseDiscs()
+{
+    DiscRecord one{QStringLiteral("=grupo"),
+                   QStringLiteral("DISCO_1"),
+                   QStringLiteral("1A2B-3C4D"),
+                   QStringLiteral("iso9660"),
+                   qint64(700) << 20,
+                   0,
+                   1699999980,
+                   QStringLiteral("/Música/"),
+                   QStringLiteral("*.*"),
+                   QStringLiteral("Estante 3, caja azul"),
+                   QStringLiteral("prestado a Luis")};
+    DiscRecord two;
+    two.origen = QStringLiteral("Copias");
+    two.capacidad = qint64(8) << 40;
+    two.libre = kFiveGiB;
+    return {one, two};
+}
+
+QString quoted(const QString& text)
+{
+    return text.isEmpty()
+               ? text
+               : QLatin1Char('"') +
+                     QString(text).replace(QStringLiteral("\""), QStringLiteral("\"\"")) + u'"';
+}
+
+// mdb-export's CSV of the rows (sizes and numbers bare, texts quoted, unknowns empty).
 QByteArray exportedCsv(const QList<CatalogueRecord>& rows)
 {
-    QByteArray csv = "NOMBRE,DIRECCION,ORIGEN,FORMATO\n";
+    const CatalogueHeader header = defaultCatalogueHeader();
+    QByteArray csv = (QStringList(header.begin(), header.end()) + nubo::core::detailCaptions())
+                         .join(u',')
+                         .toUtf8() +
+                     '\n';
     for (const CatalogueRecord& r : rows) {
         QStringList fields;
         for (int i = 0; i < 4; ++i)
-            fields << (r.field(i).isEmpty() ? QString()
-                                            : QLatin1Char('"') + r.field(i) + QLatin1Char('"'));
+            fields << quoted(r.field(i));
+        for (int f = 0; f < nubo::core::kDetailFieldCount; ++f) {
+            const auto field = DetailField(f);
+            const bool number = field == DetailField::Tamano || field == DetailField::Ano ||
+                                field == DetailField::Pista;
+            fields << (number ? r.details.text(field) : quoted(r.details.text(field)));
+        }
         csv += fields.join(QLatin1Char(',')).toUtf8() + '\n';
     }
     return csv;
+}
+
+QByteArray exportedDiscsCsv(const QList<DiscRecord>& discs)
+{
+    using nubo::core::DiscField;
+    QByteArray csv = nubo::core::discCaptions().join(u',').toUtf8() + '\n';
+    for (const DiscRecord& d : discs) {
+        QStringList fields;
+        for (int f = 0; f < nubo::core::kDiscFieldCount; ++f) {
+            const auto field = DiscField(f);
+            const bool number = field == DiscField::Capacidad || field == DiscField::Libre;
+            fields << (number ? d.text(field) : quoted(d.text(field)));
+        }
+        csv += fields.join(QLatin1Char(',')).toUtf8() + '\n';
+    }
+    return csv;
+}
+
+// A table as another program (or an earlier version) may have written it.
+struct OtherTable
+{
+    QString name;
+    QList<jet::Column> columns;
+    QList<QList<jet::Value>> rows; // each fits one page with the others
+};
+
+jet::Column otherColumn(const QString& name, quint8 type)
+{
+    jet::Column c;
+    c.name = name;
+    c.type = type;
+    const bool text = type == jet::kText;
+    const bool memo = type == jet::kMemo;
+    c.length = text ? 510 : memo ? 0 : (type == jet::kLong ? 4 : 8);
+    c.flags = jet::kUpdatableColumn | (text || memo ? 0 : jet::kFixedColumn);
+    c.extFlags = text ? jet::kCompressedText : 0;
+    return c;
+}
+
+jet::Column otherText(const QString& name)
+{
+    return otherColumn(name, jet::kText);
+}
+
+// A database holding the tables, each with one data page.
+QByteArray otherDatabase(QList<OtherTable> tables)
+{
+    const auto count = quint32(tables.size());
+    QList<jet::UserTable> listed;
+    QList<QByteArray> maps;
+    QList<QByteArray> definitions;
+    QList<QByteArray> data;
+    QList<QByteArray> mapPages;
+    for (quint32 t = 0; t < count; ++t) {
+        jet::Table table;
+        table.name = tables[t].name;
+        table.columns = tables[t].columns;
+        for (int c = 0; c < table.columns.size(); ++c)
+            table.columns[c].number = quint16(c);
+        table.rowCount = quint32(tables[t].rows.size());
+        table.usedPages = {jet::page::kUsageMaps, quint8(jet::maprow::kUserTableUsed + 2 * t)};
+        table.freePages = {jet::page::kUsageMaps, quint8(jet::maprow::kUserTableUsed + 2 * t + 1)};
+        const quint32 definition = jet::page::kUserTable + t;
+        const quint32 dataPage = jet::page::kUserTable + count + t;
+        listed.append({table.name, definition});
+        maps << jet::usageMapRow({dataPage}, 0, &mapPages)
+             << jet::usageMapRow({dataPage}, 0, &mapPages);
+        definitions.append(jet::tableDefinitionPage(table));
+        jet::DataPage rows(definition);
+        const jet::RowLayout layout = jet::layoutOf(table);
+        for (const QList<jet::Value>& row : std::as_const(tables[t].rows))
+            rows.add(jet::encodeRow(layout, row));
+        data.append(rows.bytes());
+    }
+    QList<QByteArray> pages = {jet::headerPage(40000),
+                               jet::allocationPage(jet::page::kUserTable + 2 * count)};
+    pages += jet::SystemCatalog(listed, 40000).pages(maps);
+    return (pages + definitions + data).join();
+}
+
+QList<jet::Column> listTexts()
+{
+    QList<jet::Column> columns;
+    for (const QString& name : defaultCatalogueHeader())
+        columns.append(otherText(name));
+    return columns;
+}
+
+QList<jet::Value> listValues(const QString& name)
+{
+    return {name, QStringLiteral("/Música/"), QStringLiteral("Disco 1"), QStringLiteral("MP3")};
+}
+
+struct Read
+{
+    LoadOutcome outcome;
+    QList<CatalogueRecord> rows;
+    std::optional<QList<DiscRecord>> discs;
+};
+
+Read readBack(const QString& path)
+{
+    Read read;
+    LoadHooks hooks;
+    hooks.row = [&read](CatalogueRecord&& r) { read.rows.prepend(std::move(r)); };
+    hooks.discs = [&read](QList<DiscRecord>&& d) { read.discs = std::move(d); };
+    read.outcome = readDatabase(path, hooks);
+    return read;
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 } // namespace
@@ -36,24 +219,200 @@ class DatabaseFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    // The written table as mdbtools sees it: its version, table, fields and every row; the
-    // reader's own round trip is tested with the other format's in tst_CatalogueFiles.
-    void writtenTableReadsElsewhere()
+    // Dates are local times: a zone with summer time puts the hours that change into the files.
+    void initTestCase() { qputenv("TZ", "Europe/Madrid"); }
+
+    // The written tables as mdbtools sees them: its version, both tables, the field types and
+    // every value; the reader's own round trip is below.
+    void writtenTablesReadElsewhere()
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("lista.mdb"));
-        QList<CatalogueRecord> rows = sampleRows(2000);
-        for (CatalogueRecord& r : rows)
-            r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
-        QVERIFY(saveCatalogue(path, {}, rowsOf(rows)).ok);
+        const QList<CatalogueRecord> rows = databaseRows(2000);
+        CatalogueSaveOptions options;
+        options.discs = databaseDiscs();
+        QVERIFY(saveCatalogue(path, options, rowsOf(rows)).ok);
         const nubo::test::OracleRun version =
             nubo::test::runOracle(QStringLiteral("mdb-ver"), {path});
         NUBO_READ(version);
         QCOMPARE(version.out.trimmed(), QByteArray("JET4"));
+        const nubo::test::OracleRun tables =
+            nubo::test::runOracle(QStringLiteral("mdb-tables"), {QStringLiteral("-1"), path});
+        NUBO_READ(tables);
+        QCOMPARE(tables.out, QByteArray("Catalogo\nDiscos\n"));
+        const nubo::test::OracleRun schema =
+            nubo::test::runOracle(QStringLiteral("mdb-schema"), {path});
+        NUBO_READ(schema);
+        QVERIFY2(schema.out.contains("[TAMAÑO]\t\t\tDouble") &&
+                     schema.out.contains("[AÑO]\t\t\tLong Integer") &&
+                     schema.out.contains("[LIBRE]\t\t\tDouble"),
+                 schema.out.constData());
         const nubo::test::OracleRun exported =
             nubo::test::runOracle(QStringLiteral("mdb-export"), {path, QStringLiteral("Catalogo")});
         NUBO_READ(exported);
         QCOMPARE(exported.out, exportedCsv(rows));
+        const nubo::test::OracleRun discs =
+            nubo::test::runOracle(QStringLiteral("mdb-export"), {path, QStringLiteral("Discos")});
+        NUBO_READ(discs);
+        QCOMPARE(discs.out, exportedDiscsCsv(options.discs));
+    }
+
+    // Every column and every disc comes back; a tag longer than a field is cut at its limit
+    // (never through a character) and said, and the row's other columns are whole.
+    void roundTrip_data()
+    {
+        QTest::addColumn<QList<CatalogueRecord>>("rows");
+        QTest::addColumn<QList<DiscRecord>>("discs");
+        QTest::addColumn<qsizetype>("shortened");
+        QTest::newRow("nothing") << QList<CatalogueRecord>() << QList<DiscRecord>() << qsizetype(0);
+        QTest::newRow("every column") << databaseRows(3000) << databaseDiscs() << qsizetype(0);
+        // Larger than the blocks a file is read (and freed) in.
+        QTest::newRow("forty thousand")
+            << databaseRows(40000) << QList<DiscRecord>() << qsizetype(0);
+        CatalogueRecord longTags = databaseRows(1).first();
+        longTags.details.title = QString(9999, u'a') + QStringLiteral("𝄞");
+        longTags.details.artist = QString(254, u'b') + QStringLiteral("𝄞");
+        longTags.details.genre = QString(10000, QChar(0x00D1));
+        longTags.details.modified = -300000000; // 1960
+        longTags.details.title[5] = QChar(0);   // a tag with a NUL in it
+        QList<DiscRecord> longNotes = databaseDiscs();
+        longNotes[1].notas = QString(300, u'n');
+        QTest::newRow("long texts") << QList{longTags} << longNotes << qsizetype(4);
+    }
+    void roundTrip()
+    {
+        QFETCH(QList<CatalogueRecord>, rows);
+        QFETCH(QList<DiscRecord>, discs);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("lista.mdb"));
+        CatalogueSaveOptions options;
+        options.discs = discs;
+        const SaveOutcome saved = saveCatalogue(path, options, rowsOf(rows));
+        QVERIFY(saved.ok);
+        QTEST(saved.shortened, "shortened");
+        QCOMPARE(shortenedText(saved).isEmpty(), saved.shortened == 0);
+        const Read read = readBack(path);
+        QVERIFY2(read.outcome.ok && !read.outcome.damaged, qPrintable(read.outcome.damage));
+        QCOMPARE(read.outcome.skipped.count, 0);
+        for (CatalogueRecord& r : rows) {
+            // A date comes back as its text says (within an hour that repeats, the first).
+            QVERIFY(r.details.setText(DetailField::Fecha, r.details.text(DetailField::Fecha)));
+            for (QString* tag : {&r.details.title, &r.details.artist, &r.details.genre})
+                tag->truncate(tag->size() > 255 ? (tag->at(254).isHighSurrogate() ? 254 : 255)
+                                                : tag->size());
+        }
+        for (DiscRecord& d : discs)
+            d.notas.truncate(255);
+        QCOMPARE(read.rows, rows);
+        QVERIFY(read.discs);
+        QCOMPARE(*read.discs, discs);
+    }
+
+    // Files of an earlier version (four fields, no discs) and tables another program changed:
+    // the details are found by name wherever they are, values that are none of their field
+    // are left empty and counted, and the four list fields always read.
+    void otherLayouts_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QStringList>("details"); // TAMAÑO .. DURACION as the list shows them
+        QTest::addColumn<qsizetype>("skipped");
+        QTest::addColumn<int>("discs"); // -1: the file has no table of discs
+        const QStringList none(nubo::core::kDetailFieldCount);
+        QTest::newRow("four fields")
+            << otherDatabase({{QStringLiteral("Catalogo"), listTexts(), {listValues("a")}}}) << none
+            << qsizetype(0) << -1;
+        QList<jet::Column> moved = listTexts();
+        moved << otherText(QStringLiteral("duracion")) << otherText(QStringLiteral("NOTAS"))
+              << otherColumn(QStringLiteral("Tamano"), jet::kLong)
+              << otherColumn(QStringLiteral(" año "), jet::kDouble)
+              << otherColumn(QStringLiteral("fecha"), jet::kDateTime)
+              << otherColumn(QStringLiteral("Título"), jet::kMemo);
+        // A Memo value held in its row: its length with the in-row bit, 8 bytes, the text.
+        const QByteArray memo = jet::encodeText(QStringLiteral("Canción larga ♪"), true);
+        QByteArray memoField = QByteArray::fromHex("00000080") + QByteArray(8, '\0') + memo;
+        memoField[0] = char(memo.size());
+        QList<jet::Value> movedRow = listValues("a");
+        movedRow << QStringLiteral("1:02:03") << QStringLiteral("x") << qint64(123) << 1979.0
+                 << 45000.5 << memoField;
+        QStringList movedDetails = none;
+        movedDetails[0] = QStringLiteral("123");
+        movedDetails[1] = QStringLiteral("2023-03-15 12:00");
+        movedDetails[2] = QStringLiteral("Canción larga ♪");
+        movedDetails[5] = QStringLiteral("1979");
+        movedDetails[8] = QStringLiteral("1:02:03");
+        QTest::newRow("moved, renamed, retyped")
+            << otherDatabase({{QStringLiteral("Alfa"), listTexts(), {}},
+                              {QStringLiteral("Catalogo"), moved, {movedRow}}})
+            << movedDetails << qsizetype(0) << -1;
+        QList<jet::Column> all = listTexts();
+        for (const QString& caption : nubo::core::detailCaptions())
+            all << otherText(caption);
+        QList<jet::Value> garbage = listValues("a");
+        garbage << QStringLiteral("mucho") << QStringLiteral("ayer") << QStringLiteral("T")
+                << QString() << QStringLiteral("Á") << QStringLiteral("-1979")
+                << QStringLiteral("0") << QStringLiteral("\u0000") << QStringLiteral("1:99");
+        QStringList garbageDetails = none;
+        garbageDetails[2] = QStringLiteral("T");
+        garbageDetails[4] = QStringLiteral("Á");
+        garbageDetails[7] = QStringLiteral("\u0000");
+        QList<jet::Column> discColumns;
+        for (const QString& caption : nubo::core::discCaptions())
+            discColumns << otherText(caption);
+        QList<jet::Value> discRow(discColumns.size());
+        QList<jet::Value> anonymous = discRow;
+        discRow[0] = QStringLiteral("Otro disco");
+        discRow[4] = QStringLiteral("grande");
+        QTest::newRow("values of no field")
+            << otherDatabase({{QStringLiteral("Catalogo"), all, {garbage}},
+                              {QStringLiteral("Discos"), discColumns, {discRow, anonymous}}})
+            << garbageDetails << qsizetype(7) << 1;
+    }
+    void otherLayouts()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QStringList, details);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("otra.mdb"));
+        QVERIFY(writeFile(path, file));
+        const Read read = readBack(path);
+        QVERIFY2(read.outcome.ok && !read.outcome.damaged, qPrintable(read.outcome.damage));
+        QCOMPARE(read.outcome.name, QStringLiteral("Catalogo"));
+        QCOMPARE(read.rows.size(), 1);
+        QCOMPARE(read.rows[0].nombre, QStringLiteral("a"));
+        QCOMPARE(read.rows[0].formato, QStringLiteral("MP3"));
+        QStringList texts;
+        for (int f = 0; f < nubo::core::kDetailFieldCount; ++f)
+            texts << read.rows[0].details.text(DetailField(f));
+        QCOMPARE(texts, details);
+        QTEST(read.outcome.skipped.count, "skipped");
+        QCOMPARE(skippedText(QString(), read.outcome.skipped).isEmpty(),
+                 read.outcome.skipped.count == 0);
+        QTEST(read.discs ? int(read.discs->size()) : -1, "discs");
+    }
+
+    // Damaged copies of a file with every column: rows or an error, never a crash or a read
+    // outside the file (the sanitizers watch).
+    void damagedFilesNeverCrash()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("lista.mdb"));
+        CatalogueSaveOptions options;
+        options.discs = databaseDiscs();
+        QVERIFY(saveCatalogue(path, options, rowsOf(databaseRows(300))).ok);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray whole = file.readAll();
+        QRandomGenerator random(31);
+        const QString damaged = dir.filePath(QStringLiteral("dañado.mdb"));
+        for (int round = 0; round < 300; ++round) {
+            QByteArray bytes = round % 10 == 0 ? whole.left(random.bounded(whole.size())) : whole;
+            const qsizetype page = 2 + random.bounded(qsizetype(whole.size() / 4096 - 2));
+            for (int hit = 0; hit < 16 && round % 10 != 0; ++hit)
+                bytes[page * 4096 + random.bounded(4096)] = char(random.bounded(256));
+            QVERIFY(writeFile(damaged, bytes));
+            const Read read = readBack(damaged);
+            QVERIFY(read.outcome.ok || !read.outcome.reason.isEmpty());
+        }
     }
 
     void fixturesOpen_data()
@@ -89,5 +448,6 @@ private slots:
     }
 };
 
+Q_DECLARE_METATYPE(QList<DiscRecord>)
 QTEST_GUILESS_MAIN(DatabaseFileTest)
 #include "tst_DatabaseFile.moc"

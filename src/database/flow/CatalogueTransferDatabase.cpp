@@ -66,6 +66,10 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
         return cancelledOverExisting(path, saved.written + 1);
     // A cancelled save counts the row where the cancel was seen, the one stored empty.
     reportAdded(QString::number(saved.stopped ? saved.written + 1 : saved.written), saved.stopped);
+    if (const QString note = shortenedText(saved); !note.isEmpty() && !saved.stopped)
+        showStatus(QStringLiteral("Agregados %1 archivos a la base de datos. %2")
+                       .arg(QString::number(saved.written), note),
+                   15000, catalogue::colours::kWhite);
     return saved.stopped ? TransferOutcome::Cancelled : TransferOutcome::Done;
 }
 
@@ -87,7 +91,9 @@ TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
     run.hideProgress();
     if (loaded.damaged && !loaded.stopped)
         return loadedDamaged(path, loaded);
-    return showLoaded(loaded.added, path, loaded.stopped);
+    const TransferOutcome shown = showLoaded(loaded.added, path, loaded.stopped);
+    reportSkipped(path, loaded);
+    return shown;
 }
 
 } // namespace nubo::database
