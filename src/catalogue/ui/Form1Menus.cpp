@@ -75,6 +75,7 @@ void Form1::createListMenu()
          &Form1::printCoverRequested)
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
     item(list, "mnuBuscarLista", QStringLiteral("&Buscar en la lista..."), this, [this] {
+        (void)m_catalogue.waitForDetails();
         m_findBar->open();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     m_listCommands.append(

@@ -56,4 +56,16 @@ bool ListWindowSink::refuseWhileListBusy()
     return m_catalogue.refuseWhileBusy();
 }
 
+void ListWindowSink::readDetailsInOrder(bool inOrder)
+{
+    m_catalogue.detailReader().setInOrder(inOrder);
+}
+
+void ListWindowSink::recordDisc(const core::DiscRecord& record)
+{
+    core::DiscRecord named = record;
+    named.origen = m_catalogue.groupName();
+    m_catalogue.discs().recordSearch(named);
+}
+
 } // namespace nubo::search

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/DetailReader.h"
+
+#include "tags/FileDetailsReader.h"
+
+#include <chrono>
+
+namespace nubo::catalogue {
+
+DetailReader::DetailReader(CatalogueList& list, QObject* parent)
+    : QObject(parent), m_list(list), m_read(&tags::readFileDetails)
+{
+    m_pool.setMaxThreadCount(kReaders);
+    // Idle readers end at once: a finished search leaves no thread behind.
+    m_pool.setExpiryTimeout(0);
+    m_batchTimer.setSingleShot(true);
+    m_batchTimer.setInterval(kBatchIntervalMs);
+    connect(&m_batchTimer, &QTimer::timeout, this, [this] { (void)applyReady(); });
+}
+
+DetailReader::~DetailReader()
+{
+    cancel();
+    m_pool.waitForDone();
+}
+
+void DetailReader::setInOrder(bool inOrder)
+{
+    const std::lock_guard lock(m_mutex);
+    m_maxReaders = inOrder ? 1 : kReaders;
+}
+
+void DetailReader::enqueue(CatalogueList::RowHandle row, const QString& path)
+{
+    const std::lock_guard lock(m_mutex);
+    m_queue.push_back({row, path, m_round});
+    if (m_readers >= m_maxReaders)
+        return;
+    ++m_readers;
+    m_pool.start([this] { readLoop(); });
+}
+
+void DetailReader::readLoop()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_queue.empty()) {
+        const Job job = std::move(m_queue.front());
+        m_queue.pop_front();
+        ++m_reading;
+        lock.unlock();
+        core::FileDetails details = m_read(job.path);
+        lock.lock();
+        --m_reading;
+        if (job.round == m_round) {
+            m_done.append({job.row, std::move(details)});
+            if (!m_notified) {
+                m_notified = true;
+                QMetaObject::invokeMethod(this, &DetailReader::resultReady, Qt::QueuedConnection);
+            }
+        }
+        m_changed.notify_all();
+    }
+    --m_readers;
+    m_changed.notify_all();
+}
+
+// Results are gathered for a moment, so the views hear of them in batches.
+void DetailReader::resultReady()
+{
+    if (!m_batchTimer.isActive())
+        m_batchTimer.start();
+}
+
+int DetailReader::pending() const
+{
+    const std::lock_guard lock(m_mutex);
+    return int(m_queue.size()) + m_reading + int(m_done.size());
+}
+
+bool DetailReader::applyReady()
+{
+    QList<std::pair<CatalogueList::RowHandle, core::FileDetails>> batch;
+    bool finished = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        batch.swap(m_done);
+        m_notified = false;
+        finished = m_queue.empty() && m_reading == 0;
+    }
+    if (!batch.isEmpty())
+        m_list.setDetails(batch);
+    return finished;
+}
+
+void DetailReader::waitForResults(int timeoutMs)
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs),
+                       [this] { return !m_done.isEmpty() || (m_queue.empty() && m_reading == 0); });
+}
+
+void DetailReader::cancel()
+{
+    const std::lock_guard lock(m_mutex);
+    m_queue.clear();
+    m_done.clear();
+    ++m_round;
+    m_changed.notify_all();
+}
+
+} // namespace nubo::catalogue
