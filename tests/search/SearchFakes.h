@@ -57,6 +57,10 @@ public:
     void endFolderBatch() override { --batchDepth; }
     void letEventsRun() override {}
     void undecodableName(const QString& path) override { undecodable.append(path); }
+    QList<core::DiscRecord> discs; // every disc recorded, oldest first
+    bool readsInOrder = false;
+    void recordDisc(const core::DiscRecord& record) override { discs.append(record); }
+    void readDetailsInOrder(bool inOrder) override { readsInOrder = inOrder; }
     bool takesUndecodable = false; // as the list window does
     bool takesUndecodableNames() const override { return takesUndecodable; }
 };
