@@ -81,6 +81,8 @@ bool Catalogue::waitForDetails()
 {
     if (m_waiting)
         return false;
+    // A wait during a search (a sort between two folders) reads what the walk has queued.
+    m_reader.setWalking(false);
     if (m_reader.applyReady())
         return true;
     m_waiting = true;

@@ -3,6 +3,9 @@
 
 #include "tags/FileDetailsReader.h"
 
+#include <QThread>
+
+#include <algorithm>
 #include <chrono>
 
 namespace nubo::catalogue {
@@ -27,17 +30,41 @@ DetailReader::~DetailReader()
 void DetailReader::setInOrder(bool inOrder)
 {
     const std::lock_guard lock(m_mutex);
-    m_maxReaders = inOrder ? 1 : kReaders;
+    m_inOrder = inOrder;
+}
+
+void DetailReader::setWalking(bool walking)
+{
+    const std::lock_guard lock(m_mutex);
+    m_walking = walking;
+    startReaders();
+}
+
+// A walk keeps the interface thread busy: reads wait for its end, so rows come as fast as
+// without them and an optical disc is not made to seek between the walk and the reads.
+int DetailReader::maxReaders() const
+{
+    if (m_walking)
+        return 0;
+    if (m_inOrder)
+        return 1;
+    return std::clamp(QThread::idealThreadCount(), 1, kReaders);
+}
+
+void DetailReader::startReaders()
+{
+    const int allowed = maxReaders();
+    for (int queued = int(m_queue.size()); m_readers < allowed && queued > 0; --queued) {
+        ++m_readers;
+        m_pool.start([this] { readLoop(); });
+    }
 }
 
 void DetailReader::enqueue(CatalogueList::RowHandle row, const QString& path)
 {
     const std::lock_guard lock(m_mutex);
     m_queue.push_back({row, path, m_round});
-    if (m_readers >= m_maxReaders)
-        return;
-    ++m_readers;
-    m_pool.start([this] { readLoop(); });
+    startReaders();
 }
 
 void DetailReader::readLoop()

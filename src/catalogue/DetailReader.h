@@ -41,6 +41,9 @@ public:
     // One reader, in the order files are queued: an optical disc is read in directory order
     // rather than made to seek between two readers.
     void setInOrder(bool inOrder);
+    // While a walk adds rows, the files it queues wait; they are read when it ends (or when
+    // setWalking(false) comes earlier: someone waits for them).
+    void setWalking(bool walking);
     void enqueue(CatalogueList::RowHandle row, const QString& path);
     // Files queued or being read, and results not yet on the list.
     int pending() const;
@@ -61,6 +64,9 @@ private:
     };
     void readLoop();
     void resultReady();
+    // Starts read loops up to the number allowed now; m_mutex held.
+    void startReaders();
+    int maxReaders() const;
 
     CatalogueList& m_list;
     ReadFunction m_read;
@@ -74,7 +80,8 @@ private:
     int m_readers = 0;       // read loops running
     quint64 m_round = 0;     // a cancel starts a new round; older reads are discarded
     bool m_notified = false; // a batch is announced to the interface thread
-    int m_maxReaders = kReaders;
+    bool m_inOrder = false;
+    bool m_walking = false;
 };
 
 } // namespace nubo::catalogue

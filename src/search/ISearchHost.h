@@ -19,9 +19,10 @@ public:
     // True, after telling the user, while a catalogue save or load has the list: no search may
     // add rows under it.
     virtual bool refuseWhileListBusy() { return false; }
-    // The rows' details are read one file at a time in the order found (an optical disc), or
-    // by several readers at once.
-    virtual void readDetailsInOrder(bool inOrder) { Q_UNUSED(inOrder); }
+    // A walk starts adding rows, and ends: the rows' details are read meanwhile, one file at a
+    // time in the order found on an optical disc, and leaving the walk a processor.
+    virtual void walkStarts(bool opticalDisc) { Q_UNUSED(opticalDisc); }
+    virtual void walkEnds() {}
     // A search's record of its disc, the group (ORIGEN) still to fill: the list keeps one per
     // group.
     virtual void recordDisc(const core::DiscRecord& record) { Q_UNUSED(record); }

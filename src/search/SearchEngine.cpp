@@ -204,9 +204,9 @@ void SearchEngine::RunSearch()
     m_walker.Searching = true;
     m_walker.CollectFiles = true;
     emit findMenuCaptionChanged(QStringLiteral("&Parar!"));
-    host.readDetailsInOrder(m_services.drives.driveType(volumeOf(folder)) ==
-                            platform::DriveType::CdRom);
+    host.walkStarts(m_services.drives.driveType(volumeOf(folder)) == platform::DriveType::CdRom);
     walkOncePerFloppy();
+    host.walkEnds();
     host.recordDisc(surveyDisc(m_services.volumes, m_services.drives, folder, m_walker.SearchMask,
                                QDateTime::currentSecsSinceEpoch()));
     m_walker.Searching = false;

@@ -235,6 +235,7 @@ private slots:
         QCOMPARE(disc.carpeta, carpeta);
         QCOMPARE(disc.mascara, QStringLiteral("*.mp3"));
         QCOMPARE(rig.host.readsInOrder, type == platform::DriveType::CdRom);
+        QVERIFY(!rig.host.walking);
 
         rig.host.onAdd = [&rig](int) { rig.engine.requestStop(); };
         rig.searchFolder(folder, "*.MP3");

@@ -56,9 +56,15 @@ bool ListWindowSink::refuseWhileListBusy()
     return m_catalogue.refuseWhileBusy();
 }
 
-void ListWindowSink::readDetailsInOrder(bool inOrder)
+void ListWindowSink::walkStarts(bool opticalDisc)
 {
-    m_catalogue.detailReader().setInOrder(inOrder);
+    m_catalogue.detailReader().setInOrder(opticalDisc);
+    m_catalogue.detailReader().setWalking(true);
+}
+
+void ListWindowSink::walkEnds()
+{
+    m_catalogue.detailReader().setWalking(false);
 }
 
 void ListWindowSink::recordDisc(const core::DiscRecord& record)
