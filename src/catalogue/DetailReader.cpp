@@ -14,8 +14,9 @@ DetailReader::DetailReader(CatalogueList& list, QObject* parent)
     : QObject(parent), m_list(list), m_read(&tags::readFileDetails)
 {
     m_pool.setMaxThreadCount(kReaders);
-    // Idle readers end at once: a finished search leaves no thread behind.
-    m_pool.setExpiryTimeout(0);
+    // A walk that queues files no faster than they are read empties the queue again and again:
+    // each new read loop then finds its thread still there.
+    m_pool.setExpiryTimeout(kIdleThreadMs);
     m_batchTimer.setSingleShot(true);
     m_batchTimer.setInterval(kBatchIntervalMs);
     connect(&m_batchTimer, &QTimer::timeout, this, [this] { (void)applyReady(); });

@@ -28,6 +28,7 @@ class DetailReader final : public QObject
 public:
     static constexpr int kReaders = 2;
     static constexpr int kBatchIntervalMs = 50;
+    static constexpr int kIdleThreadMs = 5000;
 
     explicit DetailReader(CatalogueList& list, QObject* parent = nullptr);
     ~DetailReader() override;
