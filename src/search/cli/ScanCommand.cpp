@@ -280,6 +280,19 @@ void recordDiscs(catalogue::Catalogue& catalogue, const platform::IVolumes& volu
     }
 }
 
+// The rows to standard output, a .tsv, or a catalogue file; the status to end with.
+int writeOutput(const catalogue::Catalogue& catalogue, const ScanHost& host,
+                const ScanArguments& scan, CliIo& io)
+{
+    if (scan.output.isEmpty()) {
+        writeRows(catalogue.list(), host, scan.tags, io.out);
+        return nubo::cli::kOk;
+    }
+    if (isTsvName(scan.output))
+        return saveTsv(catalogue.list(), host, scan.tags, scan.output, io);
+    return saveRows(catalogue, scan.output, io);
+}
+
 int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& directories,
             const platform::IVolumes& volumes, const QStringList& args, CliIo& io)
 {
@@ -310,14 +323,7 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
     host.finish();
     recordDiscs(catalogue, volumes, drives, scan);
 
-    const catalogue::CatalogueList& list = catalogue.list();
-    int status = nubo::cli::kOk;
-    if (scan.output.isEmpty())
-        writeRows(list, host, scan.tags, io.out);
-    else if (isTsvName(scan.output))
-        status = saveTsv(list, host, scan.tags, scan.output, io);
-    else
-        status = saveRows(catalogue, scan.output, io);
+    const int status = writeOutput(catalogue, host, scan, io);
     if (host.leftOut() > 0) {
         io.err << "nubo-cli scan: " << host.leftOut() << " nombres omitidos\n";
         return nubo::cli::kFileError;
