@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <mutex>
 #include <thread>
 
 #include "CatalogueFixture.h"
@@ -308,6 +309,29 @@ private slots:
         QCOMPARE(list.row(39).details.title, QStringLiteral("Alfa"));
         for (int p = 1; p < list.count(); ++p)
             QVERIFY(list.row(p - 1).details.title >= list.row(p).details.title);
+    }
+
+    // An optical disc's files are read one at a time, in the order the walk found them.
+    void anOpticalDiscIsReadInTheOrderFound()
+    {
+        CatalogueFixture f;
+        std::mutex guard;
+        QStringList order;
+        f.catalogue.detailReader().setReadFunction([&](const QString& path) {
+            const std::lock_guard lock(guard);
+            order.append(path);
+            return nubo::core::FileDetails();
+        });
+        f.catalogue.detailReader().setInOrder(true);
+        f.catalogue.detailReader().setWalking(true);
+        QStringList added;
+        for (int i = 0; i < 30; ++i) {
+            added.append(f.file(QStringLiteral("CD/p%1.mp3").arg(i)));
+            f.add(added.last());
+        }
+        f.catalogue.detailReader().setWalking(false);
+        QVERIFY(f.catalogue.waitForDetails());
+        QCOMPARE(order, added);
     }
 
     // Escape during the wait ends it: the reads not done are abandoned and the rows stay, so
