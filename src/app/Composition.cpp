@@ -212,6 +212,9 @@ void Composition::endProgram()
         m_search->windows().stop();
     if (m_files)
         m_files->transfer().stopForExit();
+    // A wait for the rows' details ends too: the reads end with the process.
+    if (m_list)
+        m_list->catalogue.stopDetailWait();
     // The program's end skips the destructors (see main), so the channel goes now.
     m_channel.reset();
     QCoreApplication::exit(0);

@@ -10,6 +10,10 @@ ListWindowSearch::ListWindowSearch(catalogue::ListWindow& list, const Services& 
 {
     connectReports(list);
     list.form.setSearchLauncher(&m_windows);
+    // The wait for the rows' details shows on the list window's bar, and Escape ends it.
+    list.catalogue.setWaitWindow(&list.form);
+    QObject::connect(&list.form, &catalogue::Form1::cancelRequested, &list.catalogue,
+                     &catalogue::Catalogue::stopDetailWait);
 }
 
 // Direct connections: each report is on the window before the engine goes on, as the walk

@@ -3,9 +3,13 @@
 
 #include "catalogue/Colours.h"
 #include "catalogue/ICatalogueSaveFlow.h"
+#include "catalogue/IListWindow.h"
 #include "platform/IDialogs.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace nubo::catalogue {
 
@@ -21,8 +25,11 @@ QString emptyCountLine()
 } // namespace
 
 Catalogue::Catalogue(const platform::IDrives& drives, platform::IDialogs& dialogs, QObject* parent)
-    : QObject(parent), m_dialogs(dialogs), m_list(this), m_deriver(drives), m_info(this)
+    : QObject(parent), m_dialogs(dialogs), m_list(this), m_reader(m_list), m_deriver(drives),
+      m_info(this)
 {
+    // Emptying the list, by the user or at the program's end, abandons its reads.
+    connect(&m_list, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_reader.cancel(); });
     m_discs.setGroupRenamer(
         [this](const QString& from, const QString& to) { return renameGroupRows(from, to); });
 }
@@ -66,7 +73,7 @@ void Catalogue::setBusy(bool busy)
 
 bool Catalogue::refuseWhileBusy()
 {
-    if (!m_busy)
+    if (!m_busy && !m_waiting)
         return false;
     ShowInfoMessage(QStringLiteral("Espere a que la lista termine de guardarse o cargarse (Esc "
                                    "lo detiene)"),
@@ -82,10 +89,50 @@ void Catalogue::AddFileToList(QString& path)
 
 void Catalogue::AddKnownFileToList(QString& path)
 {
+    const QString file = path;
     CatalogueRow row = m_deriver.derive(path);
     row.origen = m_groupName;
     m_list.insertAtTop(std::move(row));
+    m_reader.enqueue(m_list.handleOf(0), file);
     UpdateCountLine();
+}
+
+bool Catalogue::waitForDetails()
+{
+    if (m_waiting)
+        return false;
+    // A wait during a search (a sort between two folders) reads what the walk has queued.
+    m_reader.setWalking(false);
+    if (m_reader.applyReady())
+        return true;
+    m_waiting = true;
+    m_stopWait = false;
+    // The bar shows only for a wait long enough to be seen.
+    constexpr int kShowAfterMs = 150;
+    QElapsedTimer waited;
+    waited.start();
+    const int total = m_reader.pending();
+    bool shown = false;
+    bool finished = false;
+    while (!(finished = m_reader.applyReady()) && !m_stopWait) {
+        if (!shown && m_waitWindow && waited.elapsed() >= kShowAfterMs) {
+            m_waitWindow->showProgress(total);
+            m_waitWindow->setListEnabled(false);
+            shown = true;
+        }
+        if (shown)
+            m_waitWindow->setProgress(std::max(0, total - m_reader.pending()));
+        QCoreApplication::processEvents();
+        m_reader.waitForResults(20);
+    }
+    if (!finished)
+        m_reader.cancel();
+    if (shown) {
+        m_waitWindow->hideProgress();
+        m_waitWindow->setListEnabled(true);
+    }
+    m_waiting = false;
+    return finished;
 }
 
 // The plural is kept even for one row.
@@ -113,6 +160,8 @@ void Catalogue::DeleteSelectedRows(const std::vector<int>& positions)
         setCountLine(emptyCountLine());
         return;
     }
+    // Rows go only once the reads under way have found theirs.
+    (void)waitForDetails();
     const int removed = m_list.removePositions(positions);
     const QString left = QString::number(m_list.count());
     // Kept: the count line's singular or plural follows the rows removed, not the rows left;
@@ -181,6 +230,11 @@ void Catalogue::SortByColumn(int column)
 {
     if (column < 0 || column >= kColumnCount)
         return;
+    // A sort made before every row's details are read sorts them all read; after Escape, the
+    // details read so far.
+    if (m_waiting)
+        return;
+    (void)waitForDetails();
     m_sortOrder = m_sortOrder == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
     m_list.sortByColumn(static_cast<Column>(column), m_sortOrder);
 }

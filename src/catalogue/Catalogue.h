@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/CatalogueList.h"
+#include "catalogue/DetailReader.h"
 #include "catalogue/DiscList.h"
 #include "catalogue/InfoMessage.h"
 #include "catalogue/RowDeriver.h"
@@ -15,6 +16,7 @@ class IDialogs;
 namespace nubo::catalogue {
 
 class ICatalogueSaveFlow;
+class IListWindow;
 
 // What became of EmptyList: the rows were removed; they stayed by the user's choice (Cancel,
 // or nothing to empty); or they stayed because the save the user asked for did not happen or
@@ -31,6 +33,8 @@ public:
 
     // The save steps of EmptyList; without one, answering Yes keeps the list as it is.
     void setSaveFlow(ICatalogueSaveFlow* flow) { m_saveFlow = flow; }
+    // Where waitForDetails shows its progress; without one it waits unseen.
+    void setWaitWindow(IListWindow* window) { m_waitWindow = window; }
 
     CatalogueList& list() { return m_list; }
     const CatalogueList& list() const { return m_list; }
@@ -52,7 +56,8 @@ public:
     // rows are refused, so the file never gets rows the user removed halfway.
     bool isBusy() const { return m_busy; }
     void setBusy(bool busy);
-    // True, after telling the user so on the message line, while the list is busy.
+    // True, after telling the user so on the message line, while the list is busy or waits
+    // for its details.
     bool refuseWhileBusy();
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
 
@@ -60,7 +65,18 @@ public:
     // RowDeriver).
     void AddFileToList(QString& path);
     // A folder listing already said path is a regular file: it is not looked up again.
+    // The row's details are read afterwards, off the interface thread (see DetailReader).
     void AddKnownFileToList(QString& path);
+
+    // The reads of rows' details. A search of an optical disc reads them in directory order.
+    DetailReader& detailReader() { return m_reader; }
+    // Until every row's details are read: whatever sorts, finds in or saves the rows calls this
+    // first. It lets window events run, shows the progress bar when the wait is long enough to
+    // be seen, and refuses the commands that change rows meanwhile. Escape (stopDetailWait) ends it
+    // at once: the reads not done are abandoned, the rows stay with the details read so far, and
+    // the answer is false. Also false when a wait is already under way.
+    [[nodiscard]] bool waitForDetails();
+    void stopDetailWait() { m_stopWait = true; }
     // positions: the list positions of the rows the list window has selected.
     void DeleteSelectedRows(const std::vector<int>& positions);
     EmptyOutcome EmptyList();
@@ -81,7 +97,9 @@ private:
 
     platform::IDialogs& m_dialogs;
     ICatalogueSaveFlow* m_saveFlow = nullptr;
+    IListWindow* m_waitWindow = nullptr;
     CatalogueList m_list;
+    DetailReader m_reader;
     DiscList m_discs;
     RowDeriver m_deriver;
     InfoMessage m_info;
@@ -90,6 +108,8 @@ private:
     QString m_currentFile;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     bool m_busy = false;
+    bool m_waiting = false;
+    bool m_stopWait = false;
 };
 
 } // namespace nubo::catalogue

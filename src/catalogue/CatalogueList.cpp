@@ -99,6 +99,7 @@ void CatalogueList::appendAtBottom(CatalogueRow row)
         shareRepeatedTexts(row, m_rows.front());
     m_rows.push_front(std::move(row));
     ++m_pendingBottom;
+    ++m_bottomAdds;
     scheduleFlush();
 }
 
@@ -141,6 +142,7 @@ void CatalogueList::removeStorageRange(std::size_t first, std::size_t last)
     m_rows.erase(begin, end);
     m_shown = count(); // callers flush first, so nothing is pending
     m_pendingBottom = 0;
+    ++m_generation;
 }
 
 void CatalogueList::clear()
@@ -150,6 +152,7 @@ void CatalogueList::clear()
     m_rows.clear();
     m_shown = 0;
     m_pendingBottom = 0;
+    ++m_generation;
     endResetModel();
 }
 
@@ -163,6 +166,7 @@ void CatalogueList::clearForExit()
     m_rows.clear();
     m_shown = 0;
     m_pendingBottom = 0;
+    ++m_generation;
     endResetModel();
 }
 
@@ -207,6 +211,7 @@ void CatalogueList::removeByReset(const std::vector<int>& positions)
     }
     m_rows = std::move(kept);
     m_shown = count();
+    ++m_generation;
     endResetModel();
 }
 
@@ -264,6 +269,7 @@ void CatalogueList::sortByColumn(Column column, Qt::SortOrder order)
         newPositionOf[byNewPosition[p]] = p;
     }
     m_rows = std::move(sorted);
+    ++m_generation;
     const QModelIndexList before = persistentIndexList();
     QModelIndexList after;
     after.reserve(before.size());
@@ -300,6 +306,54 @@ bool CatalogueList::hasGroup(const QString& origen) const
 {
     return std::any_of(m_rows.begin(), m_rows.end(),
                        [&origen](const CatalogueRow& r) { return r.origen == origen; });
+}
+
+// A slot is the row's storage index less the rows added at the bottom since: adding at the top
+// appends to the storage and adding at the bottom shifts it, so the two together find the row.
+CatalogueList::RowHandle CatalogueList::handleOf(int position) const
+{
+    return {m_generation, qint64(storageIndex(position)) - m_bottomAdds};
+}
+
+int CatalogueList::positionOf(RowHandle handle) const
+{
+    if (handle.generation != m_generation)
+        return -1;
+    const qint64 stored = handle.slot + m_bottomAdds;
+    if (stored < 0 || stored >= qint64(m_rows.size()))
+        return -1;
+    return int(qint64(m_rows.size()) - 1 - stored);
+}
+
+void CatalogueList::setDetails(const QList<std::pair<RowHandle, core::FileDetails>>& batch)
+{
+    int firstShown = m_shown;
+    int lastShown = -1;
+    const core::FileDetails* previous = nullptr;
+    for (const auto& [handle, details] : batch) {
+        const int position = positionOf(handle);
+        if (position < 0)
+            continue;
+        core::FileDetails& target = m_rows[storageIndex(position)].details;
+        target = details;
+        // Files read one after another mostly share their artist, album and genre.
+        if (previous) {
+            for (auto field : {&core::FileDetails::artist, &core::FileDetails::album,
+                               &core::FileDetails::genre}) {
+                if (target.*field == previous->*field)
+                    target.*field = previous->*field;
+            }
+        }
+        previous = &target;
+        const int viewRow = position - pendingTop();
+        if (viewRow >= 0 && viewRow < m_shown) {
+            firstShown = std::min(firstShown, viewRow);
+            lastShown = std::max(lastShown, viewRow);
+        }
+    }
+    if (lastShown >= 0)
+        emit dataChanged(index(firstShown, kTextColumnCount), index(lastShown, kColumnCount - 1),
+                         {Qt::DisplayRole, Qt::EditRole});
 }
 
 int CatalogueList::positionOf(const QModelIndex& index) const

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <deque>
+#include <utility>
 #include <vector>
 
 namespace nubo::catalogue {
@@ -52,6 +53,19 @@ public:
     int renameGroup(const QString& from, const QString& to);
     bool hasGroup(const QString& origen) const;
 
+    // A row named in a way that outlives rows added at the top or the bottom; any removal,
+    // sort or clear makes every handle taken before it stale.
+    struct RowHandle
+    {
+        quint64 generation = 0;
+        qint64 slot = 0;
+    };
+    RowHandle handleOf(int position) const;
+    // -1 for a stale handle.
+    int positionOf(RowHandle handle) const;
+    // Details read for rows: rows gone since are skipped; the views hear of the batch once.
+    void setDetails(const QList<std::pair<RowHandle, core::FileDetails>>& batch);
+
     // Announces pending rows to the views now.
     void flush();
     int pendingCount() const { return count() - m_shown; }
@@ -89,6 +103,8 @@ private:
         0;           // rows added at the bottom, not yet announced: m_rows[0, m_pendingBottom)
     int m_shown = 0; // rows announced to views: m_rows[m_pendingBottom, m_pendingBottom + m_shown)
     QTimer m_flushTimer;
+    quint64 m_generation = 0; // counts the changes that make row handles stale
+    qint64 m_bottomAdds = 0;  // rows ever added at the bottom
 };
 
 } // namespace nubo::catalogue

@@ -263,6 +263,13 @@ LoadOutcome readScanTsv(const QString& path, const LoadHooks& hooks)
         CatalogueRecord record;
         for (int f = 0; f < 4 && f < fields.size(); ++f)
             record.field(f) = unescaped(fields[f]);
+        // The detail columns are a line's last nine, after the five texts and any tag columns;
+        // a text that is no value of its field leaves the field empty.
+        if (const qsizetype first = fields.size() - core::kDetailFieldCount; first >= 5) {
+            for (int f = 0; f < core::kDetailFieldCount; ++f)
+                (void)record.details.setText(static_cast<core::DetailField>(f),
+                                             unescaped(fields[first + f]));
+        }
         hooks.row(std::move(record));
         ++outcome.added;
     }

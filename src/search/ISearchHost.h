@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/DiscRecord.h"
 #include "search/IWalkHost.h"
 
 namespace nubo::search {
@@ -18,6 +19,13 @@ public:
     // True, after telling the user, while a catalogue save or load has the list: no search may
     // add rows under it.
     virtual bool refuseWhileListBusy() { return false; }
+    // A walk starts adding rows, and ends: the rows' details are read meanwhile, one file at a
+    // time in the order found on an optical disc, and leaving the walk a processor.
+    virtual void walkStarts(bool opticalDisc) { Q_UNUSED(opticalDisc); }
+    virtual void walkEnds() {}
+    // A search's record of its disc, the group (ORIGEN) still to fill: the list keeps one per
+    // group.
+    virtual void recordDisc(const core::DiscRecord& record) { Q_UNUSED(record); }
 };
 
 } // namespace nubo::search

@@ -2,9 +2,11 @@
 #include "search/SearchEngine.h"
 
 #include "core/RuntimeError.h"
+#include "search/DiscSurvey.h"
 #include "search/DriveList.h"
 #include "search/DriveSpace.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QThread>
 
@@ -202,7 +204,11 @@ void SearchEngine::RunSearch()
     m_walker.Searching = true;
     m_walker.CollectFiles = true;
     emit findMenuCaptionChanged(QStringLiteral("&Parar!"));
+    host.walkStarts(m_services.drives.driveType(volumeOf(folder)) == platform::DriveType::CdRom);
     walkOncePerFloppy();
+    host.walkEnds();
+    host.recordDisc(surveyDisc(m_services.volumes, m_services.drives, folder, m_walker.SearchMask,
+                               QDateTime::currentSecsSinceEpoch()));
     m_walker.Searching = false;
     m_walker.CollectFiles = false;
     emit findMenuCaptionChanged(QStringLiteral("&Buscar Archivo(s)..."));

@@ -87,6 +87,15 @@ private slots:
                      QStringLiteral("La lista contiene 3 archivos actualmente"));
         QVERIFY(rig.list.form.isVisible());
         QVERIFY(control<QTimer>(rig.list.form, "Timer1")->isActive()); // the caption flashes
+        // The rows' details follow, and the disc is recorded under the rows' group.
+        QVERIFY(rig.list.catalogue.waitForDetails());
+        QVERIFY(rig.list.catalogue.list().row(0).details.size >= 0);
+        QCOMPARE(rig.list.catalogue.discs().count(), 1);
+        const core::DiscRecord* disc = rig.list.catalogue.discs().find(box->text());
+        QVERIFY(disc);
+        QCOMPARE(disc->etiqueta, QStringLiteral("DISCO"));
+        QCOMPARE(disc->serie, QStringLiteral("8000-0001"));
+        QCOMPARE(disc->mascara, QStringLiteral("*.mp3"));
     }
 
     // The strip keeps a deep folder's start and end; the window stays within the screen.

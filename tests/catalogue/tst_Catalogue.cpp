@@ -2,10 +2,17 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/ICatalogueSaveFlow.h"
 
+#include <QAbstractItemModelTester>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
+
+#include <mutex>
+#include <thread>
 
 #include "CatalogueFixture.h"
+#include "tags/TaggedFiles.h"
 
 using namespace nubo::catalogue;
 using nubo::platform::MessageAnswer;
@@ -36,6 +43,25 @@ public:
         calls.append("path:" + p);
         return saves;
     }
+};
+
+// Holds every read of a row's details until released, so a test can act while reads are under
+// way; releases them all when it goes.
+struct HeldReads
+{
+    QSemaphore gate;
+    std::atomic<int> started = 0;
+    explicit HeldReads(DetailReader& reader)
+    {
+        reader.setReadFunction([this](const QString&) {
+            ++started;
+            gate.acquire();
+            nubo::core::FileDetails details;
+            details.title = QStringLiteral("leído");
+            return details;
+        });
+    }
+    ~HeldReads() { gate.release(1000); }
 };
 
 } // namespace
@@ -208,6 +234,151 @@ private slots:
         QCOMPARE(f.catalogue.sortOrder(), Qt::DescendingOrder);
         f.add(f.file(QStringLiteral("Musica/z.mp3")));
         QCOMPARE(top(), QStringLiteral("z")); // later additions still go to the top
+    }
+
+    // Each added file's size and date, and an audio file's tags and length, fill its row after
+    // it is added, as the reads come back, in batches the views hear of.
+    void rowsGetTheirFilesDetails_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("tagged");
+        QTest::newRow("mp3") << "tema.mp3" << true;
+        QTest::newRow("flac") << "tema.flac" << true;
+        QTest::newRow("ogg") << "tema.ogg" << true;
+        QTest::newRow("text") << "nota.txt" << false;
+    }
+    void rowsGetTheirFilesDetails()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, tagged);
+        CatalogueFixture f;
+        QAbstractItemModelTester tester(&f.catalogue.list());
+        const QString path = f.file("Musica/" + name);
+        if (tagged) {
+            QVERIFY(nubo::test::writeTagged(path, name.section('.', -1),
+                                            {{"TITLE", {"Zamba de mi esperanza"}},
+                                             {"ARTIST", {"Mercedes Quiroga"}},
+                                             {"ALBUM", {"Sur"}},
+                                             {"DATE", {"1979"}},
+                                             {"TRACKNUMBER", {"4/12"}},
+                                             {"GENRE", {"Folk"}}}));
+        }
+        QSignalSpy changed(&f.catalogue.list(), &QAbstractItemModel::dataChanged);
+        f.add(path);
+        f.add(path);
+        QCOMPARE(f.catalogue.list().row(0).details, nubo::core::FileDetails());
+        QTRY_VERIFY(f.catalogue.detailReader().pending() == 0);
+        QVERIFY(changed.count() <= 2); // none when the rows were not shown yet
+        const nubo::core::FileDetails& details = f.catalogue.list().row(0).details;
+        QCOMPARE(details, f.catalogue.list().row(1).details);
+        const QFileInfo info(path);
+        QCOMPARE(details.size, info.size());
+        QCOMPARE(details.modified, info.lastModified().toSecsSinceEpoch());
+        if (!tagged) {
+            QCOMPARE(details.title, QString());
+            QCOMPARE(details.duration, nubo::core::FileDetails::kNoDuration);
+            return;
+        }
+        QCOMPARE(details.title, QStringLiteral("Zamba de mi esperanza"));
+        QCOMPARE(details.artist, QStringLiteral("Mercedes Quiroga"));
+        QCOMPARE(details.album, QStringLiteral("Sur"));
+        QCOMPARE(details.genre, QStringLiteral("Folk"));
+        QCOMPARE(details.year, quint16(1979));
+        QCOMPARE(details.track, quint16(4));
+        QCOMPARE(details.duration, 1);
+    }
+
+    // A sort made before every row is read waits for the reads, so it sorts them all read;
+    // also between two folders of a walk, whose files otherwise wait for its end.
+    void sortWaitsForTheDetails()
+    {
+        CatalogueFixture f;
+        QAbstractItemModelTester tester(&f.catalogue.list());
+        f.catalogue.detailReader().setWalking(true);
+        const QStringList titles{"Delta", "Alfa", "Eco", "Charlie", "Bravo"};
+        for (int i = 0; i < 40; ++i) {
+            const QString path = f.drive + QStringLiteral("/Musica/t%1.mp3").arg(i);
+            QDir().mkpath(f.drive + "/Musica");
+            QVERIFY(nubo::test::writeTagged(path, "mp3", {{"TITLE", {titles[i % 5]}}}));
+            f.add(path);
+        }
+        f.catalogue.SortByColumn(int(Column::Titulo)); // descending
+        QCOMPARE(f.catalogue.detailReader().pending(), 0);
+        const CatalogueList& list = f.catalogue.list();
+        QCOMPARE(list.row(0).details.title, QStringLiteral("Eco"));
+        QCOMPARE(list.row(39).details.title, QStringLiteral("Alfa"));
+        for (int p = 1; p < list.count(); ++p)
+            QVERIFY(list.row(p - 1).details.title >= list.row(p).details.title);
+    }
+
+    // An optical disc's files are read one at a time, in the order the walk found them.
+    void anOpticalDiscIsReadInTheOrderFound()
+    {
+        CatalogueFixture f;
+        std::mutex guard;
+        QStringList order;
+        f.catalogue.detailReader().setReadFunction([&](const QString& path) {
+            const std::lock_guard lock(guard);
+            order.append(path);
+            return nubo::core::FileDetails();
+        });
+        f.catalogue.detailReader().setInOrder(true);
+        f.catalogue.detailReader().setWalking(true);
+        QStringList added;
+        for (int i = 0; i < 30; ++i) {
+            added.append(f.file(QStringLiteral("CD/p%1.mp3").arg(i)));
+            f.add(added.last());
+        }
+        f.catalogue.detailReader().setWalking(false);
+        QVERIFY(f.catalogue.waitForDetails());
+        QCOMPARE(order, added);
+    }
+
+    // Escape during the wait ends it: the reads not done are abandoned and the rows stay, so
+    // the sort goes on; results of abandoned reads never land on a row.
+    void escapeEndsTheWaitAndKeepsTheRows()
+    {
+        CatalogueFixture f;
+        HeldReads held(f.catalogue.detailReader());
+        f.addMany(6);
+        QTRY_VERIFY(held.started > 0);
+        QTimer::singleShot(30, &f.catalogue, &Catalogue::stopDetailWait);
+        QVERIFY(!f.catalogue.waitForDetails());
+        QCOMPARE(f.catalogue.list().count(), 6);
+        QVERIFY(!f.catalogue.isBusy());
+        held.gate.release(1000);
+        QTRY_COMPARE(f.catalogue.detailReader().pending(), 0);
+        QTest::qWait(2 * DetailReader::kBatchIntervalMs);
+        for (int p = 0; p < 6; ++p)
+            QVERIFY(f.catalogue.list().row(p).details.isEmpty());
+        f.add(f.file("Musica/nuevo.mp3")); // reading goes on for later rows
+        QVERIFY(f.catalogue.waitForDetails());
+        QCOMPARE(f.catalogue.list().row(0).details.title, QStringLiteral("leído"));
+    }
+
+    // Emptying the list, or the catalogue going, while reads are under way abandons them.
+    void emptyingDuringReadsAbandonsThem()
+    {
+        auto f = std::make_unique<CatalogueFixture>();
+        auto held = std::make_unique<HeldReads>(f->catalogue.detailReader());
+        f->addMany(5);
+        QTRY_VERIFY(held->started > 0);
+        f->dialogs.messageAnswers.enqueue(MessageAnswer::No);
+        QCOMPARE(f->catalogue.EmptyList(), EmptyOutcome::Emptied);
+        QVERIFY(f->catalogue.detailReader().pending() <= DetailReader::kReaders);
+        f->addMany(2);
+        QTimer::singleShot(20, [&held] { held->gate.release(1000); });
+        QVERIFY(f->catalogue.waitForDetails());
+        QCOMPARE(f->catalogue.list().count(), 2);
+        QCOMPARE(f->catalogue.list().row(1).details.title, QStringLiteral("leído"));
+        f->addMany(3);
+        // The catalogue goes with reads held; they end when the gate opens.
+        std::thread opener([&held] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            held->gate.release(1000);
+        });
+        f.reset();
+        opener.join();
     }
 
     void messageStaysThenErasesFromItsEnd()

@@ -2,7 +2,9 @@
 #include "database/CatalogueFiles.h"
 
 #include <QTest>
+#include <QThread>
 
+#include <atomic>
 #include <optional>
 #include <unistd.h>
 
@@ -50,6 +52,31 @@ private slots:
             QCOMPARE(f.sheet.sheetName, QStringLiteral("Colección"));
             QVERIFY(f.statuses.contains(QStringLiteral("Comprobando formato Colección...")));
         }
+    }
+
+    // A save made while rows' details are still being read takes the rows once every one is
+    // read.
+    void aSaveWaitsForTheRowsDetails_data() { addFormats(); }
+    void aSaveWaitsForTheRowsDetails()
+    {
+        QFETCH(QString, name);
+        Flow f;
+        f.drives.add(QStringLiteral("/"), platform::DriveType::Fixed);
+        std::atomic<int> read = 0;
+        f.catalogue.detailReader().setReadFunction([&read](const QString&) {
+            QThread::msleep(5);
+            ++read;
+            return core::FileDetails();
+        });
+        for (int i = 0; i < 8; ++i) {
+            QString file = f.path(QStringLiteral("t%1.mp3").arg(i));
+            QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+            f.catalogue.AddFileToList(file);
+        }
+        f.flow.SaveByExtension(f.path(name));
+        QCOMPARE(read.load(), 8);
+        QCOMPARE(f.catalogue.detailReader().pending(), 0);
+        QCOMPARE(f.status(), QStringLiteral("Agregados 8 archivos a la base de datos."));
     }
 
     // Workbook: the cancel seen before row k + 1 keeps k rows. Database: the cancel seen at row

@@ -57,6 +57,16 @@ public:
     void endFolderBatch() override { --batchDepth; }
     void letEventsRun() override {}
     void undecodableName(const QString& path) override { undecodable.append(path); }
+    QList<core::DiscRecord> discs; // every disc recorded, oldest first
+    bool readsInOrder = false;
+    bool walking = false;
+    void recordDisc(const core::DiscRecord& record) override { discs.append(record); }
+    void walkStarts(bool opticalDisc) override
+    {
+        readsInOrder = opticalDisc;
+        walking = true;
+    }
+    void walkEnds() override { walking = false; }
     bool takesUndecodable = false; // as the list window does
     bool takesUndecodableNames() const override { return takesUndecodable; }
 };

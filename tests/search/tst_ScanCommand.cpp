@@ -2,6 +2,7 @@
 #include "TestFiles.h"
 #include "core/cli/Cli.h"
 #include "database/CatalogueFiles.h"
+#include "platform/fakes/FakeVolumes.h"
 #include "platform/linux/LinuxDirectoryReader.h"
 #include "platform/linux/LinuxDrives.h"
 #include "search/cli/ScanCommand.h"
@@ -18,6 +19,7 @@ class TestScanCommand final : public QObject
 
     platform::LinuxDrives m_drives;
     platform::LinuxDirectoryReader m_reader;
+    platform::FakeVolumes m_volumes;
 
     struct Result
     {
@@ -31,7 +33,7 @@ class TestScanCommand final : public QObject
         QString out, err;
         QTextStream outStream(&out), errStream(&err);
         cli::CliIo io{outStream, errStream, false};
-        const cli::Cli cli({search::cli::scanCommand(m_drives, m_reader)});
+        const cli::Cli cli({search::cli::scanCommand(m_drives, m_reader, m_volumes)});
         Result result;
         result.status = cli.run(QStringList{"scan"} + args, io);
         outStream.flush();
@@ -54,8 +56,10 @@ private slots:
         QCOMPARE(result.lines.size(), 2);
         const QString prefix = m_drives.drivePrefixOf(r);
         const QString folder = r.mid(prefix.size());
-        QCOMPARE(result.lines[0], "segundo\t" + folder + "/sub/\tNO ESPECIFICADO\tMP3\t" + prefix);
-        QCOMPARE(result.lines[1], "primero\t" + folder + "/\tNO ESPECIFICADO\tMP3\t" + prefix);
+        QCOMPARE(result.lines[0].section('\t', 0, 4),
+                 "segundo\t" + folder + "/sub/\tNO ESPECIFICADO\tMP3\t" + prefix);
+        QCOMPARE(result.lines[1].section('\t', 0, 4),
+                 "primero\t" + folder + "/\tNO ESPECIFICADO\tMP3\t" + prefix);
     }
 
     // Each row ends with its own file's tags; a file without tags gets empty columns.
@@ -73,10 +77,78 @@ private slots:
         QCOMPARE(result.lines.size(), 3);
         QMap<QString, QStringList> columns;
         for (const QString& line : result.lines)
-            columns[line.section('\t', 0, 0)] = line.split('\t').mid(5);
+            columns[line.section('\t', 0, 0)] = line.split('\t').mid(5, 6);
         QCOMPARE(columns["uno"], QStringList({"Uno", "Ana", "", "2001", "", "0:01"}));
         QCOMPARE(columns["dos"], QStringList({"Dos\\tbis", "", "", "", "2", "0:01"}));
         QCOMPARE(columns["tres"], QStringList(6, QString()));
+    }
+
+    // Every line ends with the nine detail columns, after the tag columns of --tags; a saved
+    // catalogue keeps them with the record of the scanned disc, and a saved .tsv reads back
+    // with them.
+    void detailsEndEveryRowAndReachTheFiles()
+    {
+        QTemporaryDir dir;
+        const QString r = dir.path() + "/musica";
+        QVERIFY(test::writeFile(r + "/nota.flac", "texto"));
+        QVERIFY(test::writeTagged(r + "/uno.flac", "flac",
+                                  {{"TITLE", {"Uno"}},
+                                   {"ARTIST", {"Mercedes Quiroga"}},
+                                   {"ALBUM", {"Sur"}},
+                                   {"DATE", {"1979"}},
+                                   {"TRACKNUMBER", {"3"}},
+                                   {"GENRE", {"Folk"}}}));
+        const QString prefix = m_drives.drivePrefixOf(r);
+        const QString root = prefix.isEmpty() ? QStringLiteral("/") : prefix;
+        m_volumes.detailsByPath[root] = {"DISCO_1", 0x1A2B3C4D, 255, 0, "ext4"};
+        m_volumes.spaceByPath[root] = {5'000'000'000ULL, 1'000ULL};
+        const qint64 size = QFileInfo(r + "/uno.flac").size();
+        const QString date =
+            core::dateText(QFileInfo(r + "/uno.flac").lastModified().toSecsSinceEpoch());
+
+        for (const QStringList& extra : {QStringList{}, QStringList{"--tags"}}) {
+            const Result result = scan(QStringList{r, "--mask", "*.flac"} + extra);
+            QCOMPARE(result.status, 0);
+            QMap<QString, QStringList> details;
+            for (const QString& line : result.lines)
+                details[line.section('\t', 0, 0)] = line.split('\t').mid(extra.isEmpty() ? 5 : 11);
+            QCOMPARE(details["uno"],
+                     QStringList({QString::number(size), date, "Uno", "Mercedes Quiroga", "Sur",
+                                  "1979", "3", "Folk", "0:01"}));
+            QCOMPARE(details["nota"].mid(2), QStringList(7, QString()));
+            QCOMPARE(details["nota"][0], QStringLiteral("5"));
+        }
+
+        for (const QString name : {"lista.xls", "lista.mdb", "lista.tsv"}) {
+            const QString output = dir.filePath(name);
+            QCOMPARE(scan({r, "--mask", "*.flac", "--group", "Disco 1", "--output", output}).status,
+                     0);
+            QList<database::CatalogueRecord> rows;
+            QList<core::DiscRecord> discs;
+            const database::LoadOutcome loaded = database::readAnyCatalogue(
+                output, {{},
+                         {},
+                         [&rows](database::CatalogueRecord&& r) { rows.append(r); },
+                         [&discs](QList<core::DiscRecord>&& d) { discs = d; }});
+            QVERIFY2(loaded.ok, qPrintable(name + ": " + loaded.reason));
+            QCOMPARE(rows.size(), 2);
+            const auto& uno = rows[0].nombre == "uno" ? rows[0] : rows[1];
+            if (name.endsWith("tsv")) {
+                QCOMPARE(uno.details.artist, QStringLiteral("Mercedes Quiroga"));
+                QCOMPARE(uno.details.size, size);
+                QCOMPARE(uno.details.duration, 1);
+            }
+            if (!name.endsWith("tsv") && !discs.isEmpty()) {
+                QCOMPARE(uno.details.year, quint16(1979));
+                QCOMPARE(discs.size(), 1);
+                QCOMPARE(discs[0].origen, QStringLiteral("Disco 1"));
+                QCOMPARE(discs[0].etiqueta, QStringLiteral("DISCO_1"));
+                QCOMPARE(discs[0].serie, QStringLiteral("1A2B-3C4D"));
+                QCOMPARE(discs[0].capacidad, 5'000'000'000LL);
+                QCOMPARE(discs[0].carpeta, r.mid(prefix.size()) + "/");
+                QCOMPARE(discs[0].mascara, QStringLiteral("*.flac"));
+            }
+        }
     }
 
     void outputSavesTheRows_data()

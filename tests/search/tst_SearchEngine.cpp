@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SearchFakes.h"
 
+#include <QDateTime>
 #include <QTest>
 
 using namespace nubo;
@@ -196,8 +197,52 @@ private slots:
         rig.window.folder = "/m/sub";
         rig.dialogs.inputAnswers.enqueue(QStringLiteral("Rock"));
         rig.engine.StartSearch("/");
-        QCOMPARE(rig.volumes.asked, (QStringList{"/m", "/m/"}));
+        QCOMPARE(rig.volumes.asked.mid(0, 2), (QStringList{"/m", "/m/"}));
         QCOMPARE(rig.last(rig.volumeDetails, 2).toString(), QStringLiteral("iso9660"));
+    }
+
+    // Every search that walks records the disc of the folder searched, stopped or not; an
+    // optical disc's details are read in the order found.
+    void eachSearchRecordsItsDisc_data()
+    {
+        QTest::addColumn<platform::DriveType>("type");
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("carpeta");
+        QTest::newRow("disk folder") << platform::DriveType::Fixed << "/m/sub"
+                                     << "/sub/";
+        QTest::newRow("optical root") << platform::DriveType::CdRom << "/m"
+                                      << "/";
+    }
+    void eachSearchRecordsItsDisc()
+    {
+        QFETCH(platform::DriveType, type);
+        QFETCH(QString, folder);
+        QFETCH(QString, carpeta);
+        Rig rig;
+        rig.drives.list.last().type = type;
+        rig.volumes.detailsByPath.insert("/m", {"DISCO 1", 0x80001234, 255, 1, "iso9660"});
+        rig.volumes.spaceByPath.insert("/m", {700'000'000, 0});
+        const qint64 before = QDateTime::currentSecsSinceEpoch();
+        rig.searchFolder(folder, "*.mp3");
+        QCOMPARE(rig.host.discs.size(), 1);
+        const core::DiscRecord& disc = rig.host.discs.first();
+        QCOMPARE(disc.etiqueta, QStringLiteral("DISCO 1"));
+        QCOMPARE(disc.serie, QStringLiteral("8000-1234"));
+        QCOMPARE(disc.sistema, QStringLiteral("iso9660"));
+        QCOMPARE(disc.capacidad, 700'000'000);
+        QCOMPARE(disc.libre, 0);
+        QVERIFY(disc.fecha >= before && disc.fecha <= QDateTime::currentSecsSinceEpoch());
+        QCOMPARE(disc.carpeta, carpeta);
+        QCOMPARE(disc.mascara, QStringLiteral("*.mp3"));
+        QCOMPARE(rig.host.readsInOrder, type == platform::DriveType::CdRom);
+        QVERIFY(!rig.host.walking);
+
+        rig.host.onAdd = [&rig](int) { rig.engine.requestStop(); };
+        rig.searchFolder(folder, "*.MP3");
+        QCOMPARE(rig.host.discs.size(), 2);
+        QCOMPARE(rig.host.discs.last().mascara, QStringLiteral("*.MP3"));
+        rig.searchFolder(folder, QString()); // an empty mask walks nothing, records nothing
+        QCOMPARE(rig.host.discs.size(), 2);
     }
 
     void theMatchOverflowAbandonsTheWalkAndKeepsTheCount()

@@ -82,7 +82,8 @@ int main(int argc, char** argv)
     QList<nubo::cli::CliCommand> commands;
     commands += nubo::tags::cli::tagCommands();
     const nubo::platform::PlatformServices services = nubo::platform::createLinuxPlatform();
-    commands += nubo::search::cli::scanCommand(*services.drives, *services.directories);
+    commands +=
+        nubo::search::cli::scanCommand(*services.drives, *services.directories, *services.volumes);
     commands += nubo::database::cli::databaseCommands();
     commands += nubo::print::cli::coverCommand();
     const nubo::cli::Cli cli(commands);

@@ -8,8 +8,8 @@
 #include "catalogue/ISearchLauncher.h"
 #include "catalogue/ListFilter.h"
 #include "catalogue/RowDetails.h"
-#include "catalogue/ui/DiscsWindow.h"
 #include "catalogue/ui/ColumnChooser.h"
+#include "catalogue/ui/DiscsWindow.h"
 #include "catalogue/ui/FindBar.h"
 #include "catalogue/ui/Form1.h"
 
@@ -79,6 +79,7 @@ void Form1::createListMenu()
          &Form1::printCoverRequested)
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
     item(list, "mnuBuscarLista", QStringLiteral("&Buscar en la lista..."), this, [this] {
+        (void)m_catalogue.waitForDetails();
         m_findBar->open();
     })->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     // Our own entry: the disc record of each group, where the user says where each disc is.

@@ -43,6 +43,10 @@ bool CatalogueTransfer::refuseTooLongForDatabase(const QList<CatalogueRecord>& r
 
 TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
 {
+    // Every row's details are read before the rows are taken; Escape during that wait keeps
+    // the details read so far and the save goes on. The program's end stops it unwritten.
+    if (!m_s.catalogue.waitForDetails() && m_exiting)
+        return TransferOutcome::Failed;
     TransferRun run(*this);
     if (!run)
         return TransferOutcome::Failed;

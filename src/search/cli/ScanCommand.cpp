@@ -3,11 +3,13 @@
 
 #include "catalogue/Catalogue.h"
 #include "database/CatalogueFiles.h"
+#include "search/DiscSurvey.h"
 #include "search/DriveList.h"
 #include "search/FolderWalker.h"
 #include "search/cli/SilentDialogs.h"
 #include "tags/FileProperties.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -37,11 +39,14 @@ const char* const kUsage =
 
 const char* const kHelp =
     "\nSin --output, o con --output ARCHIVO.tsv, escribe una fila por archivo: NOMBRE, CARPETA,\n"
-    "ORIGEN, FORMATO y UNIDAD\n"
-    "separados por tabuladores; con --tags siguen TITULO, ARTISTA, ALBUM, AÑO, PISTA y\n"
-    "DURACION de las etiquetas del archivo. Dentro de un campo, la barra invertida se escribe "
-    "\\\\,\n"
+    "ORIGEN, FORMATO y UNIDAD; con --tags siguen TITULO, ARTISTA, ALBUM, AÑO, PISTA y\n"
+    "DURACION de las etiquetas del archivo; y al final siempre TAMAÑO (bytes), FECHA\n"
+    "(aaaa-mm-dd hh:mm), TITULO, ARTISTA, ALBUM, AÑO, PISTA, GENERO y DURACION, separados\n"
+    "por tabuladores. Dentro de un campo, la barra invertida se escribe \\\\,\n"
     "el tabulador \\t, el salto de linea \\n y el retorno de carro \\r.\n"
+    "Con --output ARCHIVO.xls o .mdb guarda todas las columnas y, en la hoja o tabla\n"
+    "\"Discos\", el disco de cada carpeta (etiqueta, serie, sistema, capacidad, libre, fecha,\n"
+    "carpeta y mascara) bajo el nombre de --group.\n"
     "Un nombre que no es UTF-8 valido no se puede catalogar: se avisa en la salida de\n"
     "errores, se omite (con su carpeta, si lo es) y el estado de salida es 2.\n";
 
@@ -200,8 +205,9 @@ QString tagColumns(const QString& path)
 
 // Saves the rows in list order with the list's column captions; the previous file survives a
 // failed save.
-int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& io)
+int saveRows(const catalogue::Catalogue& catalogue, const QString& path, CliIo& io)
 {
+    const catalogue::CatalogueList& list = catalogue.list();
     // A scan that found nothing (an unplugged disc, a mistyped mask) must not empty a catalogue.
     if (list.count() == 0) {
         io.err << "nubo-cli scan: no se ha encontrado ningún archivo; " << path
@@ -214,7 +220,9 @@ int saveRows(const catalogue::CatalogueList& list, const QString& path, CliIo& i
             return database::CatalogueRecord{row.nombre, row.direccion, row.origen, row.formato,
                                              row.details};
         }};
-    const database::SaveOutcome outcome = database::saveCatalogue(path, {}, rows);
+    database::CatalogueSaveOptions options;
+    options.discs = catalogue.discs().records();
+    const database::SaveOutcome outcome = database::saveCatalogue(path, options, rows);
     if (!outcome.ok) {
         io.err << "nubo-cli scan: no se puede guardar " << path << ": " << outcome.reason << '\n';
         return nubo::cli::kFileError;
@@ -233,6 +241,8 @@ void writeRows(const catalogue::CatalogueList& list, const ScanHost& host, bool 
             << '\t' << field(row.formato) << '\t' << field(row.unidad);
         if (tags)
             out << tagColumns(host.pathOf(p));
+        for (int f = 0; f < core::kDetailFieldCount; ++f)
+            out << '\t' << field(row.details.text(static_cast<core::DetailField>(f)));
         out << '\n';
     }
 }
@@ -256,8 +266,35 @@ int saveTsv(const catalogue::CatalogueList& list, const ScanHost& host, bool tag
     return nubo::cli::kFileError;
 }
 
+// Each folder's disc is recorded under the scan's group; scanning several folders of one group
+// keeps the last one's.
+void recordDiscs(catalogue::Catalogue& catalogue, const platform::IVolumes& volumes,
+                 const platform::IDrives& drives, const ScanArguments& scan)
+{
+    for (const QString& folder : scan.folders) {
+        core::DiscRecord record =
+            surveyDisc(volumes, drives, QDir::cleanPath(QFileInfo(folder).absoluteFilePath()),
+                       scan.mask, QDateTime::currentSecsSinceEpoch());
+        record.origen = scan.group;
+        catalogue.discs().recordSearch(record);
+    }
+}
+
+// The rows to standard output, a .tsv, or a catalogue file; the status to end with.
+int writeOutput(const catalogue::Catalogue& catalogue, const ScanHost& host,
+                const ScanArguments& scan, CliIo& io)
+{
+    if (scan.output.isEmpty()) {
+        writeRows(catalogue.list(), host, scan.tags, io.out);
+        return nubo::cli::kOk;
+    }
+    if (isTsvName(scan.output))
+        return saveTsv(catalogue.list(), host, scan.tags, scan.output, io);
+    return saveRows(catalogue, scan.output, io);
+}
+
 int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& directories,
-            const QStringList& args, CliIo& io)
+            const platform::IVolumes& volumes, const QStringList& args, CliIo& io)
 {
     const nubo::cli::Parsed<ScanArguments> parsed = parse(args, io);
     if (const auto* status = std::get_if<nubo::cli::ExitStatus>(&parsed))
@@ -281,16 +318,12 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
         (void)walker.WalkFolder(
             DriveList::withSlash(QDir::cleanPath(QFileInfo(folder).absoluteFilePath())));
     }
+    // Every row's details are read before anything is written.
+    (void)catalogue.waitForDetails();
     host.finish();
+    recordDiscs(catalogue, volumes, drives, scan);
 
-    const catalogue::CatalogueList& list = catalogue.list();
-    int status = nubo::cli::kOk;
-    if (scan.output.isEmpty())
-        writeRows(list, host, scan.tags, io.out);
-    else if (isTsvName(scan.output))
-        status = saveTsv(list, host, scan.tags, scan.output, io);
-    else
-        status = saveRows(list, scan.output, io);
+    const int status = writeOutput(catalogue, host, scan, io);
     if (host.leftOut() > 0) {
         io.err << "nubo-cli scan: " << host.leftOut() << " nombres omitidos\n";
         return nubo::cli::kFileError;
@@ -301,14 +334,15 @@ int runScan(const platform::IDrives& drives, const platform::IDirectoryReader& d
 } // namespace
 
 nubo::cli::CliCommand scanCommand(const platform::IDrives& drives,
-                                  const platform::IDirectoryReader& directories)
+                                  const platform::IDirectoryReader& directories,
+                                  const platform::IVolumes& volumes)
 {
     return {QStringLiteral("scan"),
             QStringLiteral("scan CARPETA... [--mask M] [--group G] [--output ARCHIVO] [--tags]"),
             QStringLiteral("Busca archivos como la ventana de búsqueda y muestra las filas "
                            "(scan --help: campos escapados)"),
-            [&drives, &directories](const QStringList& args, CliIo& io) {
-                return runScan(drives, directories, args, io);
+            [&drives, &directories, &volumes](const QStringList& args, CliIo& io) {
+                return runScan(drives, directories, volumes, args, io);
             }};
 }
 

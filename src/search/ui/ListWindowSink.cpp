@@ -56,4 +56,22 @@ bool ListWindowSink::refuseWhileListBusy()
     return m_catalogue.refuseWhileBusy();
 }
 
+void ListWindowSink::walkStarts(bool opticalDisc)
+{
+    m_catalogue.detailReader().setInOrder(opticalDisc);
+    m_catalogue.detailReader().setWalking(true);
+}
+
+void ListWindowSink::walkEnds()
+{
+    m_catalogue.detailReader().setWalking(false);
+}
+
+void ListWindowSink::recordDisc(const core::DiscRecord& record)
+{
+    core::DiscRecord named = record;
+    named.origen = m_catalogue.groupName();
+    m_catalogue.discs().recordSearch(named);
+}
+
 } // namespace nubo::search

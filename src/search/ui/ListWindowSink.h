@@ -29,6 +29,10 @@ public:
     int rowCount() const override;
     QString volumeName() const override;
     bool refuseWhileListBusy() override;
+    void walkStarts(bool opticalDisc) override;
+    void walkEnds() override;
+    // The record goes to the list's discs under the group the search's rows carry.
+    void recordDisc(const core::DiscRecord& record) override;
 
 private:
     catalogue::Catalogue& m_catalogue;
