@@ -161,7 +161,7 @@ private:
     ListFilter* m_filter = nullptr; // the rows the list shows
     FindBar* m_findBar = nullptr;
     DiscsWindow* m_discsWindow = nullptr; // made when first asked for
-    ColumnChooser* m_columns = nullptr; // the detail columns shown
+    ColumnChooser* m_columns = nullptr;   // the detail columns shown
     QAction* mnuPropiedades = nullptr;
 
     void fitBackground();
