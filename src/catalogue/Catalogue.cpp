@@ -228,7 +228,7 @@ EmptyOutcome Catalogue::offerToSave()
 // The order is one setting for the whole list and flips on every click, whatever the column.
 void Catalogue::SortByColumn(int column)
 {
-    if (column < 0 || column >= kColumnCount)
+    if (column < 0 || column >= kColumnCount || refuseWhileBusy())
         return;
     // A sort made before every row's details are read sorts them all read; after Escape, the
     // details read so far.

@@ -18,12 +18,10 @@ QString discsTableName()
     return QStringLiteral("Discos");
 }
 
+// Kept: the panel shows the serial as a signed number, negative past 2^31.
 QString serialText(quint32 serial)
 {
-    return QStringLiteral("%1-%2")
-        .arg(serial >> 16, 4, 16, QLatin1Char('0'))
-        .arg(serial & 0xFFFF, 4, 16, QLatin1Char('0'))
-        .toUpper();
+    return QString::number(qint32(serial));
 }
 
 const DiscRecord* findDisc(const QList<DiscRecord>& records, const QString& origen)

@@ -39,7 +39,7 @@ struct DiscRecord
 
     QString origen;             // the group name its rows carry
     QString etiqueta;           // volume label
-    QString serie;              // serial number as the volume panel shows it ("1A2B-3C4D")
+    QString serie;              // serial number as the volume panel shows it
     QString sistema;            // file system
     qint64 capacidad = kNoSize; // bytes
     qint64 libre = kNoSize;     // bytes
@@ -57,7 +57,7 @@ struct DiscRecord
     bool operator==(const DiscRecord&) const = default;
 };
 
-// The serial number as the volume panel shows it: two groups of four hex digits.
+// The serial number as the volume panel shows it.
 QString serialText(quint32 serial);
 
 // The record of a group in records, or nullptr.

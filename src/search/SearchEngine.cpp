@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "search/SearchEngine.h"
 
+#include "core/DiscRecord.h"
 #include "core/RuntimeError.h"
 #include "search/DiscSurvey.h"
 #include "search/DriveList.h"
@@ -130,7 +131,7 @@ void SearchEngine::ShowVolumeDetails(const QString& root)
     emit volumeNameChanged(details->label);
     // Serials from 0x80000000 up read as negative numbers, as a signed 32-bit number shows them.
     // The doubled ampersand is the caption's own: the label shows one.
-    emit volumeDetailsFound(QString::number(qint32(details->serial)),
+    emit volumeDetailsFound(core::serialText(details->serial),
                             QString::number(details->maxComponentLength), details->fileSystem,
                             QStringLiteral("&&H") + QString::number(details->flags, 16).toUpper());
 }

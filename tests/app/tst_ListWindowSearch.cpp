@@ -94,7 +94,7 @@ private slots:
         const core::DiscRecord* disc = rig.list.catalogue.discs().find(box->text());
         QVERIFY(disc);
         QCOMPARE(disc->etiqueta, QStringLiteral("DISCO"));
-        QCOMPARE(disc->serie, QStringLiteral("8000-0001"));
+        QCOMPARE(disc->serie, QStringLiteral("-2147483647"));
         QCOMPARE(disc->mascara, QStringLiteral("*.mp3"));
     }
 

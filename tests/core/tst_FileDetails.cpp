@@ -68,8 +68,8 @@ private slots:
         QCOMPARE(disc.text(DiscField::Libre), QString());
         QCOMPARE(disc.text(DiscField::Fecha), QString());
         QCOMPARE(disc.ubicacion, QStringLiteral("Estante 3, caja azul"));
-        QCOMPARE(nubo::core::serialText(0x1a2b3c4d), QStringLiteral("1A2B-3C4D"));
-        QCOMPARE(nubo::core::serialText(0xbeef), QStringLiteral("0000-BEEF"));
+        QCOMPARE(nubo::core::serialText(0x1a2b3c4d), QStringLiteral("439041101"));
+        QCOMPARE(nubo::core::serialText(0xfffffffe), QStringLiteral("-2"));
     }
 };
 

@@ -81,7 +81,7 @@ private slots:
                "Quiroga\t\t1979\t7\t\t1:02:05\n"
                "Otro\t\\\tDisco 1\tWAV\tNN\t\t\t\t\t\t\t\t\t\n";
         QTest::newRow("discs") << int(cli::Listing::Discs)
-                               << "Disco 1\tMUSICA\t1A2B-3C4D\t\t700000000\t\t\t\\\t*.mp3\t"
+                               << "Disco 1\tMUSICA\t439041101\t\t700000000\t\t\t\\\t*.mp3\t"
                                   "Estante 3, caja azul\tprestado a Luis\n";
     }
     void listsEveryColumnOrTheDiscs()

@@ -51,7 +51,7 @@ QList<DiscRecord> databaseDiscs()
 {
     DiscRecord one{QStringLiteral("=grupo"),
                    QStringLiteral("DISCO_1"),
-                   QStringLiteral("1A2B-3C4D"),
+                   QStringLiteral("439041101"),
                    QStringLiteral("iso9660"),
                    qint64(700) << 20,
                    0,

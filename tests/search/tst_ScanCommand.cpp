@@ -143,7 +143,7 @@ private slots:
                 QCOMPARE(discs.size(), 1);
                 QCOMPARE(discs[0].origen, QStringLiteral("Disco 1"));
                 QCOMPARE(discs[0].etiqueta, QStringLiteral("DISCO_1"));
-                QCOMPARE(discs[0].serie, QStringLiteral("1A2B-3C4D"));
+                QCOMPARE(discs[0].serie, QStringLiteral("439041101"));
                 QCOMPARE(discs[0].capacidad, 5'000'000'000LL);
                 QCOMPARE(discs[0].carpeta, r.mid(prefix.size()) + "/");
                 QCOMPARE(discs[0].mascara, QStringLiteral("*.flac"));

@@ -227,7 +227,7 @@ private slots:
         QCOMPARE(rig.host.discs.size(), 1);
         const core::DiscRecord& disc = rig.host.discs.first();
         QCOMPARE(disc.etiqueta, QStringLiteral("DISCO 1"));
-        QCOMPARE(disc.serie, QStringLiteral("8000-1234"));
+        QCOMPARE(disc.serie, QStringLiteral("-2147478988"));
         QCOMPARE(disc.sistema, QStringLiteral("iso9660"));
         QCOMPARE(disc.capacidad, 700'000'000);
         QCOMPARE(disc.libre, 0);

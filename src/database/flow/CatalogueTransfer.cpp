@@ -43,20 +43,6 @@ CatalogueHeader CatalogueTransfer::header() const
     return {captions[0], captions[1], captions[2], captions[3]};
 }
 
-// The rows a save writes, top first, taken once as it starts: nothing that runs while the save
-// lets events run can put blank or shifted rows into the file.
-QList<CatalogueRecord> CatalogueTransfer::records() const
-{
-    const catalogue::CatalogueList& list = m_s.catalogue.list();
-    QList<CatalogueRecord> rows;
-    rows.reserve(list.count());
-    for (int p = 0; p < list.count(); ++p) {
-        const catalogue::CatalogueRow& row = list.row(p);
-        rows.append({row.nombre, row.direccion, row.origen, row.formato, row.details});
-    }
-    return rows;
-}
-
 void CatalogueTransfer::appendRow(const CatalogueRecord& record)
 {
     m_s.catalogue.list().appendAtBottom({record.nombre, record.direccion, record.origen,

@@ -24,6 +24,7 @@ namespace nubo::database {
 
 class ITransferView;
 class TransferRun;
+struct CatalogueRowSource;
 struct LoadHooks;
 struct LoadOutcome;
 struct SaveHooks;
@@ -74,7 +75,6 @@ private:
     friend class TransferRun;
 
     CatalogueHeader header() const;
-    QList<CatalogueRecord> records() const;
     void appendRow(const CatalogueRecord& record);
     bool stopSeen();
     bool nextRow(qsizetype index);
@@ -92,7 +92,7 @@ private:
     TransferOutcome fileFailed(const QString& path, const QString& reason);
     QString targetRefusal(const QString& path) const;
     bool mayDropWorkbookExtras(const QString& path);
-    bool refuseTooLongForDatabase(const QList<CatalogueRecord>& rows, const QString& path);
+    bool refuseTooLongForDatabase(const CatalogueRowSource& rows, const QString& path);
     TransferOutcome showLoaded(qsizetype added, const QString& path, bool cancelled);
 
     TransferServices m_s;

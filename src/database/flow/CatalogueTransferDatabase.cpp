@@ -5,6 +5,7 @@
 #include "database/CatalogueFiles.h"
 #include "database/DatabaseWriter.h"
 #include "database/flow/CatalogueTransfer.h"
+#include "database/flow/SavedListRows.h"
 #include "database/flow/TransferRun.h"
 #include "platform/IDialogs.h"
 
@@ -14,12 +15,13 @@ using catalogue::colours::kRed;
 
 // A database field holds at most DatabaseWriter::kMaxText characters, and folders on Linux are
 // often longer: such a row is named before anything is written, and the old file stays.
-bool CatalogueTransfer::refuseTooLongForDatabase(const QList<CatalogueRecord>& rows,
+bool CatalogueTransfer::refuseTooLongForDatabase(const CatalogueRowSource& rows,
                                                  const QString& path)
 {
-    for (qsizetype r = 0; r < rows.size(); ++r) {
+    for (qsizetype r = 0; r < rows.count; ++r) {
+        const CatalogueRecord record = rows.row(r);
         for (int field = 0; field < 4; ++field) {
-            const qsizetype length = rows[r].field(field).size();
+            const qsizetype length = record.field(field).size();
             if (length <= DatabaseWriter::kMaxText)
                 continue;
             const QString row = QString::number(r + 1);
@@ -50,7 +52,8 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
     TransferRun run(*this);
     if (!run)
         return TransferOutcome::Failed;
-    const QList<CatalogueRecord> rows = records();
+    const SavedListRows listRows(m_s.catalogue.list());
+    const CatalogueRowSource rows = listRows.source();
     if (refuseTooLongForDatabase(rows, path))
         return TransferOutcome::Failed;
     if (const QString refusal = targetRefusal(path); !refusal.isEmpty())
@@ -60,7 +63,7 @@ TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
     // Kept: a cancelled save ends with the record begun at the cancel, stored empty.
     options.stopLeavesEmptyRecord = true;
     options.discs = m_s.catalogue.discs().records();
-    const SaveOutcome saved = saveDatabase(path, options, rowsOf(rows), saveHooks(run));
+    const SaveOutcome saved = saveDatabase(path, options, rows, saveHooks(run));
     if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // the temporary file goes, the previous file stays
     if (!saved.ok && !saved.discarded)

@@ -6,6 +6,7 @@
 #include "database/CatalogueFiles.h"
 #include "database/WorkbookSurvey.h"
 #include "database/flow/CatalogueTransfer.h"
+#include "database/flow/SavedListRows.h"
 #include "database/flow/TransferRun.h"
 #include "platform/IDialogs.h"
 
@@ -29,12 +30,13 @@ TransferOutcome CatalogueTransfer::SaveListToWorkbook(const QString& path)
         return fileFailed(path, refusal);
     if (!mayDropWorkbookExtras(path))
         return TransferOutcome::Failed;
-    const QList<CatalogueRecord> rows = records();
+    const SavedListRows listRows(m_s.catalogue.list());
+    const CatalogueRowSource rows = listRows.source();
     CatalogueSaveOptions options{header(), m_s.sheet.sheetName, std::nullopt};
     options.discs = m_s.catalogue.discs().records();
     if (m_s.options.isOn(core::Option::ConfigExcel))
         options.style = m_s.sheet.style;
-    const SaveOutcome saved = saveWorkbook(path, options, rowsOf(rows), saveHooks(run));
+    const SaveOutcome saved = saveWorkbook(path, options, rows, saveHooks(run));
     if (saved.discarded && m_exiting)
         return TransferOutcome::Failed; // nothing was written: the previous file stays
     if (!saved.ok && !saved.discarded && saved.failedAt == SaveStage::Finish)
