@@ -5,6 +5,7 @@
 // reports its time and its peak memory (goal: each step under 3 s and 600 MB).
 #include "catalogue/CatalogueList.h"
 #include "database/CatalogueFiles.h"
+#include "database/flow/SavedListRows.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -71,7 +72,7 @@ double cpuSeconds()
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-// The save: the list's rows taken as the save flow takes them, then written.
+// The save: the list's rows read as the save flow reads them, and written.
 int save(const QString& path)
 {
     catalogue::CatalogueList list;
@@ -80,13 +81,8 @@ int save(const QString& path)
     const double cpu = cpuSeconds();
     QElapsedTimer timer;
     timer.start();
-    QList<CatalogueRecord> rows;
-    rows.reserve(list.count());
-    for (int p = 0; p < list.count(); ++p) {
-        const catalogue::CatalogueRow& r = list.row(p);
-        rows.append({r.nombre, r.direccion, r.origen, r.formato, r.details});
-    }
-    const SaveOutcome saved = saveDatabase(path, {}, rowsOf(rows));
+    const SavedListRows rows(list);
+    const SaveOutcome saved = saveDatabase(path, {}, rows.source());
     const double elapsed = double(timer.nsecsElapsed()) / 1e9;
     if (!saved.ok || saved.written != kRows)
         return 1;

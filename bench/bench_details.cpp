@@ -4,6 +4,7 @@
 // loop), and the search's rows alone against find(1) (goal: within 3 x find).
 // Usage: bench_details [--tree FOLDER]  (a temporary folder by default; kept and reused when
 // given).
+#include "TaggedTree.h"
 #include "app/ListWindowSearch.h"
 #include "catalogue/ui/ListWindow.h"
 #include "core/Options.h"
@@ -34,38 +35,6 @@ namespace {
 
 constexpr int kFiles = 30000;
 constexpr int kFolders = 300;
-
-TagLib::String text(const QString& value)
-{
-    return TagLib::String(value.toStdString(), TagLib::String::UTF8);
-}
-
-// kFiles copies of a one-second MP3 in kFolders folders, each with its own tags.
-bool buildTree(const QString& root)
-{
-    const QString source = QStringLiteral(NUBO_SOURCE_DIR "/tests/tags/fixtures/tone.mp3");
-    for (int i = 0; i < kFiles; ++i) {
-        const QString folder =
-            QStringLiteral("%1/disco%2").arg(root).arg(i % kFolders, 3, 10, QLatin1Char('0'));
-        const QString path = QStringLiteral("%1/pista%2.mp3").arg(folder).arg(i);
-        if (!QDir().mkpath(folder) || !QFile::copy(source, path))
-            return false;
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
-        TagLib::FileRef ref(QFile::encodeName(path).constData());
-        if (ref.isNull())
-            return false;
-        TagLib::Tag* tag = ref.tag();
-        tag->setTitle(text(QStringLiteral("Canción número %1").arg(i)));
-        tag->setArtist(text(QStringLiteral("Intérprete %1").arg(i % 37)));
-        tag->setAlbum(text(QStringLiteral("Álbum %1").arg(i % kFolders)));
-        tag->setGenre(text(QStringLiteral("Folk")));
-        tag->setYear(1960 + i % 60);
-        tag->setTrack(1 + i / kFolders);
-        if (!ref.save())
-            return false;
-    }
-    return true;
-}
 
 // The best of three runs after a warming one, in milliseconds; count: the last run's result.
 double bestOfThree(const std::function<qint64()>& run, qint64& count)
@@ -176,7 +145,8 @@ int main(int argc, char** argv)
     parser.process(application);
     QTemporaryDir temporary;
     const QString root = parser.isSet(tree) ? parser.value(tree) : temporary.path();
-    if (!QDir(root).exists(QStringLiteral("disco000")) && !buildTree(root)) {
+    if (!QDir(root).exists(QStringLiteral("disco000")) &&
+        !bench::buildTaggedTree(root, kFiles, kFolders)) {
         std::fprintf(stderr, "bench_details: cannot build the files in %s\n", qPrintable(root));
         return 2;
     }

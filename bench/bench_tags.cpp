@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // nubo-cli scan --tags over 10,000 tagged MP3 files against a plain scan of the same tree
 // (goal: under 3 s warm). Usage: bench_tags [FOLDER]  (a temporary folder by default).
+#include "TaggedTree.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -8,45 +9,12 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <taglib/fileref.h>
-#include <taglib/tag.h>
-
 #include <cstdio>
 
 namespace {
 
 constexpr int kFiles = 10000;
 constexpr int kFolders = 100;
-
-TagLib::String text(const QString& value)
-{
-    return TagLib::String(value.toStdString(), TagLib::String::UTF8);
-}
-
-// kFiles copies of a one-second MP3, kFolders folders of them, each with its own tags.
-bool buildTree(const QString& root)
-{
-    const QString source = QStringLiteral(NUBO_SOURCE_DIR "/tests/tags/fixtures/tone.mp3");
-    for (int i = 0; i < kFiles; ++i) {
-        const QString folder =
-            QStringLiteral("%1/disco%2").arg(root).arg(i % kFolders, 3, 10, QLatin1Char('0'));
-        const QString path = QStringLiteral("%1/pista%2.mp3").arg(folder).arg(i);
-        if (!QDir().mkpath(folder) || !QFile::copy(source, path))
-            return false;
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
-        TagLib::FileRef ref(QFile::encodeName(path).constData());
-        if (ref.isNull())
-            return false;
-        ref.tag()->setTitle(text(QStringLiteral("Canción número %1").arg(i)));
-        ref.tag()->setArtist(text(QStringLiteral("Intérprete %1").arg(i % 37)));
-        ref.tag()->setAlbum(text(QStringLiteral("Álbum %1").arg(i % kFolders)));
-        ref.tag()->setYear(1960 + i % 60);
-        ref.tag()->setTrack(1 + i / kFolders);
-        if (!ref.save())
-            return false;
-    }
-    return true;
-}
 
 // The best of three runs after a warming one, in milliseconds; rows: the lines printed.
 double bestOfThree(const QString& cli, const QStringList& args, qint64& rows)
@@ -73,7 +41,8 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     QTemporaryDir temporary;
     const QString root = argc > 1 ? QString::fromLocal8Bit(argv[1]) : temporary.path();
-    if (!QDir(root).exists(QStringLiteral("disco000")) && !buildTree(root)) {
+    if (!QDir(root).exists(QStringLiteral("disco000")) &&
+        !nubo::bench::buildTaggedTree(root, kFiles, kFolders)) {
         std::fprintf(stderr, "bench_tags: cannot build the tree in %s\n", qPrintable(root));
         return 1;
     }
