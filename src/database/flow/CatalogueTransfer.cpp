@@ -49,6 +49,13 @@ void CatalogueTransfer::appendRow(const CatalogueRecord& record)
                                          record.formato, loadedRowDrive(), record.details});
 }
 
+// Every row's details are read before a save takes the rows; Escape during that wait keeps the
+// details read so far and the save goes on. False: the program's end stops the save unwritten.
+bool CatalogueTransfer::detailsReadForSave()
+{
+    return m_s.catalogue.waitForDetails() || !m_exiting;
+}
+
 // Lets pending events run, then reads the cancel and exit flags: once per row.
 bool CatalogueTransfer::stopSeen()
 {

@@ -76,6 +76,7 @@ private:
 
     CatalogueHeader header() const;
     void appendRow(const CatalogueRecord& record);
+    bool detailsReadForSave();
     bool stopSeen();
     bool nextRow(qsizetype index);
     SaveHooks saveHooks(TransferRun& run);

@@ -45,9 +45,7 @@ bool CatalogueTransfer::refuseTooLongForDatabase(const CatalogueRowSource& rows,
 
 TransferOutcome CatalogueTransfer::SaveListToDatabase(const QString& path)
 {
-    // Every row's details are read before the rows are taken; Escape during that wait keeps
-    // the details read so far and the save goes on. The program's end stops it unwritten.
-    if (!m_s.catalogue.waitForDetails() && m_exiting)
+    if (!detailsReadForSave())
         return TransferOutcome::Failed;
     TransferRun run(*this);
     if (!run)
