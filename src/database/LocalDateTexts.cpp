@@ -39,7 +39,7 @@ int digitsAt(const QString& text, qsizetype at, int count)
 
 } // namespace
 
-int LocalDateTexts::offsetOfUtcHour(qint64 hour)
+int LocalDateTexts::offsetOfUtcHour(qint64 hour) const
 {
     const auto found = m_utcHours.constFind(hour);
     if (found != m_utcHours.cend())
@@ -51,7 +51,7 @@ int LocalDateTexts::offsetOfUtcHour(qint64 hour)
 
 // A clock time that is never skipped or repeated: its offset holds from the hour before to the
 // hour after, so no change of offset is near.
-int LocalDateTexts::offsetOfLocalHour(qint64 hour)
+int LocalDateTexts::offsetOfLocalHour(qint64 hour) const
 {
     const auto found = m_localHours.constFind(hour);
     if (found != m_localHours.cend())
@@ -70,8 +70,10 @@ int LocalDateTexts::offsetOfLocalHour(qint64 hour)
     return m_localHours[hour] = steady ? start.offsetFromUtc() : kChanging;
 }
 
-QString LocalDateTexts::text(qint64 secondsSinceEpoch)
+QString LocalDateTexts::text(qint64 secondsSinceEpoch) const
 {
+    if (secondsSinceEpoch == core::FileDetails::kNoDate)
+        return {};
     const int offset = offsetOfUtcHour(floorDiv(secondsSinceEpoch, kHour));
     const qint64 local = secondsSinceEpoch + offset;
     const QDate date = QDate::fromJulianDay(floorDiv(local, kDay) + kUnixEpochJulianDay);
@@ -92,7 +94,7 @@ QString LocalDateTexts::text(qint64 secondsSinceEpoch)
     return text;
 }
 
-std::optional<qint64> LocalDateTexts::fromText(const QString& text)
+std::optional<qint64> LocalDateTexts::fromText(const QString& text) const
 {
     if (text.size() != kTextSize || text.at(4) != u'-' || text.at(7) != u'-' ||
         text.at(10) != u' ' || text.at(13) != u':')

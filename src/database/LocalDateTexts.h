@@ -17,17 +17,19 @@ namespace nubo::database {
 class LocalDateTexts final
 {
 public:
-    QString text(qint64 secondsSinceEpoch);
-    std::optional<qint64> fromText(const QString& text);
+    // An empty text for an unknown date (core::FileDetails::kNoDate).
+    QString text(qint64 secondsSinceEpoch) const;
+    std::optional<qint64> fromText(const QString& text) const;
 
 private:
     static constexpr int kChanging = std::numeric_limits<int>::min();
 
-    int offsetOfUtcHour(qint64 hour);
-    int offsetOfLocalHour(qint64 hour);
+    int offsetOfUtcHour(qint64 hour) const;
+    int offsetOfLocalHour(qint64 hour) const;
 
-    QHash<qint64, int> m_utcHours;
-    QHash<qint64, int> m_localHours;
+    // Offsets found so far, kept across calls of the const reads.
+    mutable QHash<qint64, int> m_utcHours;
+    mutable QHash<qint64, int> m_localHours;
 };
 
 } // namespace nubo::database

@@ -4,7 +4,7 @@
 #include "core/DiscRecord.h"
 #include "database/BiffWorkbookParser.h"
 #include "database/CatalogueRecord.h"
-#include "database/SheetDates.h"
+#include "database/LocalDateTexts.h"
 #include "platform/Outcome.h"
 
 #include <QByteArray>
@@ -49,7 +49,7 @@ private:
     BiffSheetContent m_sheet;
     QList<std::pair<quint16, core::DetailField>> m_detailColumns; // found by their captions
     QList<std::pair<quint16, core::DiscField>> m_discColumns;
-    SheetDates m_dates;
+    LocalDateTexts m_dates;
 };
 
 } // namespace nubo::database

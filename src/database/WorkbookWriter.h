@@ -5,7 +5,7 @@
 #include "database/BiffSheet.h"
 #include "database/BiffStrings.h"
 #include "database/CatalogueRecord.h"
-#include "database/SheetDates.h"
+#include "database/LocalDateTexts.h"
 #include "database/SheetStyle.h"
 #include "platform/Outcome.h"
 
@@ -72,7 +72,7 @@ private:
     BiffSharedStrings m_strings;
     Sheet m_rows;
     Sheet m_discs;
-    SheetDates m_dates;
+    LocalDateTexts m_dates;
     QString m_error; // the first failure's reason
     bool m_open = false;
 };
