@@ -44,8 +44,10 @@ int LocalDateTexts::offsetOfUtcHour(qint64 hour) const
     const auto found = m_utcHours.constFind(hour);
     if (found != m_utcHours.cend())
         return *found;
-    const int start = QDateTime::fromSecsSinceEpoch(hour * kHour).offsetFromUtc();
-    const int end = QDateTime::fromSecsSinceEpoch(hour * kHour + kHour - 1).offsetFromUtc();
+    if (!m_zone.isValid())
+        return kChanging; // every date then takes core::dateText
+    const int start = QDateTime::fromSecsSinceEpoch(hour * kHour, m_zone).offsetFromUtc();
+    const int end = QDateTime::fromSecsSinceEpoch(hour * kHour + kHour - 1, m_zone).offsetFromUtc();
     return m_utcHours[hour] = start == end ? start : kChanging;
 }
 
@@ -56,10 +58,12 @@ int LocalDateTexts::offsetOfLocalHour(qint64 hour) const
     const auto found = m_localHours.constFind(hour);
     if (found != m_localHours.cend())
         return *found;
-    const auto at = [](qint64 localSeconds) {
+    const auto at = [this](qint64 localSeconds) {
         const QDate date = QDate::fromJulianDay(floorDiv(localSeconds, kDay) + kUnixEpochJulianDay);
-        return QDateTime(date, QTime::fromMSecsSinceStartOfDay(
-                                   int(localSeconds - floorDiv(localSeconds, kDay) * kDay) * 1000));
+        return QDateTime(date,
+                         QTime::fromMSecsSinceStartOfDay(
+                             int(localSeconds - floorDiv(localSeconds, kDay) * kDay) * 1000),
+                         m_zone);
     };
     const QDateTime start = at(hour * kHour);
     bool steady = start.isValid();

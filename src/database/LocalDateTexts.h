@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QTimeZone>
 
 #include <limits>
 #include <optional>
@@ -27,6 +28,9 @@ private:
     int offsetOfUtcHour(qint64 hour) const;
     int offsetOfLocalHour(qint64 hour) const;
 
+    // The system's zone taken once: asking local time instead makes the C library look the
+    // zone up again at every call.
+    QTimeZone m_zone = QTimeZone::systemTimeZone();
     // Offsets found so far, kept across calls of the const reads.
     mutable QHash<qint64, int> m_utcHours;
     mutable QHash<qint64, int> m_localHours;
