@@ -93,7 +93,8 @@ void Catalogue::AddKnownFileToList(QString& path)
     CatalogueRow row = m_deriver.derive(path);
     row.origen = m_groupName;
     m_list.insertAtTop(std::move(row));
-    m_reader.enqueue(m_list.handleOf(0), file);
+    if (m_readsDetails)
+        m_reader.enqueue(m_list.handleOf(0), file);
     UpdateCountLine();
 }
 

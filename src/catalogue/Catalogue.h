@@ -49,6 +49,8 @@ public:
     // The ORIGEN of rows added from now on.
     const QString& groupName() const { return m_groupName; }
     void setGroupName(const QString& name);
+    // Off: rows added from now on get no details (a listing that only wants the names).
+    void setReadsDetails(bool reads) { m_readsDetails = reads; }
     // The current catalogue file (lblCurList).
     const QString& currentFile() const { return m_currentFile; }
     void setCurrentFile(const QString& path);
@@ -108,6 +110,7 @@ private:
     QString m_currentFile;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     bool m_busy = false;
+    bool m_readsDetails = true;
     bool m_waiting = false;
     bool m_stopWait = false;
 };

@@ -118,6 +118,12 @@ private slots:
             QCOMPARE(details["nota"].mid(2), QStringList(7, QString()));
             QCOMPARE(details["nota"][0], QStringLiteral("5"));
         }
+        // A listing without details keeps the columns, empty.
+        const Result bare = scan({r, "--mask", "*.flac", "--sin-detalles"});
+        QCOMPARE(bare.status, 0);
+        QCOMPARE(bare.lines.size(), 2);
+        for (const QString& line : bare.lines)
+            QCOMPARE(line.split('\t').mid(5), QStringList(9, QString()));
 
         for (const QString name : {"lista.xls", "lista.mdb", "lista.tsv"}) {
             const QString output = dir.filePath(name);
