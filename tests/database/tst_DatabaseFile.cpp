@@ -266,12 +266,9 @@ private slots:
         QList<jet::Value> movedRow = listValues("a");
         movedRow << QStringLiteral("1:02:03") << QStringLiteral("x") << qint64(123) << 1979.0
                  << 45000.5 << memoField;
-        QStringList movedDetails = none;
-        movedDetails[0] = QStringLiteral("123");
-        movedDetails[1] = QStringLiteral("2023-03-15 12:00");
-        movedDetails[2] = QStringLiteral("Canción larga ♪");
-        movedDetails[5] = QStringLiteral("1979");
-        movedDetails[8] = QStringLiteral("1:02:03");
+        const QString e;
+        const QStringList movedDetails = {
+            "123", "2023-03-15 12:00", "Canción larga ♪", e, e, "1979", e, e, "1:02:03"};
         QTest::newRow("moved, renamed, retyped")
             << otherDatabase({{QStringLiteral("Alfa"), listTexts(), {}},
                               {QStringLiteral("Catalogo"), moved, {movedRow}}})
@@ -283,10 +280,7 @@ private slots:
         garbage << QStringLiteral("mucho") << QStringLiteral("ayer") << QStringLiteral("T")
                 << QString() << QStringLiteral("Á") << QStringLiteral("-1979")
                 << QStringLiteral("0") << QStringLiteral("\u0000") << QStringLiteral("1:99");
-        QStringList garbageDetails = none;
-        garbageDetails[2] = QStringLiteral("T");
-        garbageDetails[4] = QStringLiteral("Á");
-        garbageDetails[7] = QStringLiteral("\u0000");
+        const QStringList garbageDetails = {e, e, "T", e, "Á", e, e, QStringLiteral("\u0000"), e};
         QList<jet::Column> discColumns;
         for (const QString& caption : nubo::core::discCaptions())
             discColumns << otherText(caption);
