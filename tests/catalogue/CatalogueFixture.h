@@ -14,6 +14,17 @@
 
 #include "TestFiles.h"
 
+// A row of group origen with size bytes and seconds of sound (-1: unknown).
+inline nubo::catalogue::CatalogueRow rowOf(const QString& origen, qint64 size = -1,
+                                           qint32 seconds = -1)
+{
+    nubo::catalogue::CatalogueRow row{QStringLiteral("tema"), QStringLiteral("\\"), origen,
+                                      QStringLiteral("MP3"), QStringLiteral("NN")};
+    row.details.size = size;
+    row.details.duration = seconds;
+    return row;
+}
+
 // A temporary tree whose folder "C" is a fixed drive, with a catalogue over it.
 struct CatalogueFixture
 {

@@ -13,16 +13,6 @@ using nubo::core::DiscRecord;
 
 namespace {
 
-// A row of group origen with size bytes and seconds of sound (-1: unknown).
-CatalogueRow rowOf(const QString& origen, qint64 size = -1, qint32 seconds = -1)
-{
-    CatalogueRow row{QStringLiteral("tema"), QStringLiteral("\\"), origen, QStringLiteral("MP3"),
-                     QStringLiteral("NN")};
-    row.details.size = size;
-    row.details.duration = seconds;
-    return row;
-}
-
 DiscRecord discOf(const QString& origen, const QString& ubicacion = {})
 {
     DiscRecord disc;
@@ -76,16 +66,14 @@ private slots:
         const DiscTotals totals = DiscTotals::of(list);
         QCOMPARE(totals.groups(), QStringList({QStringLiteral("Viejo"), QStringLiteral("Disco 1"),
                                                QStringLiteral("Disco 2")}));
-        QCOMPARE(totals.group(QStringLiteral("Disco 1")), (GroupTotals{3, 5'000'001'024, 3845}));
-        QCOMPARE(totals.group(QStringLiteral("Disco 2")), (GroupTotals{1, 0, 0}));
         QCOMPARE(totals.group(QStringLiteral("nadie")), GroupTotals{});
         QCOMPARE(totals.overall(), (GroupTotals{5, 5'000'001'031, 3904}));
-        QCOMPARE(DiscTotals::durationText(3845), QStringLiteral("1:04:05"));
         QCOMPARE(DiscTotals::durationText(59), QStringLiteral("0:00:59"));
         QCOMPARE(DiscTotals::durationText(100 * 3600), QStringLiteral("100:00:00"));
 
         // The model: records first, then the groups that have rows but no record, each with
-        // its totals; a record without rows counts nothing.
+        // its totals (unknown sizes and lengths count nothing); a record without rows counts
+        // nothing.
         f.discs.merge({discOf(QStringLiteral("Disco 2")), discOf(QStringLiteral("Vacio"))});
         f.catalogue.refreshDiscTotals();
         QCOMPARE(f.discs.rowCount(), 4);
@@ -141,12 +129,10 @@ private slots:
         QTest::addColumn<int>("row");
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("refusal"); // empty: renamed
-        QTest::newRow("record") << 0 << "  Disco 9 "
-                                << "";
-        QTest::newRow("no record") << 1 << "Disco 9"
-                                   << "";
-        QTest::newRow("same name") << 0 << "Disco 1"
-                                   << "";
+        const QString renamed;
+        QTest::newRow("record") << 0 << "  Disco 9 " << renamed;
+        QTest::newRow("no record") << 1 << "Disco 9" << renamed;
+        QTest::newRow("same name") << 0 << "Disco 1" << renamed;
         QTest::newRow("empty") << 0 << "  "
                                << "El nombre del disco no puede quedar vacío.";
         QTest::newRow("another disc") << 0 << "Disco 2"

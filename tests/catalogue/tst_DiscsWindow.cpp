@@ -13,15 +13,6 @@ using nubo::core::DiscField;
 
 namespace {
 
-CatalogueRow rowOf(const QString& origen, qint64 size, qint32 seconds)
-{
-    CatalogueRow row{QStringLiteral("tema"), QStringLiteral("\\"), origen, QStringLiteral("MP3"),
-                     QStringLiteral("NN")};
-    row.details.size = size;
-    row.details.duration = seconds;
-    return row;
-}
-
 struct WindowFixture : CatalogueFixture
 {
     QTemporaryDir appDir;

@@ -43,6 +43,22 @@ bool fillsTheWidth(const CatalogueView* view)
     return sum == view->viewport()->width();
 }
 
+// The detail columns a second window over the fixture's catalogue shows when it opens.
+QList<int> detailColumnsOfASecondWindow(Form1Fixture& f)
+{
+    Form1 second{{f.app, f.catalogue, f.opener, f.details, f.drops, f.options}};
+    second.show();
+    if (!QTest::qWaitForWindowExposed(&second))
+        return {-1};
+    const QHeaderView* header = nubo::test::control<CatalogueView>(second, "ListView1")->header();
+    QList<int> shown;
+    for (int c = kTextColumnCount; c < kColumnCount; ++c) {
+        if (!header->isSectionHidden(c))
+            shown.append(c);
+    }
+    return shown;
+}
+
 } // namespace
 
 class TestForm1View final : public QObject
@@ -198,10 +214,8 @@ private slots:
         Form1Fixture f;
         QHeaderView* header = f.view()->header();
         const int width = f.view()->viewport()->width();
-        const auto shownSections = [header] { return sectionsInSight(header); };
-        const auto fitsExactly = [&] { return fillsTheWidth(f.view()); };
-        QCOMPARE(shownSections(), QList<int>({0, 1, 2, 3}));
-        QVERIFY(fitsExactly());
+        QCOMPARE(sectionsInSight(header), QList<int>({0, 1, 2, 3}));
+        QVERIFY(fillsTheWidth(f.view()));
 
         QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(10, 5),
                                 header->mapToGlobal(QPoint(10, 5)));
@@ -216,14 +230,14 @@ private slots:
                  QStringLiteral("No se pudo guardar que columnas se muestran"));
         QVERIFY(QDir(f.appDir.path()).mkdir(QStringLiteral("ini")));
         f.action("mnuColumnaARTISTA")->trigger();
-        QCOMPARE(shownSections(), QList<int>({0, 1, 2, 3, 5, 8}));
-        QVERIFY(fitsExactly());
+        QCOMPARE(sectionsInSight(header), QList<int>({0, 1, 2, 3, 5, 8}));
+        QVERIFY(fillsTheWidth(f.view()));
         QTRY_VERIFY(!f.view()->horizontalScrollBar()->isVisible());
 
         for (const char* key : {"FECHA", "TITULO", "ALBUM", "ANO", "PISTA", "GENERO", "DURACION"})
             f.action((QByteArray("mnuColumna") + key).constData())->trigger();
-        QCOMPARE(shownSections().size(), 13);
-        for (const int c : shownSections()) {
+        QCOMPARE(sectionsInSight(header).size(), 13);
+        for (const int c : sectionsInSight(header)) {
             const QString caption = header->model()->headerData(c, Qt::Horizontal).toString();
             QVERIFY(header->sectionSize(c) >= header->fontMetrics().horizontalAdvance(caption));
         }
@@ -231,7 +245,7 @@ private slots:
         for (const char* key : {"FECHA", "TITULO", "ALBUM", "ANO", "PISTA", "GENERO", "DURACION"})
             f.action((QByteArray("mnuColumna") + key).constData())->trigger();
         QTRY_VERIFY(!f.view()->horizontalScrollBar()->isVisible());
-        QVERIFY(fitsExactly());
+        QVERIFY(fillsTheWidth(f.view()));
         QCOMPARE(f.view()->viewport()->width(), width);
 
         // Keyboard users reach the same entries from "&Lista".
@@ -247,14 +261,8 @@ private slots:
         f.action("mnuColumnaTAMANO")->trigger();
         f.action("mnuColumnaARTISTA")->trigger();
         QHeaderView* header = f.view()->header();
-        nubo::catalogue::Form1 second{
-            {f.app, f.catalogue, f.opener, f.details, f.drops, f.options}};
-        second.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&second));
-        auto* secondView = nubo::test::control<CatalogueView>(second, "ListView1");
-        for (int c = kTextColumnCount; c < kColumnCount; ++c)
-            QCOMPARE(secondView->header()->isSectionHidden(c),
-                     c != int(Column::Tamano) && c != int(Column::Artista));
+        QCOMPARE(detailColumnsOfASecondWindow(f),
+                 (QList<int>{int(Column::Tamano), int(Column::Artista)}));
 
         for (const qint64 size : {9, -1, 10}) {
             CatalogueRow r{QString::number(size), "/m/", "G", "MP3", "NN"};
@@ -289,17 +297,7 @@ private slots:
         QFETCH(QList<int>, shown);
         Form1Fixture f;
         nubo::test::writeFile(f.appDir.filePath(QStringLiteral("ini/Columnas.nbo")), file);
-        nubo::catalogue::Form1 second{
-            {f.app, f.catalogue, f.opener, f.details, f.drops, f.options}};
-        second.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&second));
-        auto* view = nubo::test::control<CatalogueView>(second, "ListView1");
-        QList<int> actual;
-        for (int c = kTextColumnCount; c < kColumnCount; ++c) {
-            if (!view->header()->isSectionHidden(c))
-                actual.append(c);
-        }
-        QCOMPARE(actual, shown);
+        QCOMPARE(detailColumnsOfASecondWindow(f), shown);
     }
 
     // Messages of one or two lines, and none, leave the list where it is.

@@ -37,6 +37,22 @@ inline QStringList discTexts(const core::DiscRecord& disc)
     return texts;
 }
 
+inline QList<QStringList> textTable(const QList<CatalogueRecord>& rows)
+{
+    QList<QStringList> table;
+    for (const CatalogueRecord& r : rows)
+        table.append(rowTexts(r));
+    return table;
+}
+
+inline QList<QStringList> textTable(const QList<core::DiscRecord>& discs)
+{
+    QList<QStringList> table;
+    for (const core::DiscRecord& d : discs)
+        table.append(discTexts(d));
+    return table;
+}
+
 // The rows of a CSV file as Gnumeric writes it: fields quoted when they hold a comma, a quote
 // or a line break, quotes doubled.
 inline QList<QStringList> csvRows(const QString& path)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "CatalogueSamples.h"
+#include "SheetTexts.h"
 
 #include "database/CatalogueFiles.h"
 #include "database/DatabaseReader.h"
@@ -11,6 +12,7 @@
 #include <QtTest>
 
 #include "Oracle.h"
+#include "TestFiles.h"
 
 using namespace nubo::database;
 using namespace nubo::database::test;
@@ -21,95 +23,30 @@ namespace jet = nubo::database::jet;
 
 namespace {
 
-constexpr qint64 kFiveGiB = qint64(5) << 30;
-
-// Sample rows with every detail known but on every fifth row, and sizes past 4 GiB.
-QList<CatalogueRecord> databaseRows(int count)
+// The shared rows as mdb-export prints them whole (no characters outside the BMP), with a
+// quote and a comma in a text for its CSV quoting.
+QList<CatalogueRecord> exportableRows(int count)
 {
-    static const QStringList artists = {QStringLiteral("Mercedes Quiroga"),
-                                        QStringLiteral("Los Ñandúes"), QStringLiteral("夜")};
-    QList<CatalogueRecord> rows = sampleRows(count);
-    for (int i = 0; i < count; ++i) {
-        CatalogueRecord& r = rows[i];
+    QList<CatalogueRecord> rows = detailedRows(count);
+    for (CatalogueRecord& r : rows) {
         r.nombre.replace(QStringLiteral("🎵 Tema 𝄞"), QStringLiteral("Tema"));
-        if (i % 5 == 4)
-            continue;
-        r.details = {i % 3 == 0 ? kFiveGiB + i : qint64(i) * 7919,
-                     1600000020 + qint64(i) * 3300, // whole minutes, as FECHA keeps them
-                     QStringLiteral("Título %1").arg(i),
-                     artists.at(i % artists.size()),
-                     QStringLiteral("Álbum, \"%1\"").arg(i % 11),
-                     QStringLiteral("Zamba"),
-                     quint16(1950 + i % 70),
-                     quint16(i % 20 + 1),
-                     qint32(i * 37 % 5000)};
+        r.details.album.replace(QStringLiteral("Álbum"), QStringLiteral("Álbum, \""));
     }
     return rows;
 }
 
-QList<DiscRecord> databaseDiscs()
+// mdb-export's CSV of a table: the captions, then each record's texts with the numbers in the
+// given columns bare, the other texts quoted and unknowns empty.
+QByteArray exportedCsv(const QStringList& captions, const QList<QStringList>& records,
+                       const QList<int>& numbers)
 {
-    DiscRecord one{QStringLiteral("=grupo"),
-                   QStringLiteral("DISCO_1"),
-                   QStringLiteral("439041101"),
-                   QStringLiteral("iso9660"),
-                   qint64(700) << 20,
-                   0,
-                   1699999980,
-                   QStringLiteral("/Música/"),
-                   QStringLiteral("*.*"),
-                   QStringLiteral("Estante 3, caja azul"),
-                   QStringLiteral("prestado a Luis")};
-    DiscRecord two;
-    two.origen = QStringLiteral("Copias");
-    two.capacidad = qint64(8) << 40;
-    two.libre = kFiveGiB;
-    return {one, two};
-}
-
-QString quoted(const QString& text)
-{
-    return text.isEmpty()
-               ? text
-               : QLatin1Char('"') +
-                     QString(text).replace(QStringLiteral("\""), QStringLiteral("\"\"")) + u'"';
-}
-
-// mdb-export's CSV of the rows (sizes and numbers bare, texts quoted, unknowns empty).
-QByteArray exportedCsv(const QList<CatalogueRecord>& rows)
-{
-    const CatalogueHeader header = defaultCatalogueHeader();
-    QByteArray csv = (QStringList(header.begin(), header.end()) + nubo::core::detailCaptions())
-                         .join(u',')
-                         .toUtf8() +
-                     '\n';
-    for (const CatalogueRecord& r : rows) {
-        QStringList fields;
-        for (int i = 0; i < 4; ++i)
-            fields << quoted(r.field(i));
-        for (int f = 0; f < nubo::core::kDetailFieldCount; ++f) {
-            const auto field = DetailField(f);
-            const bool number = field == DetailField::Tamano || field == DetailField::Ano ||
-                                field == DetailField::Pista;
-            fields << (number ? r.details.text(field) : quoted(r.details.text(field)));
+    QByteArray csv = captions.join(u',').toUtf8() + '\n';
+    for (QStringList texts : records) {
+        for (int c = 0; c < texts.size(); ++c) {
+            if (!numbers.contains(c) && !texts[c].isEmpty())
+                texts[c] = u'"' + texts[c].replace(u'"', QStringLiteral("\"\"")) + u'"';
         }
-        csv += fields.join(QLatin1Char(',')).toUtf8() + '\n';
-    }
-    return csv;
-}
-
-QByteArray exportedDiscsCsv(const QList<DiscRecord>& discs)
-{
-    using nubo::core::DiscField;
-    QByteArray csv = nubo::core::discCaptions().join(u',').toUtf8() + '\n';
-    for (const DiscRecord& d : discs) {
-        QStringList fields;
-        for (int f = 0; f < nubo::core::kDiscFieldCount; ++f) {
-            const auto field = DiscField(f);
-            const bool number = field == DiscField::Capacidad || field == DiscField::Libre;
-            fields << (number ? d.text(field) : quoted(d.text(field)));
-        }
-        csv += fields.join(QLatin1Char(',')).toUtf8() + '\n';
+        csv += texts.join(u',').toUtf8() + '\n';
     }
     return csv;
 }
@@ -206,12 +143,6 @@ Read readBack(const QString& path)
     return read;
 }
 
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 } // namespace
 
 class DatabaseFileTest final : public QObject
@@ -228,9 +159,9 @@ private slots:
     {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("lista.mdb"));
-        const QList<CatalogueRecord> rows = databaseRows(2000);
+        const QList<CatalogueRecord> rows = exportableRows(2000);
         CatalogueSaveOptions options;
-        options.discs = databaseDiscs();
+        options.discs = sampleDiscs();
         QVERIFY(saveCatalogue(path, options, rowsOf(rows)).ok);
         const nubo::test::OracleRun version =
             nubo::test::runOracle(QStringLiteral("mdb-ver"), {path});
@@ -250,11 +181,12 @@ private slots:
         const nubo::test::OracleRun exported =
             nubo::test::runOracle(QStringLiteral("mdb-export"), {path, QStringLiteral("Catalogo")});
         NUBO_READ(exported);
-        QCOMPARE(exported.out, exportedCsv(rows));
+        QCOMPARE(exported.out, exportedCsv(captionRow(), textTable(rows), {4, 9, 10}));
         const nubo::test::OracleRun discs =
             nubo::test::runOracle(QStringLiteral("mdb-export"), {path, QStringLiteral("Discos")});
         NUBO_READ(discs);
-        QCOMPARE(discs.out, exportedDiscsCsv(options.discs));
+        QCOMPARE(discs.out,
+                 exportedCsv(nubo::core::discCaptions(), textTable(options.discs), {4, 5}));
     }
 
     // Every column and every disc comes back; a tag longer than a field is cut at its limit
@@ -265,17 +197,17 @@ private slots:
         QTest::addColumn<QList<DiscRecord>>("discs");
         QTest::addColumn<qsizetype>("shortened");
         QTest::newRow("nothing") << QList<CatalogueRecord>() << QList<DiscRecord>() << qsizetype(0);
-        QTest::newRow("every column") << databaseRows(3000) << databaseDiscs() << qsizetype(0);
+        QTest::newRow("every column") << detailedRows(3000) << sampleDiscs() << qsizetype(0);
         // Larger than the blocks a file is read (and freed) in.
         QTest::newRow("forty thousand")
-            << databaseRows(40000) << QList<DiscRecord>() << qsizetype(0);
-        CatalogueRecord longTags = databaseRows(1).first();
+            << detailedRows(40000) << QList<DiscRecord>() << qsizetype(0);
+        CatalogueRecord longTags = detailedRows(1).first();
         longTags.details.title = QString(9999, u'a') + QStringLiteral("𝄞");
         longTags.details.artist = QString(254, u'b') + QStringLiteral("𝄞");
         longTags.details.genre = QString(10000, QChar(0x00D1));
         longTags.details.modified = -300000000; // 1960
         longTags.details.title[5] = QChar(0);   // a tag with a NUL in it
-        QList<DiscRecord> longNotes = databaseDiscs();
+        QList<DiscRecord> longNotes = sampleDiscs();
         longNotes[1].notas = QString(300, u'n');
         QTest::newRow("long texts") << QList{longTags} << longNotes << qsizetype(4);
     }
@@ -334,12 +266,9 @@ private slots:
         QList<jet::Value> movedRow = listValues("a");
         movedRow << QStringLiteral("1:02:03") << QStringLiteral("x") << qint64(123) << 1979.0
                  << 45000.5 << memoField;
-        QStringList movedDetails = none;
-        movedDetails[0] = QStringLiteral("123");
-        movedDetails[1] = QStringLiteral("2023-03-15 12:00");
-        movedDetails[2] = QStringLiteral("Canción larga ♪");
-        movedDetails[5] = QStringLiteral("1979");
-        movedDetails[8] = QStringLiteral("1:02:03");
+        const QString e;
+        const QStringList movedDetails = {
+            "123", "2023-03-15 12:00", "Canción larga ♪", e, e, "1979", e, e, "1:02:03"};
         QTest::newRow("moved, renamed, retyped")
             << otherDatabase({{QStringLiteral("Alfa"), listTexts(), {}},
                               {QStringLiteral("Catalogo"), moved, {movedRow}}})
@@ -351,10 +280,7 @@ private slots:
         garbage << QStringLiteral("mucho") << QStringLiteral("ayer") << QStringLiteral("T")
                 << QString() << QStringLiteral("Á") << QStringLiteral("-1979")
                 << QStringLiteral("0") << QStringLiteral("\u0000") << QStringLiteral("1:99");
-        QStringList garbageDetails = none;
-        garbageDetails[2] = QStringLiteral("T");
-        garbageDetails[4] = QStringLiteral("Á");
-        garbageDetails[7] = QStringLiteral("\u0000");
+        const QStringList garbageDetails = {e, e, "T", e, "Á", e, e, QStringLiteral("\u0000"), e};
         QList<jet::Column> discColumns;
         for (const QString& caption : nubo::core::discCaptions())
             discColumns << otherText(caption);
@@ -373,7 +299,7 @@ private slots:
         QFETCH(QStringList, details);
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("otra.mdb"));
-        QVERIFY(writeFile(path, file));
+        QVERIFY(nubo::test::writeFile(path, file));
         const Read read = readBack(path);
         QVERIFY2(read.outcome.ok && !read.outcome.damaged, qPrintable(read.outcome.damage));
         QCOMPARE(read.outcome.name, QStringLiteral("Catalogo"));
@@ -397,11 +323,9 @@ private slots:
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("lista.mdb"));
         CatalogueSaveOptions options;
-        options.discs = databaseDiscs();
-        QVERIFY(saveCatalogue(path, options, rowsOf(databaseRows(300))).ok);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray whole = file.readAll();
+        options.discs = sampleDiscs();
+        QVERIFY(saveCatalogue(path, options, rowsOf(detailedRows(300))).ok);
+        const QByteArray whole = nubo::test::fileBytes(path);
         QRandomGenerator random(31);
         const QString damaged = dir.filePath(QStringLiteral("dañado.mdb"));
         for (int round = 0; round < 300; ++round) {
@@ -409,7 +333,7 @@ private slots:
             const qsizetype page = 2 + random.bounded(qsizetype(whole.size() / 4096 - 2));
             for (int hit = 0; hit < 16 && round % 10 != 0; ++hit)
                 bytes[page * 4096 + random.bounded(4096)] = char(random.bounded(256));
-            QVERIFY(writeFile(damaged, bytes));
+            QVERIFY(nubo::test::writeFile(damaged, bytes));
             const Read read = readBack(damaged);
             QVERIFY(read.outcome.ok || !read.outcome.reason.isEmpty());
         }

@@ -170,14 +170,9 @@ private slots:
             catalogueWith({}, {}, {{"Hoja2", {{"otra cosa"}}}, {sheetName, sheet}});
         QVERIFY(nubo::test::writeFile(path, file));
         QList<QStringList> seen;
-        const LoadOutcome outcome =
-            readWorkbook(path, {{},
-                                {},
-                                [](CatalogueRecord&&) {},
-                                [&](auto&& records) {
-                                    for (const nubo::core::DiscRecord& disc : records)
-                                        seen.append(discTexts(disc));
-                                }});
+        const LoadOutcome outcome = readWorkbook(
+            path,
+            {{}, {}, [](CatalogueRecord&&) {}, [&](auto&& records) { seen = textTable(records); }});
         QVERIFY(outcome.ok && !outcome.damaged);
         QCOMPARE(outcome.added, 1);
         QCOMPARE(seen, discs);

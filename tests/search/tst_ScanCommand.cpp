@@ -147,12 +147,11 @@ private slots:
             if (!name.endsWith("tsv") && !discs.isEmpty()) {
                 QCOMPARE(uno.details.year, quint16(1979));
                 QCOMPARE(discs.size(), 1);
-                QCOMPARE(discs[0].origen, QStringLiteral("Disco 1"));
-                QCOMPARE(discs[0].etiqueta, QStringLiteral("DISCO_1"));
-                QCOMPARE(discs[0].serie, QStringLiteral("439041101"));
-                QCOMPARE(discs[0].capacidad, 5'000'000'000LL);
-                QCOMPARE(discs[0].carpeta, r.mid(prefix.size()) + "/");
-                QCOMPARE(discs[0].mascara, QStringLiteral("*.flac"));
+                const core::DiscRecord& d = discs[0];
+                QCOMPARE((QStringList{d.origen, d.etiqueta, d.serie, d.carpeta, d.mascara}),
+                         (QStringList{"Disco 1", "DISCO_1", "439041101", r.mid(prefix.size()) + "/",
+                                      "*.flac"}));
+                QCOMPARE(d.capacidad, 5'000'000'000LL);
             }
         }
     }
