@@ -205,11 +205,7 @@ void SearchEngine::RunSearch()
     m_walker.Searching = true;
     m_walker.CollectFiles = true;
     emit findMenuCaptionChanged(QStringLiteral("&Parar!"));
-    host.walkStarts(m_services.drives.driveType(volumeOf(folder)) == platform::DriveType::CdRom);
-    walkOncePerFloppy();
-    host.walkEnds();
-    host.recordDisc(surveyDisc(m_services.volumes, m_services.drives, folder, m_walker.SearchMask,
-                               QDateTime::currentSecsSinceEpoch()));
+    walkAndRecordDisc(folder);
     m_walker.Searching = false;
     m_walker.CollectFiles = false;
     emit findMenuCaptionChanged(QStringLiteral("&Buscar Archivo(s)..."));
@@ -217,6 +213,18 @@ void SearchEngine::RunSearch()
     host.setFolderStrip(QString());
     reportOutcome(countBefore);
     reportOverflow();
+}
+
+// The walk, told to the host as it starts and ends (an optical disc's files are then read in
+// the order found), and the disc record of the folder searched.
+void SearchEngine::walkAndRecordDisc(const QString& folder)
+{
+    ISearchHost& host = m_services.host;
+    host.walkStarts(m_services.drives.driveType(volumeOf(folder)) == platform::DriveType::CdRom);
+    walkOncePerFloppy();
+    host.walkEnds();
+    host.recordDisc(surveyDisc(m_services.volumes, m_services.drives, folder, m_walker.SearchMask,
+                               QDateTime::currentSecsSinceEpoch()));
 }
 
 void SearchEngine::reportOverflow()

@@ -98,6 +98,7 @@ private:
     void walkOncePerFloppy();
     void reportOutcome(int countBefore);
     QString undecodableNote() const;
+    void walkAndRecordDisc(const QString& folder);
     void reportOverflow();
 
     Services m_services;

@@ -175,6 +175,7 @@ private:
     void layOutControls();
     QGridLayout* volumeGrid();
     void connectCatalogue();
+    void propertiesFollowSelection();
     void connectList();
     void loadPictures();
     void installKeyPreview();

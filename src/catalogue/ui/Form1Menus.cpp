@@ -208,6 +208,21 @@ void Form1::refreshCommands()
     Command6->setEnabled(free);
 }
 
+// An open properties window shows the newly selected row: its file, or what the catalogue
+// keeps of it when the file is out of reach.
+void Form1::propertiesFollowSelection()
+{
+    if (!m_properties || !m_properties->isOpen())
+        return;
+    const int position = selectedPosition();
+    if (position < 0)
+        return;
+    if (const QString path = m_details.entryPath(m_catalogue.list(), position); !path.isEmpty())
+        m_properties->followSelection(path);
+    else
+        m_properties->followRowFacts(factsOf(position));
+}
+
 void Form1::connectList()
 {
     connect(ListView1->header(), &QHeaderView::sectionClicked, &m_catalogue,
@@ -233,17 +248,8 @@ void Form1::connectList()
     });
     connect(ListView1, &CatalogueView::rightButtonReleased, this, &Form1::showRightClickMenu);
     connect(ListView1, &CatalogueView::doubleClicked, this, &Form1::openOnDoubleClick);
-    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        if (!m_properties || !m_properties->isOpen())
-            return;
-        const int position = selectedPosition();
-        if (position < 0)
-            return;
-        if (const QString path = m_details.entryPath(m_catalogue.list(), position); !path.isEmpty())
-            m_properties->followSelection(path);
-        else
-            m_properties->followRowFacts(factsOf(position));
-    });
+    connect(ListView1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &Form1::propertiesFollowSelection);
     // Once rows move or go, the row under the pointer is another one.
     const auto forgetPointerRow = [this] { m_lastPointerRow = -1; };
     connect(m_filter, &QAbstractItemModel::layoutChanged, this, forgetPointerRow);

@@ -60,6 +60,18 @@ bool isTsvName(const QString& path)
     return path.endsWith(QLatin1String(".tsv"), Qt::CaseInsensitive);
 }
 
+// The arguments whose folders all exist, or the status to end with.
+nubo::cli::Parsed<ScanArguments> checkedFolders(ScanArguments parsed, CliIo& io)
+{
+    for (const QString& folder : parsed.folders) {
+        if (!QFileInfo(folder).isDir()) {
+            io.err << "nubo-cli scan: no es una carpeta: " << folder << '\n';
+            return nubo::cli::kFileError;
+        }
+    }
+    return parsed;
+}
+
 // The arguments, or the status to end with.
 nubo::cli::Parsed<ScanArguments> parse(const QStringList& args, CliIo& io)
 {
@@ -70,12 +82,9 @@ nubo::cli::Parsed<ScanArguments> parse(const QStringList& args, CliIo& io)
             io.out << kUsage << kHelp;
             return nubo::cli::kOk;
         }
-        if (arg == QLatin1String("--tags")) {
-            parsed.tags = true;
-            continue;
-        }
-        if (arg == QLatin1String("--sin-detalles")) {
-            parsed.details = false;
+        if (arg == QLatin1String("--tags") || arg == QLatin1String("--sin-detalles")) {
+            (arg == QLatin1String("--tags") ? parsed.tags : parsed.details) =
+                arg == QLatin1String("--tags");
             continue;
         }
         if (arg == QLatin1String("--mask") || arg == QLatin1String("--group") ||
@@ -105,13 +114,7 @@ nubo::cli::Parsed<ScanArguments> parse(const QStringList& args, CliIo& io)
                << parsed.output << '\n';
         return nubo::cli::kUsageError;
     }
-    for (const QString& folder : parsed.folders) {
-        if (!QFileInfo(folder).isDir()) {
-            io.err << "nubo-cli scan: no es una carpeta: " << folder << '\n';
-            return nubo::cli::kFileError;
-        }
-    }
-    return parsed;
+    return checkedFolders(std::move(parsed), io);
 }
 
 // The walk's reports go straight into the catalogue; a progress line goes to a terminal.
