@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "library/LibraryIndex.h"
+
+#include "catalogue/DetailKeyText.h"
+#include "catalogue/FindWords.h"
+#include "database/CatalogueFiles.h"
+#include "library/LibrarySql.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStandardPaths>
+#include <QUuid>
+
+namespace nubo::library {
+namespace {
+
+const char* const kRowColumns =
+    "c.path, r.nombre, r.direccion, r.origen, r.formato, r.size, r.modified, r.title, r.artist,"
+    " r.album, r.genre, r.year, r.track, r.duration";
+
+QString absolute(const QString& path)
+{
+    return QFileInfo(path).absoluteFilePath();
+}
+
+qint64 mtimeOf(const QFileInfo& info)
+{
+    return info.lastModified().toMSecsSinceEpoch();
+}
+
+catalogue::CatalogueRow rowAt(const QSqlQuery& query)
+{
+    catalogue::CatalogueRow row{query.value(1).toString(), query.value(2).toString(),
+                                query.value(3).toString(), query.value(4).toString(),
+                                catalogue::unknownDriveText()};
+    core::FileDetails& d = row.details;
+    d.size = query.value(5).toLongLong();
+    d.modified = query.value(6).toLongLong();
+    d.title = query.value(7).toString();
+    d.artist = query.value(8).toString();
+    d.album = query.value(9).toString();
+    d.genre = query.value(10).toString();
+    d.year = quint16(query.value(11).toUInt());
+    d.track = quint16(query.value(12).toUInt());
+    d.duration = query.value(13).toInt();
+    return row;
+}
+
+// Bytes every match must hold in its folded key: each word's own text. A word kept to FECHA is
+// left to the full comparison, since dates are written in the local time of the moment.
+QVariantList neededBytes(const QString& words)
+{
+    QVariantList needed;
+    for (const QString& typed : words.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        QStringView text = typed;
+        const qsizetype colon = typed.indexOf(QLatin1Char(':'));
+        if (colon > 0) {
+            const auto column = catalogue::FindWords::columnNamed(text.left(colon));
+            if (column == catalogue::Column::Fecha)
+                continue;
+            if (column)
+                text = text.mid(colon + 1);
+        }
+        const std::string folded = catalogue::FindWords::folded(text);
+        if (!folded.empty())
+            needed.append(QByteArray(folded.data(), qsizetype(folded.size())));
+    }
+    return needed;
+}
+
+QVariantList rowValues(qint64 id, const database::CatalogueRecord& r,
+                       catalogue::DetailKeyText& numbers)
+{
+    const catalogue::CatalogueRow row{
+        r.nombre, r.direccion, r.origen, r.formato, catalogue::unknownDriveText(), r.details};
+    const std::string key = catalogue::FindWords::keyOf(row, numbers);
+    const core::FileDetails& d = r.details;
+    return {id,           r.nombre,   r.direccion,
+            r.origen,     r.formato,  d.size,
+            d.modified,   d.title,    d.artist,
+            d.album,      d.genre,    int(d.year),
+            int(d.track), d.duration, QByteArray(key.data(), qsizetype(key.size()))};
+}
+
+} // namespace
+
+QString LibraryIndex::defaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/nubo/biblioteca.sqlite");
+}
+
+LibraryIndex::LibraryIndex(QString path)
+    : m_path(std::move(path)),
+      m_connection(QStringLiteral("nubo-library-") + QUuid::createUuid().toString())
+{
+}
+
+LibraryIndex::~LibraryIndex()
+{
+    if (m_db.isValid()) {
+        m_db.close();
+        m_db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_connection);
+    }
+}
+
+Outcome<> LibraryIndex::open()
+{
+    if (!QDir().mkpath(QFileInfo(m_path).absolutePath()))
+        return Failure{
+            QStringLiteral("No se puede crear la carpeta de la biblioteca %1.").arg(m_path)};
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE")))
+        return Failure{QStringLiteral("Falta el controlador SQLite de Qt (paquete "
+                                      "libqt6sql6-sqlite): la biblioteca no se puede abrir.")};
+    m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
+    m_db.setDatabaseName(m_path);
+    if (!m_db.open())
+        return Failure{sqlReason(m_path, m_db.lastError())};
+    return prepareSchema(m_db, m_path);
+}
+
+Outcome<qint64> LibraryIndex::add(const QString& cataloguePath)
+{
+    if (!m_db.transaction())
+        return Failure{sqlReason(m_path, m_db.lastError())};
+    Outcome<qint64> added = replaceRows(absolute(cataloguePath));
+    if (!added || !m_db.commit()) {
+        const QString reason = added ? sqlReason(m_path, m_db.lastError()) : added.reason();
+        m_db.rollback();
+        return Failure{reason};
+    }
+    return added;
+}
+
+Outcome<qint64> LibraryIndex::replaceRows(const QString& cataloguePath)
+{
+    const QFileInfo info(cataloguePath);
+    Outcome<database::LoadedCatalogue> loaded = database::loadCatalogue(cataloguePath);
+    if (!loaded)
+        return Failure{
+            QStringLiteral("No se puede leer %1: %2").arg(cataloguePath, loaded.reason())};
+    QSqlQuery query(m_db);
+    const QVariantList facts{cataloguePath, info.size(), mtimeOf(info), loaded->name};
+    if (Outcome<> done = exec(query, m_path,
+                              QStringLiteral("INSERT INTO catalogues (path, size, mtime, name) "
+                                             "VALUES (?, ?, ?, ?) ON CONFLICT(path) DO UPDATE SET "
+                                             "size = excluded.size, mtime = excluded.mtime, "
+                                             "name = excluded.name, missing = 0"),
+                              facts);
+        !done)
+        return Failure{done.reason()};
+    if (Outcome<> done =
+            exec(query, m_path, QStringLiteral("SELECT id FROM catalogues WHERE path = ?"),
+                 {cataloguePath});
+        !done || !query.next())
+        return Failure{done ? sqlReason(m_path, query.lastError()) : done.reason()};
+    const qint64 id = query.value(0).toLongLong();
+    for (const char* table :
+         {"DELETE FROM rows WHERE catalogue = ?", "DELETE FROM discs WHERE catalogue = ?"}) {
+        if (Outcome<> done = exec(query, m_path, QString::fromLatin1(table), {id}); !done)
+            return Failure{done.reason()};
+    }
+    if (!query.prepare(
+            QStringLiteral("INSERT INTO rows VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+                           "?, ?, ?)")))
+        return Failure{sqlReason(m_path, query.lastError())};
+    catalogue::DetailKeyText numbers;
+    for (const database::CatalogueRecord& record : loaded->rows) {
+        const QVariantList values = rowValues(id, record, numbers);
+        for (int i = 0; i < values.size(); ++i)
+            query.bindValue(i, values.at(i));
+        if (!query.exec())
+            return Failure{sqlReason(m_path, query.lastError())};
+    }
+    for (const core::DiscRecord& disc : loaded->discs) {
+        QVariantList values{id};
+        for (int field = 0; field < core::kDiscFieldCount; ++field)
+            values.append(disc.text(core::DiscField(field)));
+        if (Outcome<> done =
+                exec(query, m_path,
+                     QStringLiteral("INSERT INTO discs VALUES (?, ?, ?, ?, ?, ?, ?, ?, "
+                                    "?, ?, ?, ?)"),
+                     values);
+            !done)
+            return Failure{done.reason()};
+    }
+    return qint64(loaded->rows.size());
+}
+
+Outcome<bool> LibraryIndex::remove(const QString& cataloguePath)
+{
+    QSqlQuery query(m_db);
+    if (Outcome<> done =
+            exec(query, m_path, QStringLiteral("DELETE FROM catalogues WHERE path = ?"),
+                 {absolute(cataloguePath)});
+        !done)
+        return Failure{done.reason()};
+    return query.numRowsAffected() > 0;
+}
+
+Outcome<RefreshReport> LibraryIndex::rebuild()
+{
+    RefreshReport report;
+    if (Outcome<> done = refreshEach(true, report); !done)
+        return Failure{done.reason()};
+    return report;
+}
+
+Outcome<RefreshReport> LibraryIndex::refreshStale()
+{
+    RefreshReport report;
+    if (Outcome<> done = refreshEach(false, report); !done)
+        return Failure{done.reason()};
+    return report;
+}
+
+Outcome<> LibraryIndex::refreshEach(bool all, RefreshReport& report)
+{
+    Outcome<QList<LibraryCatalogue>> held = catalogues();
+    if (!held)
+        return Failure{held.reason()};
+    QSqlQuery query(m_db);
+    for (const LibraryCatalogue& known : held.value()) {
+        const QFileInfo info(known.path);
+        if (!info.exists()) {
+            if (!known.missing) {
+                if (Outcome<> done =
+                        exec(query, m_path,
+                             QStringLiteral("UPDATE catalogues SET missing = 1 WHERE path = ?"),
+                             {known.path});
+                    !done)
+                    return done;
+            }
+            report.missing.append(known.path);
+            continue;
+        }
+        if (!all && !known.missing && info.size() == known.size && mtimeOf(info) == known.mtime)
+            continue;
+        const Outcome<qint64> added = add(known.path);
+        if (added)
+            report.reread.append(known.path);
+        else
+            report.unreadable.append(added.reason());
+    }
+    return {};
+}
+
+Outcome<QList<LibraryCatalogue>> LibraryIndex::catalogues()
+{
+    QSqlQuery query(m_db);
+    if (Outcome<> done = exec(query, m_path,
+                              QStringLiteral("SELECT path, name, size, mtime, missing, (SELECT "
+                                             "count(*) FROM rows WHERE catalogue = c.id) FROM "
+                                             "catalogues c ORDER BY path"));
+        !done)
+        return Failure{done.reason()};
+    QList<LibraryCatalogue> held;
+    while (query.next())
+        held.append({query.value(0).toString(), query.value(1).toString(),
+                     query.value(2).toLongLong(), query.value(3).toLongLong(),
+                     query.value(4).toBool(), query.value(5).toLongLong()});
+    return held;
+}
+
+Outcome<QList<core::DiscRecord>> LibraryIndex::discs(const QString& cataloguePath)
+{
+    QSqlQuery query(m_db);
+    if (Outcome<> done = exec(query, m_path,
+                              QStringLiteral("SELECT d.* FROM discs d JOIN catalogues c ON c.id = "
+                                             "d.catalogue WHERE c.path = ? ORDER BY d.rowid"),
+                              {absolute(cataloguePath)});
+        !done)
+        return Failure{done.reason()};
+    QList<core::DiscRecord> found;
+    while (query.next()) {
+        core::DiscRecord disc;
+        for (int field = 0; field < core::kDiscFieldCount; ++field)
+            (void)disc.setText(core::DiscField(field), query.value(field + 1).toString());
+        found.append(disc);
+    }
+    return found;
+}
+
+Outcome<qint64> LibraryIndex::find(const QString& words, const RowVisitor& visit)
+{
+    const catalogue::FindWords parsed(words);
+    const QVariantList needed = neededBytes(words);
+    QString where;
+    for (qsizetype i = 0; i < needed.size(); ++i)
+        where += QStringLiteral(" AND instr(r.key, ?) > 0");
+    catalogue::DetailKeyText numbers;
+    return visitRows(
+        where, needed,
+        [&](const catalogue::CatalogueRow& row) {
+            return parsed.matches(catalogue::FindWords::keyOf(row, numbers));
+        },
+        visit);
+}
+
+Outcome<qint64> LibraryIndex::forEachRow(const RowVisitor& visit)
+{
+    return visitRows(
+        {}, {}, [](const catalogue::CatalogueRow&) { return true; }, visit);
+}
+
+Outcome<qint64>
+LibraryIndex::visitRows(const QString& where, const QVariantList& values,
+                        const std::function<bool(const catalogue::CatalogueRow&)>& keep,
+                        const RowVisitor& visit)
+{
+    QSqlQuery query(m_db);
+    query.setForwardOnly(true);
+    const QString sql =
+        QStringLiteral("SELECT %1 FROM rows r JOIN catalogues c ON c.id = r.catalogue "
+                       "WHERE 1%2 ORDER BY c.path, r.rowid")
+            .arg(QString::fromLatin1(kRowColumns), where);
+    if (Outcome<> done = exec(query, m_path, sql, values); !done)
+        return Failure{done.reason()};
+    qint64 count = 0;
+    while (query.next()) {
+        const catalogue::CatalogueRow row = rowAt(query);
+        if (!keep(row))
+            continue;
+        ++count;
+        visit(query.value(0).toString(), row);
+    }
+    if (query.lastError().isValid())
+        return Failure{sqlReason(m_path, query.lastError())};
+    return count;
+}
+
+} // namespace nubo::library
