@@ -28,8 +28,7 @@ void LibraryDuplicates::add(const QString& catalogue, const catalogue::Catalogue
     const QString name = row.nombre + kSeparator + row.formato;
     if (d.size >= 0)
         m_bySize[name + kSeparator + QString::number(d.size)].append(index);
-    else
-        m_byName[name].append(index);
+    m_byName[name].append(index);
     if (!d.artist.isEmpty() && !d.title.isEmpty() && d.duration >= 0)
         m_byTags[foldedText(d.artist) + kSeparator + foldedText(d.title)].append(index);
 }
@@ -92,7 +91,14 @@ QList<DuplicateSet> LibraryDuplicates::sets() const
     QList<int> sizeSetOf(m_rows.size(), -1);
     addSets(m_bySize, DuplicateRule::NameAndSize, sets, &sizeSetOf);
     addTagSets(sets, sizeSetOf);
-    addSets(m_byName, DuplicateRule::NameOnly, sets, nullptr);
+    // By name only where some copy has no size to compare.
+    QHash<QString, QList<qsizetype>> unsized;
+    for (auto it = m_byName.cbegin(); it != m_byName.cend(); ++it) {
+        if (std::any_of(it.value().cbegin(), it.value().cend(),
+                        [this](qsizetype i) { return m_rows.at(i).row.details.size < 0; }))
+            unsized.insert(it.key(), it.value());
+    }
+    addSets(unsized, DuplicateRule::NameOnly, sets, nullptr);
     // Stable for readers and tests: by the first copy's name, then catalogue.
     for (DuplicateSet& set : sets)
         std::sort(set.copies.begin(), set.copies.end(),

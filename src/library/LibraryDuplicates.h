@@ -31,7 +31,7 @@ struct DuplicateSet
 
 // The same file kept on more than one disc. Rows with a size are compared by name, format and
 // size; rows with artist, title and length also by those, a copy already found by size not
-// repeated; rows without a size by name and format alone.
+// repeated; rows without a size by name and format alone, against any row.
 class LibraryDuplicates final
 {
 public:
