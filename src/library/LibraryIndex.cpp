@@ -125,12 +125,15 @@ Outcome<> LibraryIndex::open()
 
 Outcome<qint64> LibraryIndex::add(const QString& cataloguePath)
 {
-    if (!m_db.transaction())
-        return Failure{sqlReason(m_path, m_db.lastError())};
+    // Immediate: a second writer waits for the first (busy timeout) instead of failing halfway.
+    QSqlQuery query(m_db);
+    if (Outcome<> begun = exec(query, m_path, QStringLiteral("BEGIN IMMEDIATE")); !begun)
+        return Failure{begun.reason()};
     Outcome<qint64> added = replaceRows(absolute(cataloguePath));
-    if (!added || !m_db.commit()) {
-        const QString reason = added ? sqlReason(m_path, m_db.lastError()) : added.reason();
-        m_db.rollback();
+    Outcome<> committed = added ? exec(query, m_path, QStringLiteral("COMMIT")) : Outcome<>();
+    if (!added || !committed) {
+        const QString reason = added ? committed.reason() : added.reason();
+        (void)exec(query, m_path, QStringLiteral("ROLLBACK"));
         return Failure{reason};
     }
     return added;
@@ -143,19 +146,28 @@ Outcome<qint64> LibraryIndex::replaceRows(const QString& cataloguePath)
     if (!loaded)
         return Failure{
             QStringLiteral("No se puede leer %1: %2").arg(cataloguePath, loaded.reason())};
+    const Outcome<qint64> id = emptiedCatalogue(info, loaded->name);
+    if (!id)
+        return id;
+    if (Outcome<> done = insertRows(*id, *loaded); !done)
+        return Failure{done.reason()};
+    return qint64(loaded->rows.size());
+}
+
+Outcome<qint64> LibraryIndex::emptiedCatalogue(const QFileInfo& info, const QString& name)
+{
     QSqlQuery query(m_db);
-    const QVariantList facts{cataloguePath, info.size(), mtimeOf(info), loaded->name};
+    const QString path = info.absoluteFilePath();
     if (Outcome<> done = exec(query, m_path,
                               QStringLiteral("INSERT INTO catalogues (path, size, mtime, name) "
                                              "VALUES (?, ?, ?, ?) ON CONFLICT(path) DO UPDATE SET "
                                              "size = excluded.size, mtime = excluded.mtime, "
                                              "name = excluded.name, missing = 0"),
-                              facts);
+                              {path, info.size(), mtimeOf(info), name});
         !done)
         return Failure{done.reason()};
     if (Outcome<> done =
-            exec(query, m_path, QStringLiteral("SELECT id FROM catalogues WHERE path = ?"),
-                 {cataloguePath});
+            exec(query, m_path, QStringLiteral("SELECT id FROM catalogues WHERE path = ?"), {path});
         !done || !query.next())
         return Failure{done ? sqlReason(m_path, query.lastError()) : done.reason()};
     const qint64 id = query.value(0).toLongLong();
@@ -164,31 +176,35 @@ Outcome<qint64> LibraryIndex::replaceRows(const QString& cataloguePath)
         if (Outcome<> done = exec(query, m_path, QString::fromLatin1(table), {id}); !done)
             return Failure{done.reason()};
     }
-    if (!query.prepare(
-            QStringLiteral("INSERT INTO rows VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
-                           "?, ?, ?)")))
+    return id;
+}
+
+Outcome<> LibraryIndex::insertRows(qint64 id, const database::LoadedCatalogue& loaded)
+{
+    QSqlQuery query(m_db);
+    if (!query.prepare(QStringLiteral("INSERT INTO rows VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+                                      "?, ?, ?, ?)")))
         return Failure{sqlReason(m_path, query.lastError())};
     catalogue::DetailKeyText numbers;
-    for (const database::CatalogueRecord& record : loaded->rows) {
+    for (const database::CatalogueRecord& record : loaded.rows) {
         const QVariantList values = rowValues(id, record, numbers);
         for (int i = 0; i < values.size(); ++i)
             query.bindValue(i, values.at(i));
         if (!query.exec())
             return Failure{sqlReason(m_path, query.lastError())};
     }
-    for (const core::DiscRecord& disc : loaded->discs) {
+    for (const core::DiscRecord& disc : loaded.discs) {
         QVariantList values{id};
         for (int field = 0; field < core::kDiscFieldCount; ++field)
             values.append(disc.text(core::DiscField(field)));
-        if (Outcome<> done =
-                exec(query, m_path,
-                     QStringLiteral("INSERT INTO discs VALUES (?, ?, ?, ?, ?, ?, ?, ?, "
-                                    "?, ?, ?, ?)"),
-                     values);
+        if (Outcome<> done = exec(query, m_path,
+                                  QStringLiteral("INSERT INTO discs VALUES (?, ?, ?, ?, ?, ?, ?, "
+                                                 "?, ?, ?, ?, ?)"),
+                                  values);
             !done)
-            return Failure{done.reason()};
+            return done;
     }
-    return qint64(loaded->rows.size());
+    return {};
 }
 
 Outcome<bool> LibraryIndex::remove(const QString& cataloguePath)

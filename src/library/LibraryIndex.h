@@ -5,12 +5,17 @@
 #include "core/DiscRecord.h"
 #include "platform/Outcome.h"
 
+#include <QFileInfo>
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+
+namespace nubo::database {
+struct LoadedCatalogue;
+}
 
 namespace nubo::library {
 
@@ -75,6 +80,9 @@ public:
 
 private:
     [[nodiscard]] Outcome<qint64> replaceRows(const QString& cataloguePath);
+    // The catalogue's id, its facts brought up to date and its rows and discs dropped.
+    [[nodiscard]] Outcome<qint64> emptiedCatalogue(const QFileInfo& info, const QString& name);
+    [[nodiscard]] Outcome<> insertRows(qint64 id, const database::LoadedCatalogue& loaded);
     [[nodiscard]] Outcome<> refreshEach(bool all, RefreshReport& report);
     [[nodiscard]] Outcome<qint64>
     visitRows(const QString& where, const QVariantList& values,
