@@ -7,6 +7,8 @@
 #include "library/cli/LibraryCommand.h"
 
 #include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -175,6 +177,27 @@ private slots:
         QCOMPARE(cli.status, 2);
         QVERIFY(cli.err.contains(reason));
         QCOMPARE(nubo::test::fileBytes(path), bytes);
+    }
+
+    // Another writer holding the library past the wait: a Spanish message, the rows as they were.
+    void waitsForAnotherWriterThenSaysSo()
+    {
+        {
+            QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), "other");
+            other.setDatabaseName(m_library);
+            QVERIFY(other.open());
+            QSqlQuery hold(other);
+            QVERIFY(hold.exec(QStringLiteral("BEGIN IMMEDIATE")));
+            LibraryIndex index(m_library);
+            QVERIFY(index.open());
+            const nubo::Outcome<qint64> added = index.add(m_xls);
+            QVERIFY(!added);
+            QVERIFY2(added.reason().contains("está ocupada por otro programa"),
+                     qPrintable(added.reason()));
+            QVERIFY(hold.exec(QStringLiteral("ROLLBACK")));
+            QCOMPARE(foundNames(index, "cuna0").size(), 3);
+        }
+        QSqlDatabase::removeDatabase("other");
     }
 
     // Totals per disc, group and format; the same file on both discs is a duplicate.
