@@ -14,8 +14,13 @@
 #include <QStandardPaths>
 #include <QUuid>
 
+#include <cstring>
+
 namespace nubo::library {
 namespace {
+
+// The shortest word the trigram index can answer.
+constexpr qsizetype kTrigram = 3;
 
 const char* const kRowColumns =
     "c.path, r.nombre, r.direccion, r.origen, r.formato, r.size, r.modified, r.title, r.artist,"
@@ -49,11 +54,11 @@ catalogue::CatalogueRow rowAt(const QSqlQuery& query)
     return row;
 }
 
-// Bytes every match must hold in its folded key: each word's own text. A word kept to FECHA is
+// Texts every match must hold in its folded key: each word's own text. A word kept to FECHA is
 // left to the full comparison, since dates are written in the local time of the moment.
-QVariantList neededBytes(const QString& words)
+QStringList neededTexts(const QString& words)
 {
-    QVariantList needed;
+    QStringList needed;
     for (const QString& typed : words.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         QStringView text = typed;
         const qsizetype colon = typed.indexOf(QLatin1Char(':'));
@@ -66,7 +71,7 @@ QVariantList neededBytes(const QString& words)
         }
         const std::string folded = catalogue::FindWords::folded(text);
         if (!folded.empty())
-            needed.append(QByteArray(folded.data(), qsizetype(folded.size())));
+            needed.append(QString::fromUtf8(folded.data(), qsizetype(folded.size())));
     }
     return needed;
 }
@@ -82,7 +87,7 @@ QVariantList rowValues(qint64 id, const database::CatalogueRecord& r,
             r.origen,     r.formato,  d.size,
             d.modified,   d.title,    d.artist,
             d.album,      d.genre,    int(d.year),
-            int(d.track), d.duration, QByteArray(key.data(), qsizetype(key.size()))};
+            int(d.track), d.duration, QString::fromUtf8(key.data(), qsizetype(key.size()))};
 }
 
 } // namespace
@@ -120,7 +125,10 @@ Outcome<> LibraryIndex::open()
     m_db.setDatabaseName(m_path);
     if (!m_db.open())
         return Failure{sqlReason(m_path, m_db.lastError())};
-    return prepareSchema(m_db, m_path);
+    if (Outcome<> done = prepareSchema(m_db, m_path); !done)
+        return done;
+    m_trigrams = prepareTrigrams(m_db);
+    return {};
 }
 
 Outcome<qint64> LibraryIndex::add(const QString& cataloguePath)
@@ -172,7 +180,11 @@ Outcome<qint64> LibraryIndex::emptiedCatalogue(const QFileInfo& info, const QStr
         return Failure{done ? sqlReason(m_path, query.lastError()) : done.reason()};
     const qint64 id = query.value(0).toLongLong();
     for (const char* table :
-         {"DELETE FROM rows WHERE catalogue = ?", "DELETE FROM discs WHERE catalogue = ?"}) {
+         {"DELETE FROM row_keys WHERE rowid IN (SELECT rowid FROM rows WHERE "
+          "catalogue = ?)",
+          "DELETE FROM rows WHERE catalogue = ?", "DELETE FROM discs WHERE catalogue = ?"}) {
+        if (!m_trigrams && std::strstr(table, "row_keys"))
+            continue;
         if (Outcome<> done = exec(query, m_path, QString::fromLatin1(table), {id}); !done)
             return Failure{done.reason()};
     }
@@ -185,6 +197,10 @@ Outcome<> LibraryIndex::insertRows(qint64 id, const database::LoadedCatalogue& l
     if (!query.prepare(QStringLiteral("INSERT INTO rows VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
                                       "?, ?, ?, ?)")))
         return Failure{sqlReason(m_path, query.lastError())};
+    QSqlQuery trigrams(m_db);
+    if (m_trigrams &&
+        !trigrams.prepare(QStringLiteral("INSERT INTO row_keys (rowid, key) VALUES (?, ?)")))
+        return Failure{sqlReason(m_path, trigrams.lastError())};
     catalogue::DetailKeyText numbers;
     for (const database::CatalogueRecord& record : loaded.rows) {
         const QVariantList values = rowValues(id, record, numbers);
@@ -192,6 +208,12 @@ Outcome<> LibraryIndex::insertRows(qint64 id, const database::LoadedCatalogue& l
             query.bindValue(i, values.at(i));
         if (!query.exec())
             return Failure{sqlReason(m_path, query.lastError())};
+        if (!m_trigrams)
+            continue;
+        trigrams.bindValue(0, query.lastInsertId());
+        trigrams.bindValue(1, values.last());
+        if (!trigrams.exec())
+            return Failure{sqlReason(m_path, trigrams.lastError())};
     }
     for (const core::DiscRecord& disc : loaded.discs) {
         QVariantList values{id};
@@ -210,12 +232,25 @@ Outcome<> LibraryIndex::insertRows(qint64 id, const database::LoadedCatalogue& l
 Outcome<bool> LibraryIndex::remove(const QString& cataloguePath)
 {
     QSqlQuery query(m_db);
-    if (Outcome<> done =
-            exec(query, m_path, QStringLiteral("DELETE FROM catalogues WHERE path = ?"),
-                 {absolute(cataloguePath)});
-        !done)
+    const QString path = absolute(cataloguePath);
+    if (Outcome<> begun = exec(query, m_path, QStringLiteral("BEGIN IMMEDIATE")); !begun)
+        return Failure{begun.reason()};
+    Outcome<> done = m_trigrams ? exec(query, m_path,
+                                       QStringLiteral("DELETE FROM row_keys WHERE rowid IN (SELECT "
+                                                      "r.rowid FROM rows r JOIN catalogues c ON "
+                                                      "c.id = r.catalogue WHERE c.path = ?)"),
+                                       {path})
+                                : Outcome<>();
+    if (done)
+        done = exec(query, m_path, QStringLiteral("DELETE FROM catalogues WHERE path = ?"), {path});
+    const bool removed = done && query.numRowsAffected() > 0;
+    if (done)
+        done = exec(query, m_path, QStringLiteral("COMMIT"));
+    if (!done) {
+        (void)exec(query, m_path, QStringLiteral("ROLLBACK"));
         return Failure{done.reason()};
-    return query.numRowsAffected() > 0;
+    }
+    return removed;
 }
 
 Outcome<RefreshReport> LibraryIndex::rebuild()
@@ -304,13 +339,29 @@ Outcome<QList<core::DiscRecord>> LibraryIndex::discs(const QString& cataloguePat
 Outcome<qint64> LibraryIndex::find(const QString& words, const RowVisitor& visit)
 {
     const catalogue::FindWords parsed(words);
-    const QVariantList needed = neededBytes(words);
     QString where;
-    for (qsizetype i = 0; i < needed.size(); ++i)
+    QVariantList values;
+    QStringList phrases;
+    for (const QString& text : neededTexts(words)) {
+        // The trigram index answers words of three characters or more; shorter ones are sought
+        // in the keys themselves.
+        if (m_trigrams && text.size() >= kTrigram) {
+            phrases.append(QLatin1Char('"') +
+                           QString(text).replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
+                           QLatin1Char('"'));
+            continue;
+        }
         where += QStringLiteral(" AND instr(r.key, ?) > 0");
+        values.append(text);
+    }
+    if (!phrases.isEmpty()) {
+        where +=
+            QStringLiteral(" AND r.rowid IN (SELECT rowid FROM row_keys WHERE row_keys MATCH ?)");
+        values.append(phrases.join(QStringLiteral(" AND ")));
+    }
     catalogue::DetailKeyText numbers;
     return visitRows(
-        where, needed,
+        where, values,
         [&](const catalogue::CatalogueRow& row) {
             return parsed.matches(catalogue::FindWords::keyOf(row, numbers));
         },

@@ -92,6 +92,7 @@ private:
     QString m_path;
     QString m_connection;
     QSqlDatabase m_db;
+    bool m_trigrams = false; // the SQLite in use has FTS5's trigram tokenizer
 };
 
 } // namespace nubo::library

@@ -30,7 +30,7 @@ const char* const kTables[] = {
     "CREATE TABLE IF NOT EXISTS rows (catalogue INTEGER NOT NULL REFERENCES catalogues(id)"
     " ON DELETE CASCADE, nombre TEXT, direccion TEXT, origen TEXT, formato TEXT, size INTEGER,"
     " modified INTEGER, title TEXT, artist TEXT, album TEXT, genre TEXT, year INTEGER,"
-    " track INTEGER, duration INTEGER, key BLOB NOT NULL)",
+    " track INTEGER, duration INTEGER, key TEXT NOT NULL)",
     "CREATE INDEX IF NOT EXISTS rows_catalogue ON rows(catalogue)",
     "CREATE INDEX IF NOT EXISTS discs_catalogue ON discs(catalogue)",
 };
@@ -99,6 +99,13 @@ Outcome<> prepareSchema(QSqlDatabase& db, const QString& path)
         return Failure{
             QStringLiteral("La biblioteca %1 es de una versión más nueva del programa.").arg(path)};
     return {};
+}
+
+bool prepareTrigrams(QSqlDatabase& db)
+{
+    QSqlQuery query(db);
+    return query.exec(QStringLiteral("CREATE VIRTUAL TABLE IF NOT EXISTS row_keys USING "
+                                     "fts5(key, tokenize = 'trigram')"));
 }
 
 } // namespace nubo::library

@@ -22,4 +22,8 @@ QString sqlReason(const QString& path, const QSqlError& error);
 // changed.
 [[nodiscard]] Outcome<> prepareSchema(QSqlDatabase& db, const QString& path);
 
+// The trigram index over the rows' keys (table row_keys, rowid as in rows), when the SQLite in
+// use has FTS5 with its trigram tokenizer (3.34 and later); without it questions scan the keys.
+bool prepareTrigrams(QSqlDatabase& db);
+
 } // namespace nubo::library
