@@ -90,6 +90,23 @@ QVariantList rowValues(qint64 id, const database::CatalogueRecord& r,
             int(d.track), d.duration, QString::fromUtf8(key.data(), qsizetype(key.size()))};
 }
 
+// The text's overlapping three-character pieces, each quoted as one term of the index: the
+// index keeps no positions (detail none), so a word is asked as all its pieces and the full
+// comparison drops rows that hold them apart.
+QStringList trigramsOf(const QString& text)
+{
+    const QList<uint> chars = text.toUcs4();
+    QStringList grams;
+    for (qsizetype i = 0; i + kTrigram <= chars.size(); ++i) {
+        QString gram =
+            QString::fromUcs4(reinterpret_cast<const char32_t*>(chars.constData() + i), kTrigram);
+        grams.append(QLatin1Char('"') + gram.replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
+                     QLatin1Char('"'));
+    }
+    grams.removeDuplicates();
+    return grams;
+}
+
 } // namespace
 
 QString LibraryIndex::defaultPath()
@@ -345,10 +362,8 @@ Outcome<qint64> LibraryIndex::find(const QString& words, const RowVisitor& visit
     for (const QString& text : neededTexts(words)) {
         // The trigram index answers words of three characters or more; shorter ones are sought
         // in the keys themselves.
-        if (m_trigrams && text.size() >= kTrigram) {
-            phrases.append(QLatin1Char('"') +
-                           QString(text).replace(QLatin1Char('"'), QStringLiteral("\"\"")) +
-                           QLatin1Char('"'));
+        if (const QStringList grams = trigramsOf(text); m_trigrams && !grams.isEmpty()) {
+            phrases += grams;
             continue;
         }
         where += QStringLiteral(" AND instr(r.key, ?) > 0");
