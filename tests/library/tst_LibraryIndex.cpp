@@ -173,7 +173,8 @@ private slots:
         const nubo::Outcome<> opened = index.open();
         QVERIFY(!opened);
         QVERIFY2(opened.reason().contains(reason), qPrintable(opened.reason()));
-        const Run cli = runLibrary(path, {"list"});
+        // The library named on the command line, not the default one.
+        const Run cli = runLibrary({}, {"--library", path, "list"});
         QCOMPARE(cli.status, 2);
         QVERIFY(cli.err.contains(reason));
         QCOMPARE(nubo::test::fileBytes(path), bytes);
