@@ -176,7 +176,15 @@ Outcome<qint64> LibraryIndex::replaceRows(const QString& cataloguePath)
         return id;
     if (Outcome<> done = insertRows(*id, *loaded); !done)
         return Failure{done.reason()};
-    return qint64(loaded->rows.size());
+    // Kept with the catalogue, so listing catalogues never counts the rows.
+    const qint64 rows = loaded->rows.size();
+    QSqlQuery query(m_db);
+    if (Outcome<> done =
+            exec(query, m_path, QStringLiteral("UPDATE catalogues SET rows = ? WHERE id = ?"),
+                 {rows, *id});
+        !done)
+        return Failure{done.reason()};
+    return rows;
 }
 
 Outcome<qint64> LibraryIndex::emptiedCatalogue(const QFileInfo& info, const QString& name)
@@ -321,9 +329,8 @@ Outcome<QList<LibraryCatalogue>> LibraryIndex::catalogues()
 {
     QSqlQuery query(m_db);
     if (Outcome<> done = exec(query, m_path,
-                              QStringLiteral("SELECT path, name, size, mtime, missing, (SELECT "
-                                             "count(*) FROM rows WHERE catalogue = c.id) FROM "
-                                             "catalogues c ORDER BY path"));
+                              QStringLiteral("SELECT path, name, size, mtime, missing, rows FROM "
+                                             "catalogues ORDER BY path"));
         !done)
         return Failure{done.reason()};
     QList<LibraryCatalogue> held;

@@ -23,7 +23,7 @@ const char* const kTables[] = {
     "CREATE TABLE IF NOT EXISTS schema_version (version INTEGER NOT NULL)",
     "CREATE TABLE IF NOT EXISTS catalogues (id INTEGER PRIMARY KEY, path TEXT NOT NULL UNIQUE,"
     " size INTEGER NOT NULL, mtime INTEGER NOT NULL, name TEXT NOT NULL,"
-    " missing INTEGER NOT NULL DEFAULT 0)",
+    " missing INTEGER NOT NULL DEFAULT 0, rows INTEGER NOT NULL DEFAULT 0)",
     "CREATE TABLE IF NOT EXISTS discs (catalogue INTEGER NOT NULL REFERENCES catalogues(id)"
     " ON DELETE CASCADE, origen TEXT, etiqueta TEXT, serie TEXT, sistema TEXT, capacidad TEXT,"
     " libre TEXT, fecha TEXT, carpeta TEXT, mascara TEXT, ubicacion TEXT, notas TEXT)",
