@@ -94,7 +94,8 @@ void comparePlocate(const QString& root, int count, const QString& word, double 
     const QString tree = root + QStringLiteral("/arbol");
     for (int i = 0; i < count * kRowsPerCatalogue; ++i) {
         const database::CatalogueRecord r = recordAt(i);
-        const QString folder = tree + r.direccion;
+        // At most 100 albums a folder: updatedb keeps a descriptor open per folder entry.
+        const QString folder = tree + QLatin1Char('/') + QString::number(i / 1200) + r.direccion;
         if (i % 12 == 0)
             QDir().mkpath(folder);
         QFile file(folder + r.nombre + QLatin1Char('.') + r.formato.toLower());
