@@ -9,9 +9,9 @@ set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 
 BUILD_PACKAGES=(build-essential cmake ninja-build pkg-config qt6-base-dev libqt6opengl6-dev
-    libgl-dev qt6-translations-l10n libgsf-1-dev libglib2.0-dev libtag1-dev)
+    libgl-dev qt6-translations-l10n libgsf-1-dev libglib2.0-dev libtag1-dev libqt6sql6-sqlite)
 TEST_PACKAGES=(clang-format mdbtools poppler-utils python3 python3-xlrd gnumeric xvfb xauth clang
-    libclang-rt-14-dev desktop-file-utils appstream)
+    libclang-rt-14-dev desktop-file-utils appstream plocate)
 PACKAGE_PACKAGES=(dpkg-dev file)
 
 install_missing() {

@@ -5,6 +5,7 @@
 #include "core/cli/Cli.h"
 #include "database/GsfSession.h"
 #include "database/cli/DatabaseCommands.h"
+#include "library/cli/LibraryCommand.h"
 #include "platform/AppFolderLocation.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/Terminal.h"
@@ -86,8 +87,11 @@ int main(int argc, char** argv)
         nubo::search::cli::scanCommand(*services.drives, *services.directories, *services.volumes);
     commands += nubo::database::cli::databaseCommands();
     commands += nubo::print::cli::coverCommand();
+    QStringList arguments = application->arguments().mid(1);
+    commands +=
+        nubo::library::cli::libraryCommand(nubo::library::cli::takeLibraryOption(arguments));
     const nubo::cli::Cli cli(commands);
-    const int status = cli.run(application->arguments().mid(1), io);
+    const int status = cli.run(arguments, io);
     nubo::database::setGsfMessageSink({});
     out.flush();
     err.flush();
