@@ -8,6 +8,7 @@
 #include "database/WorkbookReader.h"
 #include "database/WorkbookWriter.h"
 
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QLocale>
 
@@ -344,6 +345,31 @@ QString shortenedText(const SaveOutcome& outcome)
     return QStringLiteral("Se acortaron %1 textos de etiquetas o de discos a %2 caracteres.")
         .arg(QLocale(QLocale::Spanish, QLocale::Spain).toString(qint64(outcome.shortened)))
         .arg(DatabaseWriter::kMaxText);
+}
+
+QStringList cataloguesIn(const QStringList& named, bool withScanTsv)
+{
+    const auto isCatalogue = [withScanTsv](const QString& name) {
+        return catalogueFormatOf(name) ||
+               (withScanTsv && name.endsWith(QLatin1String(".tsv"), Qt::CaseInsensitive));
+    };
+    QStringList files;
+    for (const QString& path : named) {
+        if (!QFileInfo(path).isDir()) {
+            files.append(path);
+            continue;
+        }
+        QStringList found;
+        QDirIterator it(path, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString file = it.next();
+            if (isCatalogue(file))
+                found.append(file);
+        }
+        std::sort(found.begin(), found.end());
+        files += found;
+    }
+    return files;
 }
 
 } // namespace nubo::database

@@ -138,6 +138,11 @@ struct LoadedCatalogue
 
 [[nodiscard]] Outcome<LoadedCatalogue> loadCatalogue(const QString& path);
 
+// Which files a command reads: named files as they are, and below each named folder the
+// catalogues in it and its subfolders (hidden ones too) in name order. withScanTsv also takes
+// the scan's .tsv files.
+QStringList cataloguesIn(const QStringList& named, bool withScanTsv);
+
 // The damage of a load in one Spanish sentence with its counts ("El archivo X está dañado:
 // se leyeron 35.159 filas de 60.000 (…)."), for the window and the command line.
 QString damageText(const QString& path, const LoadOutcome& outcome);

@@ -67,33 +67,6 @@ nubo::cli::Parsed<FindArguments> parse(const QStringList& args, CliIo& io)
     return parsed;
 }
 
-bool isCatalogueName(const QString& name)
-{
-    return catalogueFormatOf(name) || name.endsWith(QLatin1String(".tsv"), Qt::CaseInsensitive);
-}
-
-// The catalogues named: files as they are, folders' catalogues below them in name order.
-QStringList cataloguesIn(const QStringList& named)
-{
-    QStringList files;
-    for (const QString& path : named) {
-        if (!QFileInfo(path).isDir()) {
-            files.append(path);
-            continue;
-        }
-        QStringList found;
-        QDirIterator it(path, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString file = it.next();
-            if (isCatalogueName(file))
-                found.append(file);
-        }
-        std::sort(found.begin(), found.end());
-        files += found;
-    }
-    return files;
-}
-
 // The catalogue, NOMBRE, DIRECCION, ORIGEN and FORMATO, then the tag columns, so scripts that
 // read the first five fields keep reading them.
 void printMatch(CliIo& io, const QString& shownPath, const catalogue::CatalogueRow& row)
@@ -117,7 +90,7 @@ int find(const QStringList& args, CliIo& io)
     catalogue::DetailKeyText numbers;
     qint64 matches = 0;
     bool unreadable = false;
-    for (const QString& path : cataloguesIn(parsed.catalogues)) {
+    for (const QString& path : cataloguesIn(parsed.catalogues, true)) {
         qint64 found = 0;
         const QString shownPath = flat(path);
         const LoadOutcome outcome = readAnyCatalogue(

@@ -26,28 +26,6 @@ const char* const kUsage =
     "  library dups                      el mismo archivo en más de un disco\n"
     "  library stats [--json]            archivos, bytes y duración por disco, grupo y formato\n";
 
-// The catalogues named: files as they are, folders' catalogues below them in name order.
-QStringList cataloguesIn(const QStringList& named)
-{
-    QStringList files;
-    for (const QString& path : named) {
-        if (!QFileInfo(path).isDir()) {
-            files.append(path);
-            continue;
-        }
-        QStringList found;
-        QDirIterator it(path, QDir::Files, QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString file = it.next();
-            if (database::catalogueFormatOf(file))
-                found.append(file);
-        }
-        std::sort(found.begin(), found.end());
-        files += found;
-    }
-    return files;
-}
-
 int reportRefresh(const RefreshReport& report, CliIo& io)
 {
     for (const QString& reason : report.unreadable)
@@ -62,7 +40,7 @@ int add(LibraryIndex& index, const QStringList& named, CliIo& io)
         return nubo::cli::kUsageError;
     }
     int status = nubo::cli::kOk;
-    for (const QString& path : cataloguesIn(named)) {
+    for (const QString& path : database::cataloguesIn(named, false)) {
         const Outcome<qint64> added = index.add(path);
         if (!added) {
             io.err << "nubo-cli library: " << added.reason() << '\n';
