@@ -4,12 +4,10 @@
 // loop), and the search's rows alone against find(1) (goal: within 3 x find).
 // Usage: bench_details [--tree FOLDER]  (a temporary folder by default; kept and reused when
 // given).
+#include "BenchTiming.h"
+#include "SearchedListWindow.h"
 #include "TaggedTree.h"
-#include "app/ListWindowSearch.h"
-#include "catalogue/ui/ListWindow.h"
 #include "core/Options.h"
-#include "platform/fakes/FakeDialogs.h"
-#include "platform/fakes/FakeShell.h"
 #include "platform/linux/LinuxPlatform.h"
 
 #include <QApplication>
@@ -36,20 +34,6 @@ namespace {
 constexpr int kFiles = 30000;
 constexpr int kFolders = 300;
 
-// The best of three runs after a warming one, in milliseconds; count: the last run's result.
-double bestOfThree(const std::function<qint64()>& run, qint64& count)
-{
-    double best = 1e18;
-    for (int i = 0; i < 4; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        count = run();
-        if (i > 0)
-            best = qMin(best, double(timer.nsecsElapsed()) / 1e6);
-    }
-    return best;
-}
-
 // What a row's details need, read the plainest way, one file after another.
 qint64 bareTagLibLoop(const QStringList& paths)
 {
@@ -73,15 +57,6 @@ qint64 bareTagLibLoop(const QStringList& paths)
     return filled;
 }
 
-qint64 runFind(const QString& root)
-{
-    QProcess process;
-    process.start(QStringLiteral("find"),
-                  {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
-    process.waitForFinished(-1);
-    return process.readAllStandardOutput().count('\n');
-}
-
 struct SearchTimes
 {
     double rowsMs = 0;   // the walk: every row in the list
@@ -94,23 +69,14 @@ struct SearchTimes
 qint64 searchInListWindow(const platform::PlatformServices& services, const QString& root,
                           SearchTimes& times, bool readDetails = true)
 {
-    const platform::AppFolder app(QStringLiteral(NUBO_APP_DIR));
-    platform::FakeDialogs dialogs;
-    platform::FakeShell shell;
-    core::Options options;
-    catalogue::ListWindow list({app, *services.drives, dialogs, shell, options});
-    app::ListWindowSearch joined(list, {app, dialogs, *services.drives, *services.volumes,
-                                        *services.directories, *services.tray});
-    search::SearchWindows& search = joined.windows();
+    bench::SearchedListWindow window(services, root);
+    catalogue::ListWindow& list = window.list;
     if (!readDetails)
         list.catalogue.detailReader().setReadFunction(
             [](const QString&) { return core::FileDetails(); });
-    list.form.show();
-    search.form3.setFolderPath(root);
-    search.form3.setMaskText(QStringLiteral("*.mp3"));
     QElapsedTimer timer;
     timer.start();
-    list.form.findChild<QPushButton*>(QStringLiteral("Command1"))->click();
+    window.search();
     times.rowsMs = double(timer.nsecsElapsed()) / 1e6;
     if (!list.catalogue.waitForDetails())
         return -1;
@@ -158,8 +124,15 @@ int main(int argc, char** argv)
 
     const platform::PlatformServices services = platform::createLinuxPlatform();
     qint64 found = 0, bare = 0, filled = 0;
-    const double findMs = bestOfThree([&] { return runFind(root); }, found);
-    const double bareMs = bestOfThree([&] { return bareTagLibLoop(paths); }, bare);
+    const double findMs = bench::bestOf(
+        3, 1,
+        [&] {
+            return bench::printedLines(QStringLiteral("find"),
+                                       {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
+        },
+        found);
+    const double bareMs = bench::bestOf(
+        3, 1, [&] { return bareTagLibLoop(paths); }, bare);
     SearchTimes best{1e18, 1e18};
     double unreadMs = 1e18;
     for (int i = 0; i < 4; ++i) {

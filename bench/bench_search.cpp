@@ -2,11 +2,9 @@
 // Measures the folder search against find(1) on one warm tree of 100,000 files in 5,000
 // folders, 30,000 of them matching "*.mp3": the search into the shown list window, and
 // nubo-cli scan. Usage: bench_search [FOLDER]  (a temporary folder by default).
-#include "app/ListWindowSearch.h"
-#include "catalogue/ui/ListWindow.h"
+#include "BenchTiming.h"
+#include "SearchedListWindow.h"
 #include "core/Options.h"
-#include "platform/fakes/FakeDialogs.h"
-#include "platform/fakes/FakeShell.h"
 #include "platform/linux/LinuxPlatform.h"
 
 #include <QApplication>
@@ -55,43 +53,12 @@ bool buildTree(const QString& root)
     return true;
 }
 
-// The best of five runs, in milliseconds; count receives the last run's result.
-double bestOf5(const std::function<qint64()>& run, qint64& count)
-{
-    double best = 1e18;
-    for (int i = 0; i < 5; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        count = run();
-        best = qMin(best, double(timer.nsecsElapsed()) / 1e6);
-    }
-    return best;
-}
-
-qint64 runProcess(const QString& program, const QStringList& args)
-{
-    QProcess process;
-    process.start(program, args);
-    process.waitForFinished(-1);
-    return process.readAllStandardOutput().count('\n');
-}
-
 qint64 searchInListWindow(const platform::PlatformServices& services, const QString& root)
 {
-    const platform::AppFolder app(QStringLiteral(NUBO_APP_DIR));
-    platform::FakeDialogs dialogs;
-    platform::FakeShell shell;
-    core::Options options;
-    catalogue::ListWindow list({app, *services.drives, dialogs, shell, options});
-    app::ListWindowSearch joined(list, {app, dialogs, *services.drives, *services.volumes,
-                                        *services.directories, *services.tray});
-    search::SearchWindows& search = joined.windows();
-    list.form.show();
-    search.form3.setFolderPath(root);
-    search.form3.setMaskText(QStringLiteral("*.mp3"));
-    list.form.findChild<QPushButton*>(QStringLiteral("Command1"))->click();
+    bench::SearchedListWindow window(services, root);
+    window.search();
     QCoreApplication::processEvents();
-    return list.catalogue.list().count();
+    return window.list.catalogue.list().count();
 }
 
 } // namespace
@@ -126,24 +93,29 @@ int main(int argc, char** argv)
     const QString cli = QStringLiteral(NUBO_APP_DIR "/nubo-cli");
     const platform::PlatformServices services = platform::createLinuxPlatform();
     qint64 found = 0, window = 0, scanned = 0;
-    runProcess(QStringLiteral("find"), {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
-    const double findMs = bestOf5(
+    bench::printedLines(QStringLiteral("find"),
+                        {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
+    const double findMs = bench::bestOf(
+        5, 0,
         [&] {
-            return runProcess(QStringLiteral("find"),
-                              {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
+            return bench::printedLines(QStringLiteral("find"),
+                                       {root, QStringLiteral("-iname"), QStringLiteral("*.mp3")});
         },
         found);
-    const double windowMs = bestOf5([&] { return searchInListWindow(services, root); }, window);
-    const double scanMs = bestOf5(
+    const double windowMs = bench::bestOf(
+        5, 0, [&] { return searchInListWindow(services, root); }, window);
+    const double scanMs = bench::bestOf(
+        5, 0,
         [&] {
-            return runProcess(cli,
-                              {QStringLiteral("scan"), QStringLiteral("--sin-detalles"), root});
+            return bench::printedLines(
+                cli, {QStringLiteral("scan"), QStringLiteral("--sin-detalles"), root});
         },
         scanned);
     qint64 detailed = 0;
-    const double detailsMs = bestOf5(
+    const double detailsMs = bench::bestOf(
+        5, 0,
         [&] {
-            return runProcess(cli, {QStringLiteral("scan"), root});
+            return bench::printedLines(cli, {QStringLiteral("scan"), root});
         },
         detailed);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // nubo-cli scan --tags over 10,000 tagged MP3 files against a plain scan of the same tree
 // (goal: under 3 s warm). Usage: bench_tags [FOLDER]  (a temporary folder by default).
+#include "BenchTiming.h"
 #include "TaggedTree.h"
 #include <QCoreApplication>
 #include <QDir>
@@ -16,24 +17,6 @@ namespace {
 constexpr int kFiles = 10000;
 constexpr int kFolders = 100;
 
-// The best of three runs after a warming one, in milliseconds; rows: the lines printed.
-double bestOfThree(const QString& cli, const QStringList& args, qint64& rows)
-{
-    double best = 1e18;
-    for (int i = 0; i < 4; ++i) {
-        QProcess process;
-        QElapsedTimer timer;
-        timer.start();
-        process.start(cli, args);
-        process.waitForFinished(-1);
-        const double ms = double(timer.nsecsElapsed()) / 1e6;
-        rows = process.readAllStandardOutput().count('\n');
-        if (i > 0)
-            best = qMin(best, ms);
-    }
-    return best;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -48,9 +31,19 @@ int main(int argc, char** argv)
     }
     const QString cli = QStringLiteral(NUBO_APP_DIR "/nubo-cli");
     qint64 plainRows = 0, tagRows = 0;
-    const double plainMs = bestOfThree(cli, {QStringLiteral("scan"), root}, plainRows);
-    const double tagsMs =
-        bestOfThree(cli, {QStringLiteral("scan"), root, QStringLiteral("--tags")}, tagRows);
+    const double plainMs = nubo::bench::bestOf(
+        3, 1,
+        [&] {
+            return nubo::bench::printedLines(cli, {QStringLiteral("scan"), root});
+        },
+        plainRows);
+    const double tagsMs = nubo::bench::bestOf(
+        3, 1,
+        [&] {
+            return nubo::bench::printedLines(
+                cli, {QStringLiteral("scan"), root, QStringLiteral("--tags")});
+        },
+        tagRows);
     std::printf("tree: %s (%d tagged MP3 files in %d folders)\n", qPrintable(root), kFiles,
                 kFolders);
     std::printf("nubo-cli scan          %8.1f ms  %lld rows\n", plainMs, plainRows);

@@ -172,6 +172,19 @@ TransferOutcome CatalogueTransfer::loadedDamaged(const QString& path, const Load
     return TransferOutcome::Failed;
 }
 
+// A load that read its file: a damaged one is told as such, any other as the rows it added and
+// the values it skipped.
+TransferOutcome CatalogueTransfer::loadRead(TransferRun& run, const QString& path,
+                                            const LoadOutcome& loaded)
+{
+    run.hideProgress();
+    if (loaded.damaged && !loaded.stopped)
+        return loadedDamaged(path, loaded);
+    const TransferOutcome shown = showLoaded(loaded.added, path, loaded.stopped);
+    reportSkipped(path, loaded);
+    return shown;
+}
+
 void CatalogueTransfer::reportSkipped(const QString& path, const LoadOutcome& loaded)
 {
     const QString text = skippedText(path, loaded.skipped);

@@ -89,6 +89,7 @@ private:
     TransferOutcome cancelledOverExisting(const QString& path, qsizetype count);
     // Values a load could not take, said once the rows are in the list; nothing when none.
     void reportSkipped(const QString& path, const LoadOutcome& loaded);
+    TransferOutcome loadRead(TransferRun& run, const QString& path, const LoadOutcome& loaded);
     TransferOutcome loadedDamaged(const QString& path, const LoadOutcome& loaded);
     TransferOutcome fileFailed(const QString& path, const QString& reason);
     QString targetRefusal(const QString& path) const;

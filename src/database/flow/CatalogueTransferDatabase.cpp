@@ -93,12 +93,7 @@ TransferOutcome CatalogueTransfer::LoadDatabaseIntoList(const QString& path)
             7000, kRed);
         return TransferOutcome::Failed;
     }
-    run.hideProgress();
-    if (loaded.damaged && !loaded.stopped)
-        return loadedDamaged(path, loaded);
-    const TransferOutcome shown = showLoaded(loaded.added, path, loaded.stopped);
-    reportSkipped(path, loaded);
-    return shown;
+    return loadRead(run, path, loaded);
 }
 
 } // namespace nubo::database

@@ -104,12 +104,7 @@ TransferOutcome CatalogueTransfer::LoadWorkbookIntoList(const QString& path)
     const LoadOutcome loaded = readWorkbook(path, hooks);
     if (!loaded.ok)
         return workbookLoadFailed(path, loaded.reason);
-    run.hideProgress();
-    if (loaded.damaged && !loaded.stopped)
-        return loadedDamaged(path, loaded);
-    const TransferOutcome shown = showLoaded(loaded.added, path, loaded.stopped);
-    reportSkipped(path, loaded);
-    return shown;
+    return loadRead(run, path, loaded);
 }
 
 } // namespace nubo::database
